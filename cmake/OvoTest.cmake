@@ -1,0 +1,25 @@
+# ovo_add_test(<folder> <Class> [LIBRARIES <target>...] [SOURCES <file>...] [TIMEOUT <seconds>]
+#              [ENVIRONMENT <NAME=value>...])
+#
+# Builds tst_<Class>.cpp of the calling folder into the test "<folder>.<Class>", labelled with
+# the folder. Every test links the library and the simulated host, and runs in a pinned
+# environment: UTF-8, English, UTC, no display.
+function(ovo_add_test folder class)
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "LIBRARIES;SOURCES;ENVIRONMENT")
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 120)
+    endif()
+
+    set(target tst_${folder}_${class})
+    add_executable(${target} tst_${class}.cpp ${arg_SOURCES})
+    ovo_defaults(${target})
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${target} PRIVATE
+        ${arg_LIBRARIES} OvoSharedBase ovo_fieldhost_services Qt5::Test)
+
+    add_test(NAME ${folder}.${class} COMMAND ${target})
+    set_tests_properties(${folder}.${class} PROPERTIES
+        LABELS ${folder}
+        TIMEOUT ${arg_TIMEOUT}
+        ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;${OVO_TEST_ENVIRONMENT};${arg_ENVIRONMENT}")
+endfunction()

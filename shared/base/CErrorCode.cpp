@@ -1,0 +1,55 @@
+#include "shared/base/CErrorCode.h"
+
+namespace Tavro::Base {
+
+namespace {
+
+// QML looks the property's type up by name, before anybody has put one into a variant
+const int s_errorCodeType = qRegisterMetaType<ErrorCode>("Tavro::Base::ErrorCode");
+
+quint8 byteOf(quint32 word, int index)
+{
+    return static_cast<quint8>(word >> (8 * index));
+}
+
+} // namespace
+
+CErrorCode::CErrorCode() = default;
+
+CErrorCode::CErrorCode(unsigned int code)
+    : m_code(code)
+{
+}
+
+ErrorCode CErrorCode::errorCode() const
+{
+    return static_cast<ErrorCode>(m_code);
+}
+
+quint8 CErrorCode::moduleId() const
+{
+    return byteOf(m_code, 2);
+}
+
+quint8 CErrorCode::componentId() const
+{
+    return byteOf(m_code, 1);
+}
+
+quint8 CErrorCode::detailCode() const
+{
+    return byteOf(m_code, 0);
+}
+
+quint8 CErrorCode::domain() const
+{
+    return static_cast<quint8>(m_code >> 31);
+}
+
+bool CErrorCode::isNoError() const
+{
+    // only the low byte: a word composed from a component's "none" names its maker all the same
+    return detailCode() == 0;
+}
+
+} // namespace Tavro::Base

@@ -1,0 +1,3 @@
+#include "shared/base/UiMessageTypes.h"
+
+// the class only carries enumerations; moc's output for it is compiled with this file

@@ -1,0 +1,220 @@
+#include "shared/fileops/CFileCopyController.h"
+
+#include "host/CLogger.h"
+#include "shared/fileops/CFileCopyWorker.h"
+#include "shared/fileops/detail/TrimmedDestination.h"
+#include "shared/fileops/detail/WorkerThreadOwner.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace Tavro::Shared {
+
+namespace {
+
+constexpr quint32 s_moduleAndComponent = 0x000B0100; // this library, copying
+
+} // namespace
+
+CFileCopyController::CFileCopyController(QObject *parent)
+    : QObject(parent)
+    , m_worker(new CFileCopyWorker)
+    , m_thread(std::make_unique<detail::WorkerThreadOwner>(m_worker))
+{
+    QThread *thread = m_thread->thread();
+    connect(thread, &QThread::started, m_worker, &CFileCopyWorker::doWork);
+    // direct: the next request may be waiting for the thread's end in the thread that would have
+    // to deliver a queued call
+    connect(m_worker, &CFileCopyWorker::finished, thread, &QThread::quit, Qt::DirectConnection);
+    connect(m_worker, &CFileCopyWorker::finished, this, &CFileCopyController::onWorkerFinished);
+    connect(m_worker, &CFileCopyWorker::processedBytesChanged, this,
+            &CFileCopyController::setProcessedBytes);
+    connect(m_worker, &CFileCopyWorker::processingDirectoryChanged, this,
+            &CFileCopyController::setProcessingDirectory);
+    connect(m_worker, &CFileCopyWorker::totalBytesChanged, this,
+            &CFileCopyController::setTotalBytes);
+    connect(m_worker, &CFileCopyWorker::stateChanged, this, &CFileCopyController::setState);
+    // the worker's errorOccurred() ends here: a run that failed is announced as completed
+}
+
+CFileCopyController::~CFileCopyController()
+{
+    m_worker->abandonWork();
+}
+
+qlonglong CFileCopyController::processedBytes() const
+{
+    return m_processedBytes;
+}
+
+QString CFileCopyController::processingDirectory() const
+{
+    return m_processingDirectory;
+}
+
+qlonglong CFileCopyController::totalBytes() const
+{
+    return m_totalBytes;
+}
+
+CFileCopyController::State CFileCopyController::state() const
+{
+    return static_cast<State>(m_state);
+}
+
+quint32 CFileCopyController::createErrorCode(Error error)
+{
+    return s_moduleAndComponent | static_cast<quint32>(error);
+}
+
+void CFileCopyController::copyDirectory(const QString &sourcePath, const QString &destinationPath)
+{
+    m_destinations.append(destinationPath); // earlier ones stay: an abort removes them as well
+    m_worker->copyDirectory(sourcePath, destinationPath);
+    startRun();
+}
+
+void CFileCopyController::copyDirectories(const QStringList &sourcePath,
+                                          const QStringList &destinationPath)
+{
+    m_destinations = destinationPath;
+    m_worker->copyDirectories(sourcePath, destinationPath);
+    startRun();
+}
+
+void CFileCopyController::copyDatabaseFile(const QString &sourcePath,
+                                           const QString &destinationPath)
+{
+    m_destinations = QStringList(destinationPath);
+    m_worker->copyLargeFile(sourcePath, destinationPath);
+    startRun();
+}
+
+// Waits for the run in progress, which works on what was loaded before, and starts the next.
+void CFileCopyController::startRun()
+{
+    QThread *thread = m_thread->thread();
+    thread->wait();
+
+    if (!m_runs.isEmpty()) {
+        // Ends not announced yet are in the event queue, behind them nothing: what an abort
+        // removes has to go now, or it would go from under the new run. And the old runs'
+        // progress is still to be delivered, so the clean slate is announced again after it.
+        for (Run &run : m_runs) {
+            removeDestinations(run);
+        }
+        const int loadedState = m_worker->state();
+        QMetaObject::invokeMethod(
+            this,
+            [this, loadedState] {
+                setState(loadedState);
+                setProcessedBytes(0);
+                setTotalBytes(0);
+            },
+            Qt::QueuedConnection);
+    }
+
+    m_runs.append({m_destinations});
+    thread->start(QThread::InheritPriority);
+}
+
+void CFileCopyController::copyFile(const QString &sourcePath, const QString &destinationPath)
+{
+    CFileCopyWorker worker;
+    const int error = worker.copyFile(sourcePath, destinationPath);
+    if (error != ErrorNone) {
+        Logging::CLogger::logMessage(
+            Logging::LogLevel::Error, QStringLiteral("CFileCopyController"),
+            QLatin1String("Failed to copy file from \"") + sourcePath + QLatin1String("\" to \"")
+                + destinationPath + QLatin1String("\" Error code is: ")
+                + QString::number(createErrorCode(static_cast<Error>(error))));
+    }
+}
+
+void CFileCopyController::pause()
+{
+    m_worker->pause();
+}
+
+void CFileCopyController::resume()
+{
+    m_worker->resume();
+}
+
+void CFileCopyController::abort()
+{
+    // older runs have returned before the last one was started: nobody means them any more
+    if (!m_runs.isEmpty()) {
+        m_runs.last().aborted = true;
+    }
+    m_worker->cancelWork();
+}
+
+void CFileCopyController::reset()
+{
+    m_worker->reset();
+}
+
+void CFileCopyController::setProcessedBytes(qlonglong processedBytes)
+{
+    if (m_processedBytes != processedBytes) {
+        m_processedBytes = processedBytes;
+        Q_EMIT processedBytesChanged();
+    }
+}
+
+void CFileCopyController::setProcessingDirectory(const QString &processingDirectory)
+{
+    m_processingDirectory = processingDirectory;
+    Q_EMIT processingDirectoryChanged();
+}
+
+void CFileCopyController::setTotalBytes(qlonglong totalBytes)
+{
+    if (m_totalBytes != totalBytes) {
+        m_totalBytes = totalBytes;
+        Q_EMIT totalBytesChanged();
+    }
+}
+
+void CFileCopyController::setState(int newState)
+{
+    if (m_state != newState) {
+        m_state = newState;
+        Q_EMIT stateChanged();
+    }
+}
+
+void CFileCopyController::onWorkerFinished()
+{
+    Run run = m_runs.isEmpty() ? Run{m_destinations} : m_runs.takeFirst();
+    // the worker speaks of what was loaded last, which is this run unless another has followed;
+    // it may also have found nothing loaded, and then nothing is removed that nobody aborted
+    const bool isCanceled = run.aborted || (m_runs.isEmpty() && m_worker->isCanceled());
+    if (!isCanceled) {
+        Q_EMIT operationCompleted();
+        return;
+    }
+    removeDestinations(run);
+    Q_EMIT operationCanceled();
+}
+
+void CFileCopyController::removeDestinations(Run &run)
+{
+    if (!run.aborted || run.removed) {
+        return;
+    }
+    run.removed = true;
+    for (const QString &destination : qAsConst(run.destinations)) {
+        // under the name that was written to, and never all there is
+        const QFileInfo info(detail::trimmedDestination(destination));
+        if (info.isDir() && !QDir(info.filePath()).isRoot()) {
+            QDir(info.filePath()).removeRecursively();
+        } else if (info.isFile()) {
+            QFile(info.absoluteFilePath()).remove();
+        }
+    }
+}
+
+} // namespace Tavro::Shared

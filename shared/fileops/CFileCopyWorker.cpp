@@ -1,0 +1,453 @@
+#include "shared/fileops/CFileCopyWorker.h"
+
+#include "shared/fileops/CFileCopyData.h"
+#include "shared/fileops/detail/CopyRequest.h"
+#include "shared/fileops/detail/FileDescriptor.h"
+#include "shared/fileops/detail/PauseGate.h"
+#include "shared/fileops/detail/TreeWalk.h"
+#include "shared/fileops/detail/TrimmedDestination.h"
+
+#include <QAbstractEventDispatcher>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QThread>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <mutex>
+
+namespace Tavro::Shared {
+
+namespace {
+
+constexpr qint64 s_chunkSize = 4 * 1024 * 1024;
+constexpr qint64 s_prefetchSize = 128 * 1024; // what the kernel starts to read at one request
+
+using State = CFileCopyController::State;
+using Error = CFileCopyController::Error;
+using Request = std::shared_ptr<detail::CopyRequest>;
+
+QString withFinalSlash(const QString &path)
+{
+    return path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
+}
+
+// The files found are known by absolute clean paths, and the source is cut out of them: it has
+// to be in the same form. An empty path is nobody's wish to copy a whole disk.
+QString sourceDirectory(const QString &path)
+{
+    return path.isEmpty() ? QString()
+                          : withFinalSlash(QDir::cleanPath(QDir().absoluteFilePath(path)));
+}
+
+QString destinationDirectory(const QString &path)
+{
+    const QString trimmed = detail::trimmedDestination(path);
+    return trimmed.isEmpty() ? trimmed : withFinalSlash(trimmed);
+}
+
+CFileCopyData directoryJob(const QString &sourcePath, const QString &destinationPath)
+{
+    CFileCopyData job;
+    job.sourcePath = sourceDirectory(sourcePath);
+    job.destinationPath = destinationDirectory(destinationPath);
+    return job;
+}
+
+// while this chunk is flushed, the next one can already be on its way from a slow source
+void prefetch(int source, qint64 begin, qint64 sourceSize)
+{
+    const qint64 end = std::min(begin + s_chunkSize, sourceSize);
+    for (qint64 offset = begin; offset < end; offset += s_prefetchSize) {
+        ::posix_fadvise(source, offset, std::min(s_prefetchSize, end - offset),
+                        POSIX_FADV_WILLNEED);
+    }
+}
+
+// blocks until the whole system's caches are written, names and directories among them
+void syncSystem()
+{
+    QProcess process;
+    process.start(QStringLiteral("sync"), QStringList(), QIODevice::ReadWrite);
+    // no limit: a slow stick takes minutes, and a process given up on would be killed
+    const bool ran = process.waitForFinished(-1);
+    if (!ran && process.error() == QProcess::FailedToStart) {
+        ::sync(); // the new files' names must reach a system without the command, too
+    }
+}
+
+} // namespace
+
+struct CFileCopyWorker::Private
+{
+    detail::PauseGate gate;
+
+    std::mutex mutex; // guards the two requests, not what is in them
+    Request current = std::make_shared<detail::CopyRequest>(); // loaded last
+    Request running; // null outside doWork()
+
+    std::atomic<int> shownState{CFileCopyController::StateIdle};
+
+    Request currentRequest()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return current;
+    }
+
+    // what the helpers work on: the run they are part of, or what is loaded
+    Request activeRequest()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return running ? running : current;
+    }
+
+    // null when a run is in progress already
+    Request beginRun()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (running) {
+            return {};
+        }
+        running = current;
+        return running;
+    }
+
+    void endRun()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        running.reset();
+    }
+};
+
+CFileCopyWorker::CFileCopyWorker(QObject *parent)
+    : QObject(parent)
+    , m_d(std::make_unique<Private>())
+{
+}
+
+CFileCopyWorker::~CFileCopyWorker() = default;
+
+int CFileCopyWorker::state() const
+{
+    return m_d->shownState;
+}
+
+int CFileCopyWorker::error() const
+{
+    return m_d->currentRequest()->error;
+}
+
+bool CFileCopyWorker::isCanceled() const
+{
+    return m_d->currentRequest()->canceled;
+}
+
+void CFileCopyWorker::copyDirectory(const QString &sourcePath, const QString &destinationPath)
+{
+    copyDirectories({sourcePath}, {destinationPath});
+}
+
+void CFileCopyWorker::copyDirectories(const QStringList &sourcePaths,
+                                      const QStringList &destinationPaths)
+{
+    auto request = std::make_shared<detail::CopyRequest>();
+    const int count = std::min(sourcePaths.size(), destinationPaths.size());
+    for (int i = 0; i < count; ++i) {
+        request->jobs.append(directoryJob(sourcePaths.at(i), destinationPaths.at(i)));
+    }
+    load(CFileCopyController::StateEnumeratingFiles, std::move(request));
+}
+
+void CFileCopyWorker::copyLargeFile(const QString &sourcePath, const QString &destinationPath)
+{
+    CFileCopyData job;
+    job.sourcePath = sourcePath;
+    job.destinationPath = detail::trimmedDestination(destinationPath);
+    auto request = std::make_shared<detail::CopyRequest>();
+    request->jobs.append(job);
+    load(CFileCopyController::StateCopyingLargeFile, std::move(request));
+}
+
+void CFileCopyWorker::reset()
+{
+    load(CFileCopyController::StateIdle, std::make_shared<detail::CopyRequest>());
+}
+
+// Puts a request in place of the loaded one, as a clean slate. A run in progress keeps its own,
+// with its own counters and its own cancellation, and is let out of a pause.
+void CFileCopyWorker::load(State step, Request request)
+{
+    request->step = step;
+    {
+        const std::lock_guard<std::mutex> lock(m_d->mutex);
+        m_d->current = std::move(request);
+    }
+    show(CFileCopyController::StateIdle);
+    m_d->gate.open();
+    Q_EMIT processedBytesChanged(0);
+    Q_EMIT totalBytesChanged(0);
+    show(step);
+}
+
+void CFileCopyWorker::pause()
+{
+    m_d->gate.close();
+}
+
+void CFileCopyWorker::resume()
+{
+    m_d->gate.open();
+}
+
+void CFileCopyWorker::cancelWork()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_d->mutex);
+        m_d->current->canceled = true;
+        if (m_d->running) {
+            m_d->running->canceled = true;
+        }
+    }
+    resume(); // a paused run has to wake up to see it
+}
+
+// cancels like cancelWork(), and leaves no file behind that looks whole and is not
+void CFileCopyWorker::abandonWork()
+{
+    m_d->activeRequest()->abandoned = true;
+    cancelWork();
+}
+
+void CFileCopyWorker::setState(State state)
+{
+    m_d->activeRequest()->step = state;
+    show(state);
+}
+
+void CFileCopyWorker::show(int state)
+{
+    if (m_d->shownState.exchange(state) != state) {
+        Q_EMIT stateChanged(state);
+    }
+}
+
+void CFileCopyWorker::advance(detail::CopyRequest &request, State step)
+{
+    request.step = step;
+    show(step);
+}
+
+void CFileCopyWorker::updateProcessedBytes(qint64 n)
+{
+    const qint64 processed = m_d->activeRequest()->processedBytes += n;
+    Q_EMIT processedBytesChanged(processed);
+}
+
+void CFileCopyWorker::updateProcessingDirectory(const QString &processingDirectory)
+{
+    Q_EMIT processingDirectoryChanged(processingDirectory);
+}
+
+bool CFileCopyWorker::createFolderStructure(const QString &root, const QStringList &directories)
+{
+    const QDir directory(root);
+    return std::all_of(directories.cbegin(), directories.cend(),
+                       [&directory](const QString &name) { return directory.mkpath(name); });
+}
+
+void CFileCopyWorker::prepareFile()
+{
+    const Request request = m_d->activeRequest();
+    if (!request->jobs.isEmpty()) {
+        request->totalBytes = QFileInfo(request->jobs.constFirst().sourcePath).size();
+    }
+}
+
+void CFileCopyWorker::enumerateFiles()
+{
+    const Request request = m_d->activeRequest();
+    for (CFileCopyData &job : request->jobs) {
+        if (job.sourcePath.isEmpty()) {
+            continue;
+        }
+        const detail::TreeListing listing = detail::listTree(job.sourcePath);
+        job.directories += listing.directories;
+        job.files += listing.files;
+        request->totalBytes += listing.bytes;
+    }
+}
+
+void CFileCopyWorker::doWork()
+{
+    // the events processed below may ask for another start
+    const Request request = m_d->beginRun();
+    if (!request) {
+        return;
+    }
+    // the end of an older run may have shown another state since this request was loaded
+    show(request->step);
+
+    for (bool atWork = true; atWork;) {
+        processPendingEvents();
+        m_d->gate.pass();
+        if (request->canceled) {
+            break;
+        }
+        switch (request->step) {
+        case CFileCopyController::StateEnumeratingFiles:
+            enumerateFiles();
+            Q_EMIT totalBytesChanged(request->totalBytes);
+            advance(*request, CFileCopyController::StateCheckingSize);
+            break;
+        case CFileCopyController::StateCheckingSize:
+            advance(*request, CFileCopyController::StateCopying);
+            break;
+        case CFileCopyController::StateCopying:
+            copyTrees(*request);
+            atWork = false;
+            break;
+        case CFileCopyController::StateCopyingLargeFile:
+            copySingleFile(*request);
+            atWork = false;
+            break;
+        default: // nothing is loaded
+            request->canceled = true;
+            break;
+        }
+    }
+
+    advance(*request, CFileCopyController::StateIdle);
+    m_d->endRun();
+    Q_EMIT finished();
+}
+
+void CFileCopyWorker::copyTrees(detail::CopyRequest &request)
+{
+    const QList<CFileCopyData> jobs = request.jobs;
+    for (const CFileCopyData &job : jobs) {
+        if (!copyTree(request, job)) {
+            return;
+        }
+    }
+}
+
+// false when the run is to stop here
+bool CFileCopyWorker::copyTree(detail::CopyRequest &request, const CFileCopyData &job)
+{
+    updateProcessingDirectory(QDir(job.destinationPath).dirName());
+    const bool hasDestination = !job.destinationPath.isEmpty(); // an empty path is not the root
+    if (hasDestination) {
+        // not judged here: a file whose directory is missing says so when it is copied
+        createFolderStructure(job.destinationPath, job.directories);
+    }
+    for (const CFileEntry &file : job.files) {
+        // every occurrence goes, not only the first: destinations have always been named so
+        const QString target = file.path().remove(job.sourcePath);
+        if (hasDestination && !QDir(job.destinationPath).exists()) {
+            QDir().mkpath(job.destinationPath);
+        }
+        request.error =
+            copyFile(file.path(), hasDestination ? job.destinationPath + target : QString());
+        if (request.error != CFileCopyController::ErrorNone) {
+            Q_EMIT errorOccurred(request.error);
+            return false;
+        }
+        if (request.canceled) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void CFileCopyWorker::copySingleFile(detail::CopyRequest &request)
+{
+    prepareFile();
+    Q_EMIT totalBytesChanged(request.totalBytes);
+    const CFileCopyData job = request.jobs.value(0);
+    request.error = copyFile(job.sourcePath, job.destinationPath);
+    if (request.error != CFileCopyController::ErrorNone) {
+        Q_EMIT errorOccurred(request.error);
+    }
+}
+
+int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinationPath)
+{
+    const Request request = m_d->activeRequest();
+
+    auto source = detail::FileDescriptor::openRegularFile(sourcePath);
+    struct stat sourceInfo = {};
+    if (!source.examine(sourceInfo)) {
+        return CFileCopyController::ErrorSourceFileOpenFailed;
+    }
+    auto destination = detail::FileDescriptor::createUnlessSame(destinationPath, sourceInfo);
+    if (!destination.isOpen()) {
+        return CFileCopyController::ErrorDestinationFileOpenFailed;
+    }
+
+    int error = copyChunks(*request, source, destination, sourceInfo.st_size);
+    if (!destination.close() && error == CFileCopyController::ErrorNone) {
+        error = CFileCopyController::ErrorDestinationFileWriteFailed;
+    }
+    source.close();
+    if (error != CFileCopyController::ErrorNone) {
+        detail::removeWrittenFile(destinationPath);
+        return error;
+    }
+    // not QFile's permissions: for root they add what root may do, and 0444 would become 0644
+    ::chmod(QFile::encodeName(destinationPath).constData(), sourceInfo.st_mode & 0777);
+    return CFileCopyController::ErrorNone;
+}
+
+int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescriptor &source,
+                                detail::FileDescriptor &destination, qint64 sourceSize)
+{
+    // left as it comes: filling it with zeros would cost more than copying a small file
+    const std::unique_ptr<char[]> buffer(new char[s_chunkSize]);
+    qint64 copied = 0;
+    for (;;) {
+        processPendingEvents();
+        if (request.canceled) {
+            // cut off: whoever cancelled removes it, unless nobody is left to
+            return request.abandoned ? CFileCopyController::ErrorDestinationFileWriteFailed
+                                     : CFileCopyController::ErrorNone;
+        }
+        m_d->gate.pass();
+
+        const qint64 n = source.read(buffer.get(), s_chunkSize, sourceSize - copied);
+        if (n == 0) {
+            return CFileCopyController::ErrorNone;
+        }
+        if (n < 0) {
+            return CFileCopyController::ErrorSourceFileReadFailed;
+        }
+        if (!destination.write(buffer.get(), n)) {
+            return CFileCopyController::ErrorDestinationFileWriteFailed;
+        }
+        copied += n;
+        prefetch(source.handle(), copied, sourceSize);
+        // each chunk: a drive pulled out now loses at most this one
+        if (!destination.flush()) {
+            return CFileCopyController::ErrorDestinationFileWriteFailed;
+        }
+        if (request.processedBytes + n >= request.totalBytes) {
+            syncSystem();
+        }
+        updateProcessedBytes(n);
+    }
+}
+
+// delivers what was queued for the worker; of no other thread, whose dispatcher is not ours
+void CFileCopyWorker::processPendingEvents()
+{
+    if (thread() != QThread::currentThread()) {
+        return;
+    }
+    if (QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance()) {
+        dispatcher->processEvents(QEventLoop::AllEvents);
+    }
+}
+
+} // namespace Tavro::Shared

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "shared/fileops/CFileEntry.h"
+
+#include <QList>
+#include <QStringList>
+
+namespace Tavro::Shared {
+
+/** One directory to delete, with what an enumeration found in it. */
+struct CFileDeleteData
+{
+    /** Subdirectories, relative to the directory, in the order in which they were found. */
+    QStringList directories;
+    /** Files below the directory, in the order in which they are deleted. */
+    QList<CFileEntry> files;
+    /** The directory, exactly as the caller named it. */
+    QString path;
+    /** Carried along for callers, in bytes; the worker keeps its totals itself. */
+    qint64 size = 0;
+};
+
+} // namespace Tavro::Shared
