@@ -26,7 +26,8 @@ enum ErrorCode : quint32;
  * | 24-30 | zero in every word that this library makes                |               |
  * | 31    | domain flag                                               | domain()      |
  *
- * A value: any thread may use its own copy. QML reads the properties of a copy it was given.
+ * A value: any thread may use its own copy. QML reads the properties of a copy it was given;
+ * there the word counts as a signed number, so `code.errorCode >>> 0` is the one to show.
  */
 class OVO_SHARED_EXPORT CErrorCode
 {

@@ -8,7 +8,9 @@
 #include "shared/fileops/detail/TrimmedDestination.h"
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QThread>
@@ -24,6 +26,7 @@ namespace Tavro::Shared {
 namespace {
 
 constexpr qint64 s_chunkSize = 4 * 1024 * 1024;
+constexpr qint64 s_pollInterval = 1'000'000; // ns
 constexpr qint64 s_prefetchSize = 128 * 1024; // what the kernel starts to read at one request
 
 using State = CFileCopyController::State;
@@ -90,6 +93,7 @@ struct CFileCopyWorker::Private
     Request running; // null outside doWork()
 
     std::atomic<int> shownState{CFileCopyController::StateIdle};
+    QElapsedTimer sincePoll; // of the thread that works
 
     Request currentRequest()
     {
@@ -343,10 +347,11 @@ bool CFileCopyWorker::copyTree(detail::CopyRequest &request, const CFileCopyData
         // not judged here: a file whose directory is missing says so when it is copied
         createFolderStructure(job.destinationPath, job.directories);
     }
+    const QByteArray nativeDestination = QFile::encodeName(job.destinationPath);
     for (const CFileEntry &file : job.files) {
         // every occurrence goes, not only the first: destinations have always been named so
         const QString target = file.path().remove(job.sourcePath);
-        if (hasDestination && !QDir(job.destinationPath).exists()) {
+        if (hasDestination && !detail::isDirectory(nativeDestination)) {
             QDir().mkpath(job.destinationPath);
         }
         request.error =
@@ -377,12 +382,14 @@ int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinat
 {
     const Request request = m_d->activeRequest();
 
-    auto source = detail::FileDescriptor::openRegularFile(sourcePath);
     struct stat sourceInfo = {};
-    if (!source.examine(sourceInfo)) {
+    auto source = detail::FileDescriptor::openRegularFile(sourcePath, sourceInfo);
+    if (!source.isOpen()) {
         return CFileCopyController::ErrorSourceFileOpenFailed;
     }
-    auto destination = detail::FileDescriptor::createUnlessSame(destinationPath, sourceInfo);
+    struct stat destinationInfo = {};
+    auto destination =
+        detail::FileDescriptor::createUnlessSame(destinationPath, sourceInfo, destinationInfo);
     if (!destination.isOpen()) {
         return CFileCopyController::ErrorDestinationFileOpenFailed;
     }
@@ -397,7 +404,10 @@ int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinat
         return error;
     }
     // not QFile's permissions: for root they add what root may do, and 0444 would become 0644
-    ::chmod(QFile::encodeName(destinationPath).constData(), sourceInfo.st_mode & 0777);
+    const mode_t permissions = sourceInfo.st_mode & 0777;
+    if ((destinationInfo.st_mode & 0777) != permissions) {
+        ::chmod(QFile::encodeName(destinationPath).constData(), permissions);
+    }
     return CFileCopyController::ErrorNone;
 }
 
@@ -439,14 +449,22 @@ int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescri
     }
 }
 
-// delivers what was queued for the worker; of no other thread, whose dispatcher is not ours
+// of no other thread, whose events are not ours to deliver
 void CFileCopyWorker::processPendingEvents()
 {
     if (thread() != QThread::currentThread()) {
         return;
     }
-    if (QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance()) {
-        dispatcher->processEvents(QEventLoop::AllEvents);
+    // What was queued is delivered every time. Timers and sockets cost a system call, as much as
+    // a small file's own, so they have to wait for a millisecond to pass: less than any chunk
+    // takes.
+    QCoreApplication::sendPostedEvents();
+    QElapsedTimer &sincePoll = m_d->sincePoll;
+    if (!sincePoll.isValid() || sincePoll.nsecsElapsed() >= s_pollInterval) {
+        sincePoll.start();
+        if (QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance()) {
+            dispatcher->processEvents(QEventLoop::AllEvents);
+        }
     }
 }
 

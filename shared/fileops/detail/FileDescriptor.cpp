@@ -34,13 +34,12 @@ bool isSameFile(const struct stat &a, const struct stat &b)
 
 } // namespace
 
-FileDescriptor FileDescriptor::openRegularFile(const QString &path)
+FileDescriptor FileDescriptor::openRegularFile(const QString &path, struct stat &info)
 {
     if (!isNameable(path)) {
         return {};
     }
     const QByteArray name = QFile::encodeName(path);
-    struct stat info = {};
     if (::stat(name.constData(), &info) != 0 || !S_ISREG(info.st_mode)) {
         return {};
     }
@@ -55,7 +54,8 @@ FileDescriptor FileDescriptor::openRegularFile(const QString &path)
     return file;
 }
 
-FileDescriptor FileDescriptor::createUnlessSame(const QString &path, const struct stat &source)
+FileDescriptor FileDescriptor::createUnlessSame(const QString &path, const struct stat &source,
+                                                struct stat &info)
 {
     if (!isNameable(path)) {
         return {};
@@ -67,7 +67,6 @@ FileDescriptor FileDescriptor::createUnlessSame(const QString &path, const struc
                       0666);
     };
     FileDescriptor file(uninterrupted(open));
-    struct stat info = {};
     if (!file.examine(info) || isSameFile(info, source)) {
         file.close();
         return file;
@@ -127,6 +126,12 @@ bool FileDescriptor::close()
     }
     // not repeated when interrupted: the descriptor is gone, and its number may be another's
     return ::close(std::exchange(m_fd, -1)) == 0;
+}
+
+bool isDirectory(const QByteArray &nativePath)
+{
+    struct stat info = {};
+    return ::stat(nativePath.constData(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
 void removeWrittenFile(const QString &path)

@@ -30,21 +30,19 @@ public:
 
     /**
      * Opens a regular file, links followed, for reading. Anything else is not even opened: a
-     * FIFO would wait for a writer, and some devices act on being opened.
+     * FIFO would wait for a writer, and some devices act on being opened. @p info describes it.
      */
-    static FileDescriptor openRegularFile(const QString &path);
+    static FileDescriptor openRegularFile(const QString &path, struct stat &info);
 
     /**
      * Opens or creates a file for writing, empty, unless it is the file that @p source describes
-     * (then it stays as it is and the result is closed).
+     * (then it stays as it is and the result is closed). @p info describes it.
      */
-    static FileDescriptor createUnlessSame(const QString &path, const struct stat &source);
+    static FileDescriptor createUnlessSame(const QString &path, const struct stat &source,
+                                           struct stat &info);
 
     bool isOpen() const { return m_fd >= 0; }
     int handle() const { return m_fd; }
-
-    /** False when the file cannot be examined. */
-    bool examine(struct stat &info) const;
 
     /** Reads until @p size bytes, or @p expected of them, are there, or the file ends. -1: error.
      */
@@ -62,8 +60,13 @@ private:
     {
     }
 
+    bool examine(struct stat &info) const;
+
     int m_fd = -1;
 };
+
+/** Whether the path, as the system takes it, leads to a directory. */
+bool isDirectory(const QByteArray &nativePath);
 
 /** Removes a file or a link; never a device node that the path may name. */
 void removeWrittenFile(const QString &path);

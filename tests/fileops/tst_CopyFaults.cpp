@@ -1,0 +1,255 @@
+#include "shared/fileops/CFileCopyWorker.h"
+#include "tests/support/FakeCommands.h"
+#include "tests/support/FaultInjection.h"
+#include "tests/support/FileTree.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cerrno>
+
+using Tavro::Shared::CFileCopyController;
+using Tavro::Shared::CFileCopyWorker;
+using Test::FaultInjection::Call;
+
+namespace Faults = Test::FaultInjection;
+
+Q_DECLARE_METATYPE(Test::FaultInjection::Call)
+
+/** What happens to a copy when the system fails it, call by call. */
+class tst_CopyFaults : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void chunkIsFlushedBeforeAnythingElseHappens();
+    void everySmallFileIsFlushedBeforeItIsClosed();
+    void eachFailingCallLosesNothing_data();
+    void eachFailingCallLosesNothing();
+    void reportedErrorNamesTheSide_data();
+    void reportedErrorNamesTheSide();
+    void failedFileIsRemovedAndEarlierOnesStay();
+
+private:
+    QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+    void makeSource();
+    int copySource(bool *hasFailed);
+
+    QScopedPointer<QTemporaryDir> m_folder;
+    QScopedPointer<Test::FakeCommands> m_commands;
+};
+
+void tst_CopyFaults::init()
+{
+    m_folder.reset(new QTemporaryDir);
+    QVERIFY(m_folder->isValid());
+    m_commands.reset(new Test::FakeCommands);
+    m_commands->add(QStringLiteral("sync"));
+}
+
+void tst_CopyFaults::cleanup()
+{
+    Faults::stop();
+    m_commands.reset();
+    m_folder.reset();
+}
+
+// small ones, an empty one, and one of three chunks
+void tst_CopyFaults::makeSource()
+{
+    Test::makeFile(path("src/a"), Test::someBytes(100, 1));
+    Test::makeFile(path("src/b"), Test::someBytes(9 * 1024 * 1024, 2));
+    Test::makeFile(path("src/c"));
+    Test::makeFile(path("src/sub/d"), Test::someBytes(5000, 3));
+}
+
+// the worker's error; and whether it was announced
+int tst_CopyFaults::copySource(bool *hasFailed)
+{
+    CFileCopyWorker worker;
+    *hasFailed = false;
+    connect(&worker, &CFileCopyWorker::errorOccurred, &worker, [hasFailed] { *hasFailed = true; });
+    worker.copyDirectory(path("src"), path("dst"));
+    worker.doWork();
+    return worker.error();
+}
+
+void tst_CopyFaults::chunkIsFlushedBeforeAnythingElseHappens()
+{
+    Test::makeFile(path("big"), Test::someBytes(9 * 1024 * 1024));
+    Faults::watch(m_folder->path());
+    Faults::recordTo(m_commands->journalPath());
+    CFileCopyWorker worker;
+    worker.copyLargeFile(path("big"), path("copy"));
+    worker.doWork();
+    Faults::stop();
+    QCOMPARE(m_commands->journal().join(QStringLiteral(", ")),
+             QStringLiteral("open big, open copy, "
+                            "read big 4194304, write copy 4194304, fsync copy, "
+                            "read big 4194304, write copy 4194304, fsync copy, "
+                            "read big 1048576, write copy 1048576, fsync copy, sync, "
+                            "read big 0, close copy, close big"));
+}
+
+void tst_CopyFaults::everySmallFileIsFlushedBeforeItIsClosed()
+{
+    for (int i = 0; i < 50; ++i) {
+        Test::makeFile(path("src/") + QString::number(1000 + i), Test::someBytes(100 + i, i));
+    }
+    Faults::watch(m_folder->path());
+    Faults::recordTo(m_commands->journalPath());
+    bool hasFailed = false;
+    QCOMPARE(copySource(&hasFailed), 0);
+    Faults::stop();
+
+    QStringList expected;
+    for (int i = 0; i < 50; ++i) {
+        const QString source = QStringLiteral("src/%1").arg(1000 + i);
+        const QString copy = QStringLiteral("dst/%1").arg(1000 + i);
+        const QString size = QString::number(100 + i);
+        expected << QStringLiteral("open ") + source << QStringLiteral("open ") + copy
+                 << QStringLiteral("read ") + source + QLatin1Char(' ') + size
+                 << QStringLiteral("write ") + copy + QLatin1Char(' ') + size
+                 << QStringLiteral("fsync ") + copy;
+        if (i == 49) {
+            expected << QStringLiteral("sync");
+        }
+        expected << QStringLiteral("read ") + source + QStringLiteral(" 0")
+                 << QStringLiteral("close ") + copy << QStringLiteral("close ") + source;
+    }
+    QCOMPARE(m_commands->journal(), expected);
+}
+
+void tst_CopyFaults::eachFailingCallLosesNothing_data()
+{
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<int>("error");
+    QTest::addColumn<QList<int>>("errors");
+    using Controller = CFileCopyController;
+    const QList<int> opening = {Controller::ErrorSourceFileOpenFailed,
+                                Controller::ErrorDestinationFileOpenFailed};
+    const QList<int> reading = {Controller::ErrorSourceFileReadFailed};
+    const QList<int> writing = {Controller::ErrorDestinationFileWriteFailed};
+    const QList<int> none;
+    // closing the source cannot fail the copy: everything has been read by then
+    const QList<int> closing = {Controller::ErrorNone, Controller::ErrorDestinationFileWriteFailed};
+
+    QTest::newRow("open, no space") << Call::Open << ENOSPC << opening;
+    QTest::newRow("open, device error") << Call::Open << EIO << opening;
+    QTest::newRow("open, too many files") << Call::Open << EMFILE << opening;
+    QTest::newRow("open, interrupted") << Call::Open << EINTR << none;
+    QTest::newRow("read, device error") << Call::Read << EIO << reading;
+    QTest::newRow("read, interrupted") << Call::Read << EINTR << none;
+    QTest::newRow("read, short") << Call::Read << Faults::shortTransfer << none;
+    QTest::newRow("write, no space") << Call::Write << ENOSPC << writing;
+    QTest::newRow("write, device error") << Call::Write << EIO << writing;
+    QTest::newRow("write, interrupted") << Call::Write << EINTR << none;
+    QTest::newRow("write, short") << Call::Write << Faults::shortTransfer << none;
+    QTest::newRow("fsync, no space") << Call::Fsync << ENOSPC << writing;
+    QTest::newRow("fsync, device error") << Call::Fsync << EIO << writing;
+    QTest::newRow("fsync, interrupted") << Call::Fsync << EINTR << none;
+    QTest::newRow("close, no space") << Call::Close << ENOSPC << closing;
+    QTest::newRow("close, device error") << Call::Close << EIO << closing;
+    QTest::newRow("close, interrupted") << Call::Close << EINTR << closing;
+}
+
+void tst_CopyFaults::eachFailingCallLosesNothing()
+{
+    QFETCH(Call, call);
+    QFETCH(int, error);
+    QFETCH(QList<int>, errors);
+    makeSource();
+    const QMap<QString, QByteArray> source = Test::treeOf(path("src"));
+
+    int strikes = 0;
+    for (int n = 1;; ++n) {
+        Faults::watch(m_folder->path());
+        Faults::failNth(call, n, error);
+        bool hasFailed = false;
+        const int result = copySource(&hasFailed);
+        Faults::stop();
+        const bool hasStruck = Faults::hasStruck();
+        strikes += hasStruck ? 1 : 0;
+
+        const QByteArray where = "call number " + QByteArray::number(n);
+        const bool mustFail = hasStruck && !errors.isEmpty();
+        if (mustFail) {
+            QVERIFY2(errors.contains(result), where);
+        } else {
+            QVERIFY2(result == 0, where);
+        }
+        QVERIFY2(hasFailed == (result != 0), where);
+
+        // what is there is whole, and all of it is there when nothing was reported
+        const QMap<QString, QByteArray> copy = Test::treeOf(path("dst"));
+        for (auto file = copy.cbegin(); file != copy.cend(); ++file) {
+            QVERIFY2(source.value(file.key()) == file.value(), where + ": " + file.key().toUtf8());
+        }
+        if (result == 0) {
+            QVERIFY2(copy == source, where);
+        }
+        QVERIFY(QDir(path("dst")).removeRecursively());
+        if (!hasStruck) {
+            break; // the copy has fewer calls of that kind
+        }
+    }
+    QVERIFY(strikes >= (call == Call::Fsync ? 5 : 6));
+}
+
+void tst_CopyFaults::reportedErrorNamesTheSide_data()
+{
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<int>("n");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("opening the source") << Call::Open << 1 << 1;
+    QTest::newRow("opening the destination") << Call::Open << 2 << 3;
+    QTest::newRow("first read") << Call::Read << 1 << 2;
+    QTest::newRow("last read, at the end of the file") << Call::Read << 4 << 2;
+    QTest::newRow("first write") << Call::Write << 1 << 4;
+    QTest::newRow("last write") << Call::Write << 3 << 4;
+    QTest::newRow("last flush") << Call::Fsync << 3 << 4;
+    QTest::newRow("closing the destination") << Call::Close << 1 << 4;
+    QTest::newRow("closing the source") << Call::Close << 2 << 0;
+}
+
+void tst_CopyFaults::reportedErrorNamesTheSide()
+{
+    QFETCH(Call, call);
+    QFETCH(int, n);
+    QFETCH(int, expected);
+    const QByteArray content = Test::someBytes(9 * 1024 * 1024);
+    Test::makeFile(path("big"), content);
+    Faults::watch(m_folder->path());
+    Faults::failNth(call, n, EIO);
+    CFileCopyWorker worker;
+    worker.copyLargeFile(path("big"), path("copy"));
+    worker.doWork();
+    Faults::stop();
+    QVERIFY(Faults::hasStruck());
+    QCOMPARE(worker.error(), expected);
+    QCOMPARE(QFileInfo::exists(path("copy")), expected == 0);
+    QVERIFY(Test::contentOf(path("big")) == content);
+}
+
+void tst_CopyFaults::failedFileIsRemovedAndEarlierOnesStay()
+{
+    makeSource();
+    Faults::watch(m_folder->path());
+    Faults::failNth(Call::Write, 3, ENOSPC); // the second chunk of the second file
+    bool hasFailed = false;
+    QCOMPARE(copySource(&hasFailed),
+             static_cast<int>(CFileCopyController::ErrorDestinationFileWriteFailed));
+    Faults::stop();
+    QVERIFY(hasFailed);
+    QCOMPARE(Test::treeOf(path("dst")).keys(),
+             QStringList({QStringLiteral("a"), QStringLiteral("sub/")}));
+    QCOMPARE(Test::contentOf(path("dst/a")), Test::contentOf(path("src/a")));
+}
+
+QTEST_GUILESS_MAIN(tst_CopyFaults)
+
+#include "tst_CopyFaults.moc"
