@@ -116,6 +116,7 @@ void CFileCopyController::startRun()
     }
 
     m_runs.append({m_destinations});
+    m_worker->claimLoadedRequest();
     thread->start(QThread::InheritPriority);
 }
 
@@ -188,11 +189,8 @@ void CFileCopyController::setState(int newState)
 
 void CFileCopyController::onWorkerFinished()
 {
-    Run run = m_runs.isEmpty() ? Run{m_destinations} : m_runs.takeFirst();
-    // the worker speaks of what was loaded last, which is this run unless another has followed;
-    // it may also have found nothing loaded, and then nothing is removed that nobody aborted
-    const bool isCanceled = run.aborted || (m_runs.isEmpty() && m_worker->isCanceled());
-    if (!isCanceled) {
+    Run run = m_runs.isEmpty() ? Run{m_destinations, m_worker->isCanceled()} : m_runs.takeFirst();
+    if (!run.aborted) { // not the worker's word: it speaks of what was loaded last
         Q_EMIT operationCompleted();
         return;
     }

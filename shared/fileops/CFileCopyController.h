@@ -133,7 +133,7 @@ Q_SIGNALS:
     /** totalBytes answers something new. */
     void totalBytesChanged();
     /** Declared for QML; no operation of this class emits it. */
-    void errorOccurred(Error errorCode);
+    void errorOccurred(Error errorCode); // clazy:exclude=fully-qualified-moc-types
     /** A run has ended that nobody aborted, with or without errors. */
     void operationCompleted();
     /** A run has ended early, and the destinations of an aborted one are gone. */

@@ -25,9 +25,9 @@ namespace Tavro::Shared {
 
 namespace {
 
-constexpr qint64 s_chunkSize = 4 * 1024 * 1024;
+constexpr qint64 s_chunkSize = 4LL * 1024 * 1024;
 constexpr qint64 s_pollInterval = 1'000'000; // ns
-constexpr qint64 s_prefetchSize = 128 * 1024; // what the kernel starts to read at one request
+constexpr qint64 s_prefetchSize = 128LL * 1024; // what the kernel starts to read at one request
 
 using State = CFileCopyController::State;
 using Error = CFileCopyController::Error;
@@ -88,8 +88,9 @@ struct CFileCopyWorker::Private
 {
     detail::PauseGate gate;
 
-    std::mutex mutex; // guards the two requests, not what is in them
+    std::mutex mutex; // guards the three requests, not what is in them
     Request current = std::make_shared<detail::CopyRequest>(); // loaded last
+    Request claimed; // for the run about to begin; null when that is to take what is loaded then
     Request running; // null outside doWork()
 
     std::atomic<int> shownState{CFileCopyController::StateIdle};
@@ -108,6 +109,16 @@ struct CFileCopyWorker::Private
         return running ? running : current;
     }
 
+    template<typename Function> void forEachRequest(Function function)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        for (const Request &request : {current, claimed, running}) {
+            if (request) {
+                function(*request);
+            }
+        }
+    }
+
     // null when a run is in progress already
     Request beginRun()
     {
@@ -115,7 +126,7 @@ struct CFileCopyWorker::Private
         if (running) {
             return {};
         }
-        running = current;
+        running = claimed ? std::exchange(claimed, {}) : current;
         return running;
     }
 
@@ -208,20 +219,22 @@ void CFileCopyWorker::resume()
 
 void CFileCopyWorker::cancelWork()
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_d->mutex);
-        m_d->current->canceled = true;
-        if (m_d->running) {
-            m_d->running->canceled = true;
-        }
-    }
+    m_d->forEachRequest([](detail::CopyRequest &request) { request.canceled = true; });
     resume(); // a paused run has to wake up to see it
+}
+
+// Sets what is loaded aside for the next run: loading another request in the moment before that
+// run begins must not take its place.
+void CFileCopyWorker::claimLoadedRequest()
+{
+    const std::lock_guard<std::mutex> lock(m_d->mutex);
+    m_d->claimed = m_d->current;
 }
 
 // cancels like cancelWork(), and leaves no file behind that looks whole and is not
 void CFileCopyWorker::abandonWork()
 {
-    m_d->activeRequest()->abandoned = true;
+    m_d->forEachRequest([](detail::CopyRequest &request) { request.abandoned = true; });
     cancelWork();
 }
 

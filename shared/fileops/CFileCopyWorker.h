@@ -120,10 +120,11 @@ Q_SIGNALS:
     void totalBytesChanged(qlonglong value);
 
 private:
-    friend class CFileCopyController; // abandons a run that it can no longer watch
+    friend class CFileCopyController; // claims what it starts, abandons what it leaves behind
     struct Private;
 
     void load(CFileCopyController::State step, std::shared_ptr<detail::CopyRequest> request);
+    void claimLoadedRequest();
     void abandonWork();
     void show(int state);
     void advance(detail::CopyRequest &request, CFileCopyController::State step);

@@ -1,0 +1,242 @@
+#include "shared/fileops/CFileCopyController.h"
+#include "shared/fileops/CFileCopyWorker.h"
+#include "tests/support/FakeCommands.h"
+#include "tests/support/FileTree.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThread>
+#include <QTimer>
+
+#include <atomic>
+#include <thread>
+
+using Tavro::Shared::CFileCopyController;
+using Tavro::Shared::CFileCopyWorker;
+
+namespace {
+
+/** A request as the test made it, and what it must come to. */
+struct Request
+{
+    QString source;
+    QString destination;
+    QStringList removedByAbort;
+    bool aborted = false;
+};
+
+} // namespace
+
+/** Thousands of calls in random order, each seed a different one; what each run does is known. */
+class tst_CopyStress : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void everyRequestEndsOnceAndAsMeant_data();
+    void everyRequestEndsOnceAndAsMeant();
+    void workerStandsCallsFromEveryThread();
+
+private:
+    QString path(const QString &name) const { return m_folder->filePath(name); }
+
+    QScopedPointer<QTemporaryDir> m_folder;
+    QScopedPointer<Test::FakeCommands> m_commands;
+};
+
+void tst_CopyStress::init()
+{
+    m_folder.reset(new QTemporaryDir);
+    QVERIFY(m_folder->isValid());
+    m_commands.reset(new Test::FakeCommands);
+    m_commands->hideOthers(); // not even "sync": a process for each run would be most of the time
+    Test::makeFile(path(QStringLiteral("src/empty/sub/f")));
+    Test::makeFile(path(QStringLiteral("src/small/sub/f")), "small");
+    Test::makeFile(path(QStringLiteral("src/small/g")));
+    for (int i = 0; i < 20; ++i) {
+        Test::makeFile(path(QStringLiteral("src/many/%1").arg(i)));
+    }
+    Test::makeFile(path(QStringLiteral("src/file/f")), "file");
+}
+
+void tst_CopyStress::cleanup()
+{
+    m_commands.reset();
+    m_folder.reset();
+}
+
+void tst_CopyStress::everyRequestEndsOnceAndAsMeant_data()
+{
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 5; ++seed) {
+        QTest::addRow("2000 calls, seed %u", seed) << seed;
+    }
+}
+
+void tst_CopyStress::everyRequestEndsOnceAndAsMeant()
+{
+    QFETCH(quint32, seed);
+    QRandomGenerator random(seed);
+    const QStringList trees = {QStringLiteral("empty"), QStringLiteral("empty"),
+                               QStringLiteral("many"), QStringLiteral("small")};
+    CFileCopyController controller;
+    QVector<Request> requests;
+    QStringList destinations; // that an abort removes: copyDirectory() adds to them
+    int ends = 0;
+
+    // each end is checked where it is announced, against what was asked for
+    const auto end = [&](bool canceled) {
+        QVERIFY(ends < requests.size());
+        const Request &request = requests.at(ends++);
+        QCOMPARE(canceled, request.aborted);
+        for (const QString &path : request.removedByAbort) {
+            QVERIFY(!canceled || !QFileInfo::exists(path));
+        }
+    };
+    connect(&controller, &CFileCopyController::operationCompleted, this, [&] { end(false); });
+    connect(&controller, &CFileCopyController::operationCanceled, this, [&] { end(true); });
+
+    for (int i = 0; i < 2000 && !QTest::currentTestFailed(); ++i) {
+        const QString destination = path(QStringLiteral("dst/%1").arg(i));
+        const QString source =
+            path(QStringLiteral("src/") + trees.at(random.bounded(trees.size())));
+        switch (random.bounded(12)) {
+        case 0:
+            destinations.append(destination);
+            requests.append({source, destination, destinations});
+            controller.copyDirectory(source, destination);
+            break;
+        case 1:
+        case 2:
+            destinations = QStringList(destination);
+            requests.append({source, destination, destinations});
+            controller.copyDirectories({source}, {destination});
+            break;
+        case 3:
+            destinations = QStringList(destination);
+            requests.append({path(QStringLiteral("src/file/f")), destination, destinations});
+            QVERIFY(QDir().mkpath(path(QStringLiteral("dst"))));
+            controller.copyDatabaseFile(requests.constLast().source, destination);
+            break;
+        case 4:
+            controller.pause();
+            break;
+        case 5:
+            controller.resume();
+            break;
+        case 6:
+            if (ends < requests.size()) { // the last one's end is not announced yet
+                requests.last().aborted = true;
+            }
+            controller.abort();
+            break;
+        case 7:
+            controller.reset();
+            break;
+        case 8:
+            QTest::qSleep(1);
+            break;
+        default:
+            QCoreApplication::processEvents();
+            break;
+        }
+    }
+    controller.resume();
+    QTimer wake;
+    wake.start(10);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (ends < requests.size() && elapsed.elapsed() < 60000) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    QCOMPARE(ends, requests.size());
+    QVERIFY(requests.size() > 500);
+
+    QSet<QString> removed;
+    for (const Request &request : qAsConst(requests)) {
+        if (request.aborted) {
+            const QStringList &paths = request.removedByAbort;
+            removed.unite(QSet<QString>(paths.cbegin(), paths.cend()));
+        }
+    }
+    QVERIFY(!removed.isEmpty());
+    for (const Request &request : qAsConst(requests)) {
+        const QFileInfo info(request.destination);
+        if (removed.contains(request.destination)) {
+            QVERIFY(!info.exists());
+        } else if (QFileInfo(request.source).isDir()) {
+            QCOMPARE(Test::treeOf(request.destination), Test::treeOf(request.source));
+        } else {
+            QCOMPARE(Test::contentOf(request.destination), Test::contentOf(request.source));
+        }
+    }
+}
+
+void tst_CopyStress::workerStandsCallsFromEveryThread()
+{
+    QThread thread;
+    CFileCopyWorker worker;
+    worker.moveToThread(&thread);
+    connect(&thread, &QThread::started, &worker, &CFileCopyWorker::doWork);
+    connect(&worker, &CFileCopyWorker::finished, &thread, &QThread::quit, Qt::DirectConnection);
+    std::atomic<int> finished{0};
+    connect(
+        &worker, &CFileCopyWorker::finished, &worker, [&finished] { ++finished; },
+        Qt::DirectConnection);
+
+    std::atomic<bool> isOver{false};
+    std::thread control([&] {
+        QRandomGenerator random(7);
+        for (int i = 0; i < 10000; ++i) {
+            switch (random.bounded(7)) {
+            case 0:
+                worker.pause();
+                break;
+            case 1:
+                worker.resume();
+                break;
+            case 2:
+                worker.cancelWork();
+                break;
+            case 3:
+                worker.reset();
+                break;
+            case 4:
+                worker.isCanceled();
+                break;
+            case 5:
+                worker.state();
+                break;
+            default:
+                worker.error();
+                break;
+            }
+        }
+        isOver = true;
+        while (finished >= 0) { // the last pause must not outlive the calls
+            worker.resume();
+            std::this_thread::yield();
+        }
+    });
+
+    int runs = 0;
+    while (!isOver || runs < 200) {
+        worker.copyDirectory(path(QStringLiteral("src/many")), path(QStringLiteral("dst")));
+        thread.start();
+        ++runs;
+        QVERIFY(thread.wait());
+    }
+    QCOMPARE(finished, runs);
+    finished = -1;
+    control.join();
+}
+
+QTEST_GUILESS_MAIN(tst_CopyStress)
+
+#include "tst_CopyStress.moc"
