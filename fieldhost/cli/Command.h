@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QStringList>
+
+namespace Tavro::FieldHost {
+
+/** A sub-command of the program. */
+struct Command
+{
+    const char *name;
+    const char *summary; // a line for the list of commands
+    /** Gets the program's name, the command's and what follows; returns an ExitCode. */
+    int (*run)(const QStringList &arguments);
+};
+
+/** `export`: copies folders and files durably. */
+extern const Command exportCommand;
+
+} // namespace Tavro::FieldHost

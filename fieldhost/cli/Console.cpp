@@ -1,0 +1,110 @@
+#include "fieldhost/cli/Console.h"
+
+#include "fieldhost/cli/Text.h"
+#include "fieldhost/services/HostLog.h"
+
+#include <QByteArray>
+
+#include <cerrno>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace Tavro::FieldHost {
+
+namespace {
+
+bool canRewriteLines()
+{
+    const QByteArray terminal = qgetenv("TERM");
+    return ::isatty(STDOUT_FILENO) && !terminal.isEmpty() && terminal != "dumb";
+}
+
+void writeAll(int fd, const QByteArray &bytes)
+{
+    int written = 0;
+    while (written < bytes.size()) {
+        const ssize_t n =
+            ::write(fd, bytes.constData() + written, static_cast<size_t>(bytes.size() - written));
+        if (n < 0 && errno != EINTR) {
+            return; // the reader is gone; the copy matters more than its report
+        }
+        if (n > 0) {
+            written += static_cast<int>(n);
+        }
+    }
+}
+
+int terminalColumns()
+{
+    winsize size{};
+    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
+        return 80;
+    }
+    return size.ws_col;
+}
+
+} // namespace
+
+Console::Console()
+    : m_live(canRewriteLines())
+{
+    m_sinkBefore = HostLog::setSink([this](const QString &line) { printError(line); });
+}
+
+Console::~Console()
+{
+    HostLog::setSink(m_sinkBefore);
+    clearLiveLine();
+}
+
+void Console::print(const QString &text)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    erase();
+    writeAll(STDOUT_FILENO, text.toUtf8() + '\n');
+    redraw();
+}
+
+void Console::printError(const QString &text)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    erase();
+    writeAll(STDERR_FILENO, text.toUtf8() + '\n');
+    redraw();
+}
+
+void Console::setLiveLine(const QString &line)
+{
+    if (!m_live) {
+        return;
+    }
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_line = line;
+    redraw();
+}
+
+void Console::clearLiveLine()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    erase();
+    m_line.clear();
+}
+
+void Console::erase()
+{
+    if (!m_line.isEmpty()) {
+        writeAll(STDOUT_FILENO, QByteArrayLiteral("\r\x1b[K"));
+    }
+}
+
+void Console::redraw()
+{
+    // the last column stays free: a line that fills it wraps on some terminals
+    if (!m_line.isEmpty()) {
+        writeAll(STDOUT_FILENO,
+                 "\r" + fitToColumns(m_line, terminalColumns() - 1).toUtf8() + "\x1b[K");
+    }
+}
+
+} // namespace Tavro::FieldHost

@@ -1,0 +1,313 @@
+#include "fieldhost/cli/ExportRun.h"
+
+#include "fieldhost/cli/Console.h"
+#include "fieldhost/cli/Text.h"
+
+#include <QMetaObject>
+
+namespace Tavro::FieldHost {
+
+using Shared::CFileCopyController;
+
+namespace {
+
+constexpr int s_liveInterval = 100; // ms
+constexpr int s_plainInterval = 1000; // ms
+constexpr int s_directoryColumns = 30; // a longer name would push the figures off the line
+
+QString leftOut(const ExportPlan &plan)
+{
+    int hidden = 0;
+    int broken = 0;
+    int special = 0;
+    for (const ExportJob &job : plan.jobs) {
+        hidden += job.survey.hiddenEntries;
+        broken += job.survey.brokenLinks;
+        special += job.survey.specialEntries;
+    }
+    QStringList parts;
+    if (hidden > 0) {
+        parts.append(counted(hidden, "hidden entry", "hidden entries"));
+    }
+    if (broken > 0) {
+        parts.append(counted(broken, "link that leads nowhere", "links that lead nowhere"));
+    }
+    if (special > 0) {
+        parts.append(counted(special, "pipe, socket or device", "pipes, sockets or devices"));
+    }
+    return parts.join(QLatin1String(", "));
+}
+
+QString shown(const QString &folder)
+{
+    return folder.size() > 1 && folder.endsWith(QLatin1Char('/')) ? folder.chopped(1) : folder;
+}
+
+QString quotedList(const QStringList &paths)
+{
+    QStringList texts;
+    for (const QString &path : paths) {
+        texts.append(quoted(path));
+    }
+    return texts.join(QLatin1String(", "));
+}
+
+} // namespace
+
+ExportRun::ExportRun(ExportPlan plan, Console &console, QObject *parent)
+    : QObject(parent)
+    , m_plan(std::move(plan))
+    , m_console(console)
+{
+    Step folders;
+    std::vector<Step> files;
+    for (const ExportJob &job : m_plan.jobs) {
+        m_tasks.push_back(std::unique_ptr<Task>(new Task{job, StagedCopy(job)}));
+        if (job.isFolder) {
+            folders.push_back(m_tasks.back().get());
+        } else {
+            files.push_back({m_tasks.back().get()});
+        }
+    }
+    if (!folders.empty()) {
+        m_steps.push_back(folders);
+    }
+    m_steps.insert(m_steps.end(), files.begin(), files.end());
+
+    connect(&m_controller, &CFileCopyController::operationCompleted, this,
+            &ExportRun::onStepCompleted);
+    connect(&m_controller, &CFileCopyController::operationCanceled, this,
+            &ExportRun::onStepCanceled);
+    connect(&m_controller, &CFileCopyController::processedBytesChanged, this,
+            [this] { m_stepBytes = m_controller.processedBytes(); });
+    m_display.setInterval(console.isLive() ? s_liveInterval : s_plainInterval);
+    connect(&m_display, &QTimer::timeout, this, &ExportRun::showProgress);
+}
+
+ExportRun::~ExportRun() = default;
+
+void ExportRun::start()
+{
+    announce();
+    if (!prepare()) {
+        return;
+    }
+    m_running = true;
+    m_progress.start(m_plan.bytes);
+    m_display.start();
+    beginStep();
+}
+
+void ExportRun::announce()
+{
+    for (const ExportJob &job : m_plan.jobs) {
+        m_console.print(QStringLiteral("Copying %1 (%2) from %3 to %4")
+                            .arg(counted(job.survey.files.size(), "file"),
+                                 formatBytes(job.survey.bytes), quoted(shown(job.source)),
+                                 quoted(job.landing)));
+        if (job.replacedFiles > 0) {
+            m_console.print(QStringLiteral("  replaces %1 there, once all of the copy is whole")
+                                .arg(counted(job.replacedFiles, "file")));
+        }
+    }
+    const QString omitted = leftOut(m_plan);
+    if (!omitted.isEmpty()) {
+        m_console.print(QStringLiteral("Left out: %1").arg(omitted));
+    }
+}
+
+bool ExportRun::prepare()
+{
+    for (const auto &task : m_tasks) {
+        if (task->copy.prepare()) {
+            continue;
+        }
+        m_console.printError(task->copy.error());
+        discardAll();
+        finish(ExitDestinationRefused);
+        return false;
+    }
+    return true;
+}
+
+void ExportRun::beginStep()
+{
+    const Step &step = m_steps.at(m_step);
+    if (!step.front()->job.isFolder) {
+        m_controller.copyDatabaseFile(step.front()->job.source, step.front()->copy.root());
+    } else {
+        QStringList sources;
+        QStringList destinations;
+        for (const Task *task : step) {
+            sources.append(task->job.source);
+            // with "/" at its end no blank of the name is at the end
+            destinations.append(task->copy.root() + QLatin1Char('/'));
+        }
+        m_controller.copyDirectories(sources, destinations);
+    }
+    // a request begins by resuming
+    if (m_paused) {
+        m_controller.pause();
+    }
+}
+
+void ExportRun::togglePause()
+{
+    if (!m_running || m_aborting) {
+        return;
+    }
+    m_paused = !m_paused;
+    if (m_paused) {
+        m_controller.pause();
+        m_progress.pause();
+    } else {
+        m_progress.resume();
+        m_controller.resume();
+    }
+    showProgress();
+}
+
+void ExportRun::abort()
+{
+    if (!m_running || m_aborting) {
+        return;
+    }
+    m_aborting = true;
+    m_controller.abort();
+    showProgress();
+}
+
+void ExportRun::onStepCompleted()
+{
+    // that a request has completed does not say that its files are copied
+    const qint64 processed = m_controller.processedBytes();
+    const qint64 total = m_controller.totalBytes();
+    m_stepBytes = 0;
+    std::optional<CopyFault> fault;
+    for (const Task *task : m_steps.at(m_step)) {
+        const CopyCheck check = checkCopy(task->job, task->copy.root());
+        m_wholeFiles += check.wholeFiles;
+        m_wholeBytes += check.wholeBytes;
+        if (!fault) {
+            fault = check.fault;
+        }
+    }
+    if (fault) {
+        fail(QStringLiteral("%1 was not copied: %2.").arg(quoted(fault->source), fault->cause));
+    } else if (processed < total) {
+        fail(QStringLiteral("The copy ended after %1 of %2: the source has changed since it was "
+                            "looked through.")
+                 .arg(formatBytes(processed), formatBytes(total)));
+    } else if (++m_step < m_steps.size()) {
+        beginStep();
+    } else {
+        complete();
+    }
+}
+
+void ExportRun::onStepCanceled()
+{
+    const bool staged = anyStaged();
+    const QStringList removed = discardAll();
+    m_console.clearLiveLine();
+    m_console.print(QStringLiteral("Aborted. Removed: %1").arg(quotedList(removed)));
+    if (staged) {
+        m_console.print(QStringLiteral("What was in the destination before is unchanged."));
+    }
+    finish(ExitAborted);
+}
+
+void ExportRun::complete()
+{
+    for (const auto &task : m_tasks) {
+        if (!task->copy.settle()) {
+            m_console.clearLiveLine();
+            m_console.printError(task->copy.error());
+            finish(ExitFailed);
+            return;
+        }
+    }
+    const qint64 elapsed = m_progress.elapsed();
+    const double rate =
+        static_cast<double>(m_wholeBytes) * 1000 / static_cast<double>(qMax<qint64>(elapsed, 1));
+    m_console.clearLiveLine();
+    m_console.print(QStringLiteral("Done: %1, %2 in %3 (%4)")
+                        .arg(counted(m_wholeFiles, "file"), formatBytes(m_wholeBytes),
+                             formatDuration(elapsed), formatRate(rate)));
+    finish(ExitDone);
+}
+
+void ExportRun::fail(const QString &reason)
+{
+    const bool staged = anyStaged();
+    m_console.clearLiveLine();
+    m_console.printError(QStringLiteral("Failed: %1").arg(reason));
+    if (m_wholeFiles == 0 || staged) {
+        discardAll();
+        m_console.printError(staged ? QStringLiteral("The unfinished copy was removed; what was "
+                                                     "in the destination before is unchanged.")
+                                    : QStringLiteral("Nothing was left in the destination."));
+    } else {
+        for (const auto &task : m_tasks) {
+            task->copy.keep();
+        }
+        m_console.printError(QStringLiteral("%1 of %2 are whole in %3, the others are missing; "
+                                            "no partial file is left.")
+                                 .arg(m_wholeFiles)
+                                 .arg(counted(m_plan.files, "file"), quoted(m_plan.destination)));
+    }
+    finish(ExitFailed);
+}
+
+void ExportRun::finish(ExitCode code)
+{
+    m_running = false;
+    m_display.stop();
+    m_console.clearLiveLine();
+    QMetaObject::invokeMethod(
+        this, [this, code] { Q_EMIT finished(code); }, Qt::QueuedConnection);
+}
+
+QStringList ExportRun::discardAll()
+{
+    QStringList removed;
+    // the last first: folders made for one copy may hold those of the next
+    for (auto task = m_tasks.rbegin(); task != m_tasks.rend(); ++task) {
+        removed = (*task)->copy.discard() + removed;
+    }
+    return removed;
+}
+
+bool ExportRun::anyStaged() const
+{
+    for (const auto &task : m_tasks) {
+        if (task->copy.isStaged()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void ExportRun::showProgress()
+{
+    m_progress.update(m_wholeBytes + m_stepBytes);
+    QString line = m_progress.text();
+    if (m_aborting) {
+        line = QStringLiteral("Aborting, once the data on its way is written");
+    } else if (m_paused) {
+        line += QStringLiteral("  paused, p resumes");
+    }
+    const QString directory = m_controller.processingDirectory();
+    if (!m_console.isLive()) {
+        m_console.print(line);
+        return;
+    }
+    if (!directory.isEmpty() && !m_aborting) {
+        QString name = quoted(directory);
+        name = name.mid(1, name.size() - 2);
+        line.prepend(fitToColumns(name, s_directoryColumns) + QLatin1String("  "));
+    }
+    m_console.setLiveLine(line);
+}
+
+} // namespace Tavro::FieldHost

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "fieldhost/cli/CopyCheck.h"
+#include "fieldhost/cli/ExportPlan.h"
+#include "fieldhost/cli/Progress.h"
+#include "fieldhost/cli/StagedCopy.h"
+#include "shared/fileops/CFileCopyController.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+namespace Tavro::FieldHost {
+
+class Console;
+
+/**
+ * Carries out a plan: copies through the controller, shows the progress, looks at the result and
+ * says how it ended.
+ */
+class ExportRun : public QObject
+{
+    Q_OBJECT
+
+public:
+    ExportRun(ExportPlan plan, Console &console, QObject *parent = nullptr);
+    ~ExportRun() override;
+
+    /** Begins; finished() follows through the event loop, however it goes. */
+    void start();
+    /** Halts the copy, or lets it go on. */
+    void togglePause();
+    /** Ends the copy and removes what it has made. */
+    void abort();
+
+Q_SIGNALS:
+    /** It is over, and the user has been told how; @p exitCode is an ExitCode. */
+    void finished(int exitCode);
+
+private:
+    struct Task
+    {
+        const ExportJob &job;
+        StagedCopy copy;
+    };
+    using Step = std::vector<Task *>; // what one request to the controller copies
+
+    void announce();
+    bool prepare();
+    void beginStep();
+    void onStepCompleted();
+    void onStepCanceled();
+    void complete();
+    void fail(const QString &reason);
+    void finish(ExitCode code);
+    QStringList discardAll();
+    bool anyStaged() const;
+    void showProgress();
+
+    const ExportPlan m_plan;
+    Console &m_console;
+    Shared::CFileCopyController m_controller;
+    std::vector<std::unique_ptr<Task>> m_tasks;
+    std::vector<Step> m_steps;
+    size_t m_step = 0;
+    Progress m_progress;
+    QTimer m_display;
+    qint64 m_wholeFiles = 0;
+    qint64 m_wholeBytes = 0; // of the steps before the current one
+    qint64 m_stepBytes = 0;
+    bool m_running = false;
+    bool m_paused = false;
+    bool m_aborting = false;
+};
+
+} // namespace Tavro::FieldHost

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace Tavro::FieldHost {
+
+/** "1023 B", "12.3 MiB": binary units. */
+QString formatBytes(qint64 bytes);
+/** "45.2 MiB/s", with two decimals below 10; always in MiB, so that rates compare at a glance. */
+QString formatRate(double bytesPerSecond);
+/** A clock: "0:07", "1:02:03". */
+QString formatClock(qint64 milliseconds);
+/** A length of time in words: "1.3 s", "2 min 05 s", "1 h 02 min". */
+QString formatDuration(qint64 milliseconds);
+/** "1 file", "2 files", "0 files"; @p plural where adding an s would not do. */
+QString counted(qint64 n, const char *singular, const char *plural = nullptr);
+
+/**
+ * @p path in double quotes, as a terminal can show it: control characters and those that change
+ * the direction of writing are spelled out, so that a name can neither clear the screen nor pose
+ * as another.
+ */
+QString quoted(const QString &path);
+/** The same for a name as the file system has it; bytes that are not UTF-8 read \xNN. */
+QString quoted(const QByteArray &path);
+
+/** The beginning of @p line that fits into @p columns of a terminal, "…" last where it was cut. */
+QString fitToColumns(const QString &line, int columns);
+
+} // namespace Tavro::FieldHost

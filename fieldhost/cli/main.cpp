@@ -1,0 +1,147 @@
+#include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/Console.h"
+#include "fieldhost/cli/ExitCode.h"
+#include "fieldhost/cli/SourceSurvey.h"
+#include "fieldhost/cli/Text.h"
+#include "fieldhost/services/FieldApplication.h"
+
+#include <QCoreApplication>
+#include <QTextCodec>
+
+#include <algorithm>
+#include <array>
+#include <clocale>
+#include <csignal>
+#include <vector>
+
+#include <langinfo.h>
+
+namespace Tavro::FieldHost {
+
+namespace {
+
+const std::array<const Command *, 1> s_commands = {
+    &exportCommand,
+};
+
+const Command *findCommand(const QString &name)
+{
+    for (const Command *command : s_commands) {
+        if (name == QLatin1String(command->name)) {
+            return command;
+        }
+    }
+    return nullptr;
+}
+
+// how many letters have to be added, removed or replaced to make one word of the other
+int distance(const QString &a, const QString &b)
+{
+    std::vector<int> row(static_cast<size_t>(b.size()) + 1);
+    for (size_t j = 0; j < row.size(); ++j) {
+        row[j] = static_cast<int>(j);
+    }
+    for (const QChar letter : a) {
+        int diagonal = row[0]++;
+        for (size_t j = 1; j < row.size(); ++j) {
+            const bool same = letter == b.at(static_cast<int>(j) - 1);
+            const int replaced = diagonal + (same ? 0 : 1);
+            diagonal = row[j];
+            row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+const Command *nearestCommand(const QString &name)
+{
+    return *std::min_element(
+        s_commands.begin(), s_commands.end(), [&name](const Command *a, const Command *b) {
+            return distance(name, QLatin1String(a->name)) < distance(name, QLatin1String(b->name));
+        });
+}
+
+QString helpText()
+{
+    QString text = QStringLiteral("Usage: ovo-fieldhost COMMAND ...\n\nCommands:");
+    for (const Command *command : s_commands) {
+        text += QStringLiteral("\n  %1  %2")
+                    .arg(QLatin1String(command->name), -8)
+                    .arg(QLatin1String(command->summary));
+    }
+    return text
+        + QStringLiteral("\n\nOptions:\n"
+                         "  -h, --help     Shows this text; after a COMMAND, that of the "
+                         "command with its exit codes.\n"
+                         "  -v, --version  Shows the version.");
+}
+
+int run(const QStringList &arguments)
+{
+    const QString first = arguments.value(1);
+    if (const Command *command = findCommand(first)) {
+        return command->run(arguments);
+    }
+
+    Console console;
+    if (first == QLatin1String("-h") || first == QLatin1String("--help")) {
+        console.print(helpText());
+        return ExitDone;
+    }
+    if (first == QLatin1String("-v") || first == QLatin1String("--version")) {
+        console.print(
+            QStringLiteral("ovo-fieldhost %1").arg(QCoreApplication::applicationVersion()));
+        return ExitDone;
+    }
+    if (first.isEmpty()) {
+        console.printError(QStringLiteral("A COMMAND is missing.\n\n") + helpText());
+    } else {
+        console.printError(QStringLiteral("There is no command %1. The nearest one is \"%2\".\n"
+                                          "Try: ovo-fieldhost --help")
+                               .arg(quoted(first), QLatin1String(nearestCommand(first)->name)));
+    }
+    return ExitUsage;
+}
+
+// names that no text stands for would reach the file system changed
+int firstUnusableArgument(int argc, char **argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        if (*argv[i] != '\0' && nameFromBytes(argv[i]).isNull()) {
+            return i;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+} // namespace Tavro::FieldHost
+
+int main(int argc, char *argv[])
+{
+    using namespace Tavro::FieldHost;
+
+    // A reader that went away, as in "| head", must not end a copy half way.
+    std::signal(SIGPIPE, SIG_IGN);
+
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("ovo-fieldhost"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(OVO_VERSION));
+    // Names on disks are UTF-8. Debian's Qt takes them so; one that was built without ICU goes by
+    // the locale, which on a bare device knows ASCII only.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    if (qstrcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
+        std::setlocale(LC_CTYPE, "C.UTF-8"); // how wide a letter is on a terminal
+    }
+
+    if (const int i = firstUnusableArgument(argc, argv)) {
+        Console console;
+        console.printError(QStringLiteral("%1 is not valid UTF-8. A file or folder of this name "
+                                          "can be used once it is renamed.")
+                               .arg(quoted(QByteArray(argv[i]))));
+        return ExitUsage;
+    }
+    const FieldApplication host;
+    return run(QCoreApplication::arguments());
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/CDistanceCounter.h"
+
+namespace Tavro::FieldHost {
+
+/** A distance counter that shows what it is told. */
+class SimulatedDistanceCounter : public AppLogic::CDistanceCounter
+{
+    Q_OBJECT
+
+public:
+    using CDistanceCounter::CDistanceCounter;
+
+    double distanceValue() const override;
+    /** Shows @p distance, in metres; announced when it differs. */
+    void setDistance(double distance);
+
+private:
+    double m_distance = 0;
+};
+
+} // namespace Tavro::FieldHost

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+namespace Test {
+
+/** Path of the program under test. */
+QString programPath();
+
+/** How a run of the program ended. */
+struct Outcome
+{
+    int exitCode = -1; // -1 when it crashed or did not end
+    QString output; // standard output
+    QString errors; // standard error
+};
+
+/** Starts the program without a terminal. */
+class Program : public QProcess
+{
+public:
+    Program();
+
+    /**
+     * Root's right to read everything is taken from the program. Where the system refuses that,
+     * the program ends with exit code cannotDropRights.
+     */
+    void dropRights();
+    static constexpr int cannotDropRights = 125;
+
+    /** Starts it and does not wait. */
+    void begin(const QStringList &arguments);
+    /** Waits until @p text is in its standard output; false when it does not come. */
+    bool waitForOutput(const QByteArray &text);
+    /** Waits for its end. */
+    Outcome end();
+
+    /** Runs `ovo-fieldhost` with @p arguments to its end. */
+    static Outcome run(const QStringList &arguments);
+
+protected:
+    void setupChildProcess() override;
+
+private:
+    bool m_dropRights = false;
+};
+
+} // namespace Test

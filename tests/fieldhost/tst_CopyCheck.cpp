@@ -1,0 +1,205 @@
+#include "fieldhost/cli/CopyCheck.h"
+#include "tests/support/FileTree.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+#include <unistd.h>
+
+using namespace Tavro::FieldHost;
+using namespace Test;
+
+/** Whether a copy is whole, and if not, why. */
+class tst_CopyCheck : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void aWholeCopyIsCounted();
+    void aMissingFileOfNoBytesIsNoticed();
+    void aShortFileIsNoticedAndRemoved();
+    void theFirstLostFileIsNamed();
+    void aVanishedSourceIsTheCause();
+    void aSourceThatGrewIsTheCause();
+    void aSourceThatCannotBeReadIsTheCause();
+    void aNameThatIsTooLongIsTheCause();
+    void aFileInTheWayIsTheCause();
+    void aLostFolderIsCreated();
+    void aFolderThatCannotBeCreatedIsNamed();
+    void twoNamesOfOneFileAreNoticed();
+    void namesThatDifferInCaseOnlyAreTwoFilesHere();
+
+private:
+    ExportJob job() const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_source; // ends in "/"
+    QString m_copy;
+};
+
+void tst_CopyCheck::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_source = m_folder->filePath(QStringLiteral("source/"));
+    m_copy = m_folder->filePath(QStringLiteral("copy"));
+    makeFile(m_source + QStringLiteral("a"), "12345");
+    makeFile(m_source + QStringLiteral("b"));
+    makeFile(m_source + QStringLiteral("sub/c"), "123");
+    makeFile(m_copy + QStringLiteral("/a"), "12345");
+    makeFile(m_copy + QStringLiteral("/b"));
+    makeFile(m_copy + QStringLiteral("/sub/c"), "123");
+}
+
+ExportJob tst_CopyCheck::job() const
+{
+    ExportJob job;
+    job.source = m_source;
+    job.isFolder = true;
+    job.landing = m_copy;
+    job.survey = surveyDirectory(m_source, [] { return false; });
+    return job;
+}
+
+void tst_CopyCheck::aWholeCopyIsCounted()
+{
+    const CopyCheck check = checkCopy(job(), m_copy);
+    QVERIFY(!check.fault);
+    QCOMPARE(check.wholeFiles, qint64(3));
+    QCOMPARE(check.wholeBytes, qint64(8));
+}
+
+void tst_CopyCheck::aMissingFileOfNoBytesIsNoticed()
+{
+    QVERIFY(QFile::remove(m_copy + QStringLiteral("/b")));
+    const CopyCheck check = checkCopy(job(), m_copy);
+    QVERIFY(check.fault);
+    QCOMPARE(check.fault->source, m_source + QStringLiteral("b"));
+    // nothing is wrong any more, and a guess is called one
+    QVERIFY(check.fault->cause.startsWith(
+        QLatin1String("writing it failed, though there is room for it now")));
+    QCOMPARE(check.wholeFiles, qint64(2));
+    QVERIFY(!QFile::exists(m_copy + QStringLiteral("/b"))); // the probe is gone
+}
+
+void tst_CopyCheck::aShortFileIsNoticedAndRemoved()
+{
+    makeFile(m_copy + QStringLiteral("/sub/c"), "12");
+    const CopyCheck check = checkCopy(job(), m_copy);
+    QVERIFY(check.fault);
+    QCOMPARE(check.fault->source, m_source + QStringLiteral("sub/c"));
+    QVERIFY(!QFile::exists(m_copy + QStringLiteral("/sub/c")));
+    QCOMPARE(check.wholeBytes, qint64(5));
+}
+
+void tst_CopyCheck::theFirstLostFileIsNamed()
+{
+    QVERIFY(QFile::remove(m_copy + QStringLiteral("/sub/c")));
+    QVERIFY(QFile::remove(m_copy + QStringLiteral("/b")));
+    QCOMPARE(checkCopy(job(), m_copy).fault->source, m_source + QStringLiteral("b"));
+}
+
+void tst_CopyCheck::aVanishedSourceIsTheCause()
+{
+    const ExportJob planned = job();
+    QVERIFY(QFile::remove(m_source + QStringLiteral("b")));
+    QVERIFY(QFile::remove(m_copy + QStringLiteral("/b")));
+    const CopyCheck check = checkCopy(planned, m_copy);
+    QVERIFY(check.fault);
+    QCOMPARE(check.fault->cause, QStringLiteral("it is no longer in the source"));
+}
+
+void tst_CopyCheck::aSourceThatGrewIsTheCause()
+{
+    const ExportJob planned = job();
+    makeFile(m_source + QStringLiteral("a"), "1234567");
+    const CopyCheck check = checkCopy(planned, m_copy);
+    QVERIFY(check.fault);
+    QCOMPARE(check.fault->cause,
+             QStringLiteral("it changed while it was copied: 5 B before, 7 B now"));
+    QVERIFY(!QFile::exists(m_copy + QStringLiteral("/a")));
+}
+
+void tst_CopyCheck::aSourceThatCannotBeReadIsTheCause()
+{
+    // a regular file that can be opened and not read
+    QVERIFY(QFile::remove(m_source + QStringLiteral("b")));
+    QVERIFY(QFile::link(QStringLiteral("/proc/self/mem"), m_source + QStringLiteral("b")));
+    QVERIFY(QFile::remove(m_copy + QStringLiteral("/b")));
+    const CopyCheck check = checkCopy(job(), m_copy);
+    QVERIFY(check.fault);
+    QCOMPARE(check.fault->cause, QStringLiteral("reading it fails (Input/output error)"));
+}
+
+void tst_CopyCheck::aNameThatIsTooLongIsTheCause()
+{
+    ExportJob planned = job();
+    makeFile(m_source + QStringLiteral("file"));
+    planned.survey = surveyFile(m_source + QStringLiteral("file"));
+    planned.isFolder = false;
+    planned.source = m_source + QStringLiteral("file");
+    const CopyCheck check =
+        checkCopy(planned, m_copy + QLatin1Char('/') + QString(256, QLatin1Char('x')));
+    QVERIFY(check.fault);
+    QCOMPARE(check.fault->cause, QStringLiteral("its name is too long for the destination"));
+}
+
+void tst_CopyCheck::aFileInTheWayIsTheCause()
+{
+    QVERIFY(QDir(m_copy + QStringLiteral("/sub")).removeRecursively());
+    makeFile(m_copy + QStringLiteral("/sub"));
+    const CopyCheck check = checkCopy(job(), m_copy);
+    QVERIFY(check.fault);
+    QCOMPARE(check.fault->source, m_source + QStringLiteral("sub/c"));
+    QCOMPARE(check.fault->cause,
+             QStringLiteral("it cannot be created in the destination (Not a directory)"));
+}
+
+void tst_CopyCheck::aLostFolderIsCreated()
+{
+    QVERIFY(QDir().mkpath(m_source + QStringLiteral("empty/inside")));
+    QVERIFY(!checkCopy(job(), m_copy).fault);
+    QVERIFY(QDir(m_copy + QStringLiteral("/empty/inside")).exists());
+}
+
+void tst_CopyCheck::aFolderThatCannotBeCreatedIsNamed()
+{
+    QVERIFY(QDir().mkpath(m_source + QStringLiteral("empty")));
+    makeFile(m_copy + QStringLiteral("/empty"));
+    const CopyCheck check = checkCopy(job(), m_copy);
+    QVERIFY(check.fault);
+    QCOMPARE(check.fault->source, m_source + QStringLiteral("empty"));
+    QCOMPARE(check.fault->cause,
+             QStringLiteral("the folder cannot be created in the destination (File exists)"));
+}
+
+void tst_CopyCheck::twoNamesOfOneFileAreNoticed()
+{
+    // what a file system makes of them that does not tell the cases of letters apart
+    makeFile(m_source + QStringLiteral("A"), "54321");
+    QVERIFY(::link(QFile::encodeName(m_copy + QStringLiteral("/a")).constData(),
+                   QFile::encodeName(m_copy + QStringLiteral("/A")).constData())
+            == 0);
+    const CopyCheck check = checkCopy(job(), m_copy);
+    QVERIFY(check.fault);
+    QVERIFY(check.fault->cause.startsWith(QLatin1String("its name and that of \"") + m_source));
+    QVERIFY(check.fault->cause.contains(
+        QLatin1String("are one and the same on the destination's file system")));
+}
+
+void tst_CopyCheck::namesThatDifferInCaseOnlyAreTwoFilesHere()
+{
+    makeFile(m_source + QStringLiteral("A"), "54321");
+    makeFile(m_copy + QStringLiteral("/A"), "54321");
+    const CopyCheck check = checkCopy(job(), m_copy);
+    QVERIFY(!check.fault);
+    QCOMPARE(check.wholeFiles, qint64(4));
+}
+
+QTEST_APPLESS_MAIN(tst_CopyCheck)
+
+#include "tst_CopyCheck.moc"

@@ -1,0 +1,106 @@
+#include "fieldhost/cli/Progress.h"
+
+#include <QTest>
+
+using Tavro::FieldHost::Progress;
+
+namespace {
+constexpr qint64 s_mebi = 1 << 20;
+}
+
+/** The progress of a copy in words, by a clock of the test's own. */
+class tst_Progress : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void beginsWithoutARate();
+    void rateAndTimeLeftFollowTheLastSeconds();
+    void aStandstillHasNoTimeLeft();
+    void pausesAreNoTimeOfTheCopy();
+    void aGrowingSourceStaysAtHundredPercent();
+    void nothingToCopyIsAllCopied();
+    void aRestartForgetsTheCopyBefore();
+
+private:
+    qint64 m_now = 0;
+    Progress m_progress{[this] { return m_now; }};
+};
+
+void tst_Progress::init()
+{
+    m_now = 1'000'000;
+    m_progress.start(100 * s_mebi);
+}
+
+void tst_Progress::beginsWithoutARate()
+{
+    m_now += 400;
+    m_progress.update(4 * s_mebi);
+    QCOMPARE(m_progress.text(), QStringLiteral("4.0 MiB of 100.0 MiB  4 %"));
+}
+
+void tst_Progress::rateAndTimeLeftFollowTheLastSeconds()
+{
+    m_now += 1000;
+    m_progress.update(20 * s_mebi);
+    QCOMPARE(m_progress.text(),
+             QStringLiteral("20.0 MiB of 100.0 MiB  20 %  20.0 MiB/s  0:04 left"));
+    // slower from now on, and after more than five seconds the beginning does not count
+    for (int second = 1; second <= 7; ++second) {
+        m_now += 1000;
+        m_progress.update((20 + second) * s_mebi);
+    }
+    QCOMPARE(m_progress.text(),
+             QStringLiteral("27.0 MiB of 100.0 MiB  27 %  1.00 MiB/s  1:13 left"));
+}
+
+void tst_Progress::aStandstillHasNoTimeLeft()
+{
+    m_now += 2000;
+    m_progress.update(0);
+    QCOMPARE(m_progress.text(), QStringLiteral("0 B of 100.0 MiB  0 %"));
+}
+
+void tst_Progress::pausesAreNoTimeOfTheCopy()
+{
+    m_now += 1000;
+    m_progress.update(10 * s_mebi);
+    m_progress.pause();
+    m_now += 60'000;
+    QCOMPARE(m_progress.elapsed(), qint64(1000));
+    QCOMPARE(m_progress.text(), QStringLiteral("10.0 MiB of 100.0 MiB  10 %"));
+    m_progress.resume();
+    m_now += 1000;
+    m_progress.update(20 * s_mebi);
+    QCOMPARE(m_progress.elapsed(), qint64(2000));
+    QCOMPARE(m_progress.text(),
+             QStringLiteral("20.0 MiB of 100.0 MiB  20 %  10.0 MiB/s  0:08 left"));
+}
+
+void tst_Progress::aGrowingSourceStaysAtHundredPercent()
+{
+    m_now += 1000;
+    m_progress.update(110 * s_mebi);
+    QCOMPARE(m_progress.text(), QStringLiteral("110.0 MiB of 100.0 MiB  100 %  110.0 MiB/s"));
+}
+
+void tst_Progress::nothingToCopyIsAllCopied()
+{
+    m_progress.start(0);
+    QCOMPARE(m_progress.text(), QStringLiteral("0 B of 0 B  100 %"));
+}
+
+void tst_Progress::aRestartForgetsTheCopyBefore()
+{
+    m_now += 1000;
+    m_progress.update(50 * s_mebi);
+    m_progress.start(10 * s_mebi);
+    QCOMPARE(m_progress.elapsed(), qint64(0));
+    QCOMPARE(m_progress.text(), QStringLiteral("0 B of 10.0 MiB  0 %"));
+}
+
+QTEST_APPLESS_MAIN(tst_Progress)
+
+#include "tst_Progress.moc"
