@@ -19,6 +19,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <mutex>
 
 namespace Tavro::Shared {
@@ -26,12 +27,20 @@ namespace Tavro::Shared {
 namespace {
 
 constexpr qint64 s_chunkSize = 4LL * 1024 * 1024;
+constexpr size_t s_pageSize = 4096; // the kernel copies whole pages fastest
 constexpr qint64 s_pollInterval = 1'000'000; // ns
 constexpr qint64 s_prefetchSize = 128LL * 1024; // what the kernel starts to read at one request
 
 using State = CFileCopyController::State;
 using Error = CFileCopyController::Error;
 using Request = std::shared_ptr<detail::CopyRequest>;
+
+struct Freed
+{
+    void operator()(char *memory) const { std::free(memory); }
+};
+// left as it comes: filling it with zeros would cost more than copying a small file
+using ChunkBuffer = std::unique_ptr<char, Freed>;
 
 QString withFinalSlash(const QString &path)
 {
@@ -407,6 +416,13 @@ int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinat
         return CFileCopyController::ErrorDestinationFileOpenFailed;
     }
 
+    // Now, so that the flushes cover them. And not QFile's permissions: for root they add what root
+    // may do, and 0444 would become 0644.
+    const mode_t permissions = sourceInfo.st_mode & 0777;
+    if ((destinationInfo.st_mode & 0777) != permissions) {
+        ::fchmod(destination.handle(), permissions);
+    }
+
     int error = copyChunks(*request, source, destination, sourceInfo.st_size);
     if (!destination.close() && error == CFileCopyController::ErrorNone) {
         error = CFileCopyController::ErrorDestinationFileWriteFailed;
@@ -416,19 +432,16 @@ int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinat
         detail::removeWrittenFile(destinationPath);
         return error;
     }
-    // not QFile's permissions: for root they add what root may do, and 0444 would become 0644
-    const mode_t permissions = sourceInfo.st_mode & 0777;
-    if ((destinationInfo.st_mode & 0777) != permissions) {
-        ::chmod(QFile::encodeName(destinationPath).constData(), permissions);
-    }
     return CFileCopyController::ErrorNone;
 }
 
 int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescriptor &source,
                                 detail::FileDescriptor &destination, qint64 sourceSize)
 {
-    // left as it comes: filling it with zeros would cost more than copying a small file
-    const std::unique_ptr<char[]> buffer(new char[s_chunkSize]);
+    const ChunkBuffer buffer(static_cast<char *>(std::aligned_alloc(s_pageSize, s_chunkSize)));
+    if (!buffer) {
+        return CFileCopyController::ErrorSourceFileReadFailed;
+    }
     qint64 copied = 0;
     for (;;) {
         processPendingEvents();

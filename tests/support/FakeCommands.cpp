@@ -29,6 +29,13 @@ void FakeCommands::add(const QString &name, const QByteArray &body)
     }
 }
 
+void FakeCommands::addProgram(const QString &name, const QString &program)
+{
+    if (!QFile::link(program, m_folder.filePath(name))) {
+        qFatal("cannot link %s to %s", qPrintable(name), qPrintable(program));
+    }
+}
+
 void FakeCommands::hideOthers()
 {
     qputenv("PATH", QFile::encodeName(m_folder.path()));

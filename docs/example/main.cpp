@@ -1,0 +1,31 @@
+// Copies a directory in the background and says how far it is.
+#include "shared/fileops/CFileCopyController.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+using Tavro::Shared::CFileCopyController;
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    QTextStream out(stdout);
+    if (arguments.size() != 3) {
+        out << "usage: copy-example SOURCE DESTINATION" << Qt::endl;
+        return 2;
+    }
+
+    CFileCopyController copy;
+    QObject::connect(&copy, &CFileCopyController::processedBytesChanged, &copy, [&] {
+        out << copy.processedBytes() << " of " << copy.totalBytes() << " bytes" << Qt::endl;
+    });
+    QObject::connect(&copy, &CFileCopyController::operationCompleted, &copy, [&] {
+        // a copy that failed has "completed", too: the bytes tell
+        const bool isWhole = copy.processedBytes() == copy.totalBytes();
+        out << (isWhole ? "copied" : "the copy is not complete") << Qt::endl;
+        QCoreApplication::exit(isWhole ? 0 : 1);
+    });
+    copy.copyDirectory(arguments.at(1), arguments.at(2));
+    return QCoreApplication::exec();
+}

@@ -1,0 +1,82 @@
+# shellcheck shell=bash
+# Who may include whom, and which headers are installed. To be sourced, in the project's root.
+
+# What the sources of each folder of shared/ may include besides their own folder. The arrows go
+# one way.
+declare -A uses_of=(
+    [base]=''
+    [clipinfo]='locale host'
+    [fileops]='base host'
+    [filesystem]='host'
+    [input]='locale host'
+    [locale]='base host'
+    [system]='host'
+    [usb]='host'
+    [view3d]='host'
+)
+
+# includes_of FOLDER: "file:line:included path" of all includes of this project's own headers
+includes_of()
+{
+    # Qt's headers and the system's stand in <>; ours in "", as does moc's output
+    grep --recursive --line-number --include='*.h' --include='*.cpp' '^ *# *include *"' "$1" \
+        | sed --quiet 's/^\([^:]*:[0-9]*:\) *# *include *"\([^"]*\)".*/\1\2/p' \
+        | grep --invert-match '\.moc$'
+}
+
+# area_of PATH: "host", or the folder of shared/ that it lies in
+area_of()
+{
+    case $1 in
+    host/*) echo host ;;
+    shared/OvoSharedBaseExport.h) echo export ;;
+    shared/*/*) cut --delimiter=/ --fields=2 <<<"$1" ;;
+    *) echo elsewhere ;;
+    esac
+}
+
+# prints each include that is not among the permitted ones
+check_arrows()
+{
+    local file line included from to
+    while IFS=: read -r file line included; do
+        from=$(area_of "$file")
+        to=$(area_of "$included")
+        if [[ $file == *.h && $file != */detail/* && $included == */detail/* ]]; then
+            echo "$file:$line: a public header includes $included, which is not installed"
+        elif [[ $to == elsewhere ]]; then
+            echo "$file:$line: \"$included\" is neither of shared/ nor of host/, as written from the root"
+        elif [[ $from == host ]]; then
+            [[ $to == host ]] || echo "$file:$line: host/ includes $included"
+        elif [[ $to != "$from" && $to != export ]]; then
+            if [[ ! -v "uses_of[$from]" ]]; then
+                echo "$file:$line: the folder $from is not in the table of scripts/lib/layout.bash"
+            elif [[ " ${uses_of[$from]} " != *" $to "* ]]; then
+                echo "$file:$line: $from may not use $to"
+            fi
+        fi
+    done < <(includes_of shared; includes_of host)
+
+    grep --recursive --line-number --extended-regexp \
+        '^ *# *include *[<"].*(fieldhost|tests|benchmarks)/' shared host \
+        | sed 's/$/ (the library knows nobody who uses it)/'
+}
+
+# listed_headers FILE VARIABLE: the words of CMake's set(VARIABLE ...) in FILE
+listed_headers()
+{
+    awk -v begin="set($2" '
+        index($0, begin) == 1 { inside = 1; next }
+        inside { last = sub(/\).*/, ""); if (NF) print $1; if (last) exit }' "$1" | sort
+}
+
+# prints the headers that are listed wrongly: all but those of detail/ are installed
+check_installed_headers()
+{
+    diff --label 'listed in shared/CMakeLists.txt' --label 'in shared/' --unified=0 \
+        <(listed_headers shared/CMakeLists.txt public_headers) \
+        <(find shared -name '*.h' ! -path '*/detail/*' -printf '%P\n' | sort)
+    diff --label 'listed in host/CMakeLists.txt' --label 'in host/' --unified=0 \
+        <(listed_headers host/CMakeLists.txt host_headers) \
+        <(find host -name '*.h' -printf '%P\n' | sort)
+}

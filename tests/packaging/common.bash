@@ -1,0 +1,46 @@
+# shellcheck shell=bash
+# What the package tests share. CTest sets CMAKE, CXX, CXXFLAGS and the OVO_ variables.
+
+fail()
+{
+    printf 'FAIL: %s\n' "$*" >&2
+    exit 1
+}
+
+# expect_equal WHAT EXPECTED ACTUAL: of several lines, shows those that differ
+expect_equal()
+{
+    [[ $2 == "$3" ]] && return 0
+    diff --label expected --label actual --unified <(printf '%s\n' "$2") <(printf '%s\n' "$3") >&2
+    fail "$1"
+}
+
+# headers_in FOLDER: relative to it, sorted
+headers_in()
+{
+    (cd "$1" && find . -name '*.h' -printf '%P\n' | sort)
+}
+
+# run_copy_example PROGRAM: has it copy a tree and compares
+run_copy_example()
+{
+    local program=$1 source=$scratch/source destination=$scratch/destination output
+
+    mkdir --parents "$source/section 1/empty"
+    printf 'Ø 300 mm\n' >"$source/project.txt"
+    head --bytes=5000000 /dev/urandom >"$source/section 1/video"
+
+    rm --recursive --force "$destination"
+    output=$("$program" "$source" "$destination") || fail "$program failed: $output"
+    diff --recursive "$source" "$destination" || fail "$program copied something else"
+    expect_equal "the last lines of the program" \
+        $'5000010 of 5000010 bytes\ncopied' "$(tail --lines=2 <<<"$output")"
+
+    # without a source there is nothing to copy; without a right to write the copy falls short
+    output=$("$program" "$source" /proc/nowhere) \
+        && fail "$program was content with a destination that cannot be: $output"
+    [[ $output == *'not complete'* ]] || fail "unexpected output: $output"
+}
+
+scratch=$(mktemp --directory)
+trap 'chmod --recursive u+w "$scratch"; rm --recursive --force "$scratch"' EXIT
