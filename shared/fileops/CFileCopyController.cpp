@@ -98,9 +98,9 @@ void CFileCopyController::startRun()
     thread->wait();
 
     if (!m_runs.isEmpty()) {
-        // Ends not announced yet are in the event queue, behind them nothing: what an abort
-        // removes has to go now, or it would go from under the new run. And the old runs'
-        // progress is still to be delivered, so the clean slate is announced again after it.
+        // Their ends are still in the event queue. What an abort removes has to go now, or it
+        // would go from under the new run; and the old runs' progress is delivered only after
+        // this call, so the clean slate is announced once more behind it.
         for (Run &run : m_runs) {
             removeDestinations(run);
         }
@@ -118,6 +118,12 @@ void CFileCopyController::startRun()
     m_runs.append({m_destinations});
     m_worker->claimLoadedRequest();
     thread->start(QThread::InheritPriority);
+    if (!thread->isRunning() && !thread->isFinished()) {
+        // the system has no thread to give: the run ends, like any that failed, without a byte
+        m_worker->reset();
+        QMetaObject::invokeMethod(this, &CFileCopyController::onWorkerFinished,
+                                  Qt::QueuedConnection);
+    }
 }
 
 void CFileCopyController::copyFile(const QString &sourcePath, const QString &destinationPath)

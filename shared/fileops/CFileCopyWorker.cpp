@@ -32,7 +32,6 @@ constexpr qint64 s_pollInterval = 1'000'000; // ns
 constexpr qint64 s_prefetchSize = 128LL * 1024; // what the kernel starts to read at one request
 
 using State = CFileCopyController::State;
-using Error = CFileCopyController::Error;
 using Request = std::shared_ptr<detail::CopyRequest>;
 
 struct Freed
@@ -67,6 +66,18 @@ CFileCopyData directoryJob(const QString &sourcePath, const QString &destination
     job.sourcePath = sourceDirectory(sourcePath);
     job.destinationPath = destinationDirectory(destinationPath);
     return job;
+}
+
+// Before anything is written, so that the flushes cover them. Not QFile's permissions: for root
+// they add what root may do, and 0444 would become 0644.
+void takeOverPermissions(const detail::FileDescriptor &destination,
+                         const struct stat &destinationInfo, const struct stat &sourceInfo)
+{
+    const mode_t permissions = sourceInfo.st_mode & 0777;
+    const bool isDevice = !S_ISREG(destinationInfo.st_mode); // everybody's, and stays as it is
+    if (!isDevice && (destinationInfo.st_mode & 0777) != permissions) {
+        ::fchmod(destination.handle(), permissions);
+    }
 }
 
 // while this chunk is flushed, the next one can already be on its way from a slow source
@@ -416,12 +427,7 @@ int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinat
         return CFileCopyController::ErrorDestinationFileOpenFailed;
     }
 
-    // Now, so that the flushes cover them. And not QFile's permissions: for root they add what root
-    // may do, and 0444 would become 0644.
-    const mode_t permissions = sourceInfo.st_mode & 0777;
-    if ((destinationInfo.st_mode & 0777) != permissions) {
-        ::fchmod(destination.handle(), permissions);
-    }
+    takeOverPermissions(destination, destinationInfo, sourceInfo);
 
     int error = copyChunks(*request, source, destination, sourceInfo.st_size);
     if (!destination.close() && error == CFileCopyController::ErrorNone) {
@@ -430,9 +436,8 @@ int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinat
     source.close();
     if (error != CFileCopyController::ErrorNone) {
         detail::removeWrittenFile(destinationPath);
-        return error;
     }
-    return CFileCopyController::ErrorNone;
+    return error;
 }
 
 int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescriptor &source,
@@ -475,7 +480,7 @@ int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescri
     }
 }
 
-// of no other thread, whose events are not ours to deliver
+// those of the worker's own thread; when somebody works in its stead, there are none to deliver
 void CFileCopyWorker::processPendingEvents()
 {
     if (thread() != QThread::currentThread()) {

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void reportedErrorNamesTheSide_data();
     void reportedErrorNamesTheSide();
     void failedFileIsRemovedAndEarlierOnesStay();
+    void requestThatGetsNoThreadEndsAllTheSame();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
@@ -248,6 +250,30 @@ void tst_CopyFaults::failedFileIsRemovedAndEarlierOnesStay()
     QCOMPARE(Test::treeOf(path("dst")).keys(),
              QStringList({QStringLiteral("a"), QStringLiteral("sub/")}));
     QCOMPARE(Test::contentOf(path("dst/a")), Test::contentOf(path("src/a")));
+}
+
+void tst_CopyFaults::requestThatGetsNoThreadEndsAllTheSame()
+{
+    makeSource();
+    CFileCopyController controller;
+    QSignalSpy completed(&controller, &CFileCopyController::operationCompleted);
+    QSignalSpy canceled(&controller, &CFileCopyController::operationCanceled);
+    Faults::watch(m_folder->path());
+    Faults::failNth(Call::CreateThread, 1, EAGAIN);
+    QTest::ignoreMessage(
+        QtCriticalMsg, "QThread::start: Thread creation error (Resource temporarily unavailable)");
+    controller.copyDirectory(path("src"), path("dst"));
+    QVERIFY(Faults::hasStruck());
+    QCOMPARE(completed.count(), 0);
+    QTRY_COMPARE(completed.count(), 1);
+    QCOMPARE(controller.state(), CFileCopyController::StateIdle);
+    QVERIFY(!QFileInfo::exists(path("dst")));
+
+    controller.copyDirectory(path("src"), path("dst"));
+    QTRY_COMPARE(completed.count(), 2);
+    Faults::stop();
+    QCOMPARE(canceled.count(), 0);
+    QCOMPARE(Test::treeOf(path("dst")), Test::treeOf(path("src")));
 }
 
 QTEST_GUILESS_MAIN(tst_CopyFaults)

@@ -5,6 +5,7 @@
 #include <dlfcn.h>
 // not <fcntl.h>: it renames the very functions that are defined here
 #include <linux/fcntl.h>
+#include <pthread.h>
 #include <sys/syscall.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -21,7 +22,7 @@ namespace Test::FaultInjection {
 
 namespace {
 
-constexpr int s_calls = 5;
+constexpr int s_calls = 6;
 constexpr int s_descriptors = 4096;
 
 std::atomic<bool> s_watching{false};
@@ -253,6 +254,20 @@ int close(int fd)
         return -1;
     }
     return result;
+}
+
+int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*function)(void *),
+                   void *argument)
+{
+    using Create = int (*)(pthread_t *, const pthread_attr_t *, void *(*)(void *), void *);
+    static const auto original = next<Create>("pthread_create");
+    if (s_watching) {
+        const std::lock_guard<std::mutex> lock(s_mutex);
+        if (strikes(Call::CreateThread)) {
+            return s_error;
+        }
+    }
+    return original(thread, attributes, function, argument);
 }
 
 } // extern "C"

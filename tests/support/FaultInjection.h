@@ -8,13 +8,13 @@ namespace Test {
 /**
  * Makes system calls on the files of one folder fail, and records them in a journal.
  *
- * The program that compiles FaultInjection.cpp defines open, read, write, fsync and close itself,
- * for all of its libraries. Only files opened by a path below the watched folder are touched,
- * from the moment they are opened.
+ * The program that compiles FaultInjection.cpp defines open, read, write, fsync, close and
+ * pthread_create itself, for all of its libraries. Only files opened by a path below the watched
+ * folder are touched, from the moment they are opened; threads are touched while any is watched.
  */
 namespace FaultInjection {
 
-enum class Call { Open, Read, Write, Fsync, Close };
+enum class Call { Open, Read, Write, Fsync, Close, CreateThread };
 
 /** Transfers one byte less than half, instead of failing; for Read and Write. */
 constexpr int shortTransfer = -1;
