@@ -28,10 +28,11 @@ class EndLog
 public:
     explicit EndLog(CFileCopyController &controller)
     {
-        QObject::connect(&controller, &CFileCopyController::errorOccurred, [this] { ++m_errors; });
-        QObject::connect(&controller, &CFileCopyController::operationCompleted,
+        QObject::connect(&controller, &CFileCopyController::errorOccurred, &controller,
+                         [this] { ++m_errors; });
+        QObject::connect(&controller, &CFileCopyController::operationCompleted, &controller,
                          [this] { m_ends.append(QStringLiteral("completed")); });
-        QObject::connect(&controller, &CFileCopyController::operationCanceled,
+        QObject::connect(&controller, &CFileCopyController::operationCanceled, &controller,
                          [this] { m_ends.append(QStringLiteral("canceled")); });
     }
 
@@ -922,7 +923,7 @@ void tst_CFileCopyController::destroyedUnused()
 
 void tst_CFileCopyController::destroyedDuringACopyLeavesNoPartOfAFile()
 {
-    constexpr qint64 size = 40 * s_mebibyte;
+    constexpr int size = 40 * s_mebibyte;
     Test::makeFile(path("src/a"), "whole");
     Test::makeFile(path("src/b"), Test::someBytes(size));
     makeSyncWait();

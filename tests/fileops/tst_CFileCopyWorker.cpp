@@ -31,16 +31,17 @@ public:
     {
         using Worker = CFileCopyWorker;
         const auto log = [this](const QString &line) { m_lines.append(line); };
-        QObject::connect(&worker, &Worker::finished, [log] { log(QStringLiteral("finished")); });
-        QObject::connect(&worker, &Worker::stateChanged,
+        QObject::connect(&worker, &Worker::finished, &worker,
+                         [log] { log(QStringLiteral("finished")); });
+        QObject::connect(&worker, &Worker::stateChanged, &worker,
                          [log](int s) { log(QStringLiteral("state %1").arg(s)); });
-        QObject::connect(&worker, &Worker::errorOccurred,
+        QObject::connect(&worker, &Worker::errorOccurred, &worker,
                          [log](int e) { log(QStringLiteral("error %1").arg(e)); });
-        QObject::connect(&worker, &Worker::processedBytesChanged,
+        QObject::connect(&worker, &Worker::processedBytesChanged, &worker,
                          [log](qlonglong n) { log(QStringLiteral("processed %1").arg(n)); });
-        QObject::connect(&worker, &Worker::totalBytesChanged,
+        QObject::connect(&worker, &Worker::totalBytesChanged, &worker,
                          [log](qlonglong n) { log(QStringLiteral("total %1").arg(n)); });
-        QObject::connect(&worker, &Worker::processingDirectoryChanged,
+        QObject::connect(&worker, &Worker::processingDirectoryChanged, &worker,
                          [log](const QString &d) { log(QStringLiteral("directory %1").arg(d)); });
     }
 
@@ -895,7 +896,7 @@ void tst_CFileCopyWorker::pauseHoldsBeforeTheNextChunk()
     connect(
         &worker, &CFileCopyWorker::processedBytesChanged, &worker,
         [&](qlonglong n) {
-            if (n == 4 * s_mebibyte) {
+            if (n == 4194304) {
                 worker.pause();
                 firstChunk.release();
             }

@@ -127,7 +127,9 @@ private:
         address.sun_family = AF_UNIX;
         std::memcpy(address.sun_path, path.constData(), static_cast<size_t>(path.size()));
         const int fd = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        ::bind(fd, reinterpret_cast<const sockaddr *>(&address), sizeof(address));
+        // fails where the name is taken, which is as good
+        const auto *where = reinterpret_cast<const sockaddr *>(&address);
+        static_cast<void>(::bind(fd, where, sizeof(address)));
         ::close(fd);
     }
 

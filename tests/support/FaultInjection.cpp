@@ -27,14 +27,31 @@ constexpr int s_descriptors = 4096;
 
 std::atomic<bool> s_watching{false};
 std::mutex s_mutex; // guards the rest
-std::string s_folder;
-std::array<std::string, s_descriptors> s_names; // of the watched files, by descriptor
 std::array<int, s_calls> s_counts = {};
 int s_journal = -1;
 Call s_faultyCall = Call::Open;
 int s_faultIn = 0; // calls until the fault, 0: none
 int s_error = 0;
 bool s_struck = false;
+
+// made when first needed: the calls below are made before main(), too
+std::string &folder()
+{
+    static std::string path;
+    return path;
+}
+
+// of the watched files, by descriptor
+std::array<std::string, s_descriptors> &names()
+{
+    static std::array<std::string, s_descriptors> table;
+    return table;
+}
+
+std::string &nameOf(int fd)
+{
+    return names()[static_cast<size_t>(fd)];
+}
 
 int rawOpen(const char *path, int flags, int mode)
 {
@@ -43,7 +60,7 @@ int rawOpen(const char *path, int flags, int mode)
 
 bool isWatched(int fd)
 {
-    return fd >= 0 && fd < s_descriptors && !s_names[static_cast<size_t>(fd)].empty();
+    return fd >= 0 && fd < s_descriptors && !nameOf(fd).empty();
 }
 
 // whether this call is the one to fail
@@ -75,11 +92,11 @@ void closeJournal()
 
 } // namespace
 
-void watch(const QString &folder)
+void watch(const QString &path)
 {
     const std::lock_guard<std::mutex> lock(s_mutex);
-    s_folder = QFile::encodeName(folder).toStdString() + '/';
-    s_names.fill(std::string());
+    folder() = QFile::encodeName(path).toStdString() + '/';
+    names().fill(std::string());
     s_counts.fill(0);
     s_faultIn = 0;
     s_struck = false;
@@ -140,7 +157,7 @@ int openWatched(const char *path, int flags, int mode, const char *symbol)
         return original(path, flags, mode);
     }
     const std::lock_guard<std::mutex> lock(s_mutex);
-    if (std::strncmp(path, s_folder.c_str(), s_folder.size()) != 0) {
+    if (std::strncmp(path, folder().c_str(), folder().size()) != 0) {
         return original(path, flags, mode);
     }
     if (strikes(Call::Open)) {
@@ -149,8 +166,8 @@ int openWatched(const char *path, int flags, int mode, const char *symbol)
     }
     const int fd = original(path, flags, mode);
     if (fd >= 0 && fd < s_descriptors) {
-        s_names[static_cast<size_t>(fd)] = path + s_folder.size();
-        record("open " + s_names[static_cast<size_t>(fd)]);
+        nameOf(fd) = path + folder().size();
+        record("open " + nameOf(fd));
     }
     return fd;
 }
@@ -176,7 +193,7 @@ ssize_t transferWatched(Call call, const char *verb, Transfer original, int fd, 
         size = size > 2 ? size / 2 - 1 : size;
     }
     const ssize_t n = original(fd, data, size);
-    record(std::string(verb) + ' ' + s_names[static_cast<size_t>(fd)] + ' ' + std::to_string(n));
+    record(std::string(verb) + ' ' + nameOf(fd) + ' ' + std::to_string(n));
     return n;
 }
 
@@ -230,7 +247,7 @@ int fsync(int fd)
             errno = s_error;
             return -1;
         }
-        record("fsync " + s_names[static_cast<size_t>(fd)]);
+        record("fsync " + nameOf(fd));
     }
     return original(fd);
 }
@@ -246,8 +263,8 @@ int close(int fd)
         return original(fd);
     }
     const bool fails = strikes(Call::Close);
-    record("close " + s_names[static_cast<size_t>(fd)]);
-    s_names[static_cast<size_t>(fd)].clear();
+    record("close " + nameOf(fd));
+    nameOf(fd).clear();
     const int result = original(fd); // a close that fails closes all the same
     if (fails) {
         errno = s_error;
