@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -86,14 +85,14 @@ private:
     QString path(const QString &name) const { return m_folder->filePath(name); }
     bool nothingWasWritten() const { return !QFile::exists(m_destination); }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Test::TemporaryFolder> m_folder;
     QString m_source;
     QString m_destination;
 };
 
 void tst_Export::init()
 {
-    m_folder = std::make_unique<QTemporaryDir>();
+    m_folder = std::make_unique<Test::TemporaryFolder>();
     m_source = path(QStringLiteral("source"));
     m_destination = path(QStringLiteral("destination"));
     makeFile(m_source + QStringLiteral("/a.bin"), someBytes(5'000'000));

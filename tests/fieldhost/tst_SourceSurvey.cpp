@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -70,13 +69,13 @@ private Q_SLOTS:
     void aPipeIsNoSource();
 
 private:
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Test::TemporaryFolder> m_folder;
     QString m_root; // ends in "/"
 };
 
 void tst_SourceSurvey::init()
 {
-    m_folder = std::make_unique<QTemporaryDir>();
+    m_folder = std::make_unique<Test::TemporaryFolder>();
     m_root = m_folder->filePath(QStringLiteral("source/"));
     QVERIFY(QDir().mkpath(m_root));
 }

@@ -8,7 +8,15 @@
 
 #include <sys/stat.h>
 
+#include <filesystem>
+
 namespace Test {
+
+TemporaryFolder::~TemporaryFolder()
+{
+    std::error_code ignored; // the base class says what is left
+    std::filesystem::remove_all(QFile::encodeName(path()).toStdString(), ignored);
+}
 
 void makeFile(const QString &path, const QByteArray &content)
 {

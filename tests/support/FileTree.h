@@ -3,8 +3,16 @@
 #include <QByteArray>
 #include <QMap>
 #include <QString>
+#include <QTemporaryDir>
 
 namespace Test {
+
+/** A temporary folder that also takes away what no QString can name. */
+class TemporaryFolder : public QTemporaryDir
+{
+public:
+    ~TemporaryFolder();
+};
 
 /** Creates a file, and the folders above it, with that content; aborts the test when it cannot. */
 void makeFile(const QString &path, const QByteArray &content = QByteArray());
