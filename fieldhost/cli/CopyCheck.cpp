@@ -7,7 +7,6 @@
 #include <QHash>
 
 #include <cerrno>
-#include <cstring>
 #include <vector>
 
 #include <fcntl.h>
@@ -20,11 +19,6 @@ namespace Tavro::FieldHost {
 namespace {
 
 constexpr qint64 s_rereadLimit = 5000; // ms: long enough to meet a bad spot near the beginning
-
-QString systemText(int error)
-{
-    return QString::fromLocal8Bit(std::strerror(error));
-}
 
 class Descriptor
 {

@@ -1,5 +1,6 @@
 #include "fieldhost/cli/ExportPlan.h"
 
+#include "fieldhost/cli/Paths.h"
 #include "fieldhost/cli/Text.h"
 
 #include <QDir>
@@ -10,7 +11,6 @@
 
 #include <cerrno>
 #include <climits>
-#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -44,25 +44,6 @@ bool meansContents(const QString &typed)
     return typed.endsWith(QLatin1Char('/')) || typed == QLatin1String(".")
         || typed == QLatin1String("..") || typed.endsWith(QLatin1String("/."))
         || typed.endsWith(QLatin1String("/.."));
-}
-
-QString parentOf(const QString &path)
-{
-    const int slash = path.lastIndexOf(QLatin1Char('/'));
-    return slash > 0 ? path.left(slash) : QStringLiteral("/");
-}
-
-QString below(const QString &folder, const QString &name)
-{
-    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
-}
-
-bool existsOrIsLink(const QString &path)
-{
-    struct stat status
-    {
-    };
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
 }
 
 QString nearestExisting(QString path)
@@ -247,7 +228,7 @@ bool Planner::checkDestination()
         != 0) {
         return refuse(ExitDestinationRefused,
                       QStringLiteral("Nothing can be written to %1 (%2).")
-                          .arg(quoted(existing), QString::fromLocal8Bit(std::strerror(errno))));
+                          .arg(quoted(existing), systemText(errno)));
     }
     if (info.exists() && isFilledFolder(destination) && !m_intoExisting) {
         return refuse(

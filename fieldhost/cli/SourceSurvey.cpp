@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <memory>
 
 #include <dirent.h>
@@ -63,11 +62,6 @@ private:
     std::vector<Entry> m_foundFiles;
     SourceSurvey m_survey;
 };
-
-QString systemText(int error)
-{
-    return QString::fromLocal8Bit(std::strerror(error));
-}
 
 SourceSurvey Walk::run()
 {

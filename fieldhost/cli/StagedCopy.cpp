@@ -1,5 +1,6 @@
 #include "fieldhost/cli/StagedCopy.h"
 
+#include "fieldhost/cli/Paths.h"
 #include "fieldhost/cli/Text.h"
 
 #include <QDir>
@@ -9,7 +10,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -19,31 +19,12 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-QString systemText(int error)
-{
-    return QString::fromLocal8Bit(std::strerror(error));
-}
-
-bool exists(const QString &path)
-{
-    struct stat status
-    {
-    };
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
-}
-
 bool isFolder(const QString &path)
 {
     struct stat status
     {
     };
     return ::lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-QString parentOf(const QString &path)
-{
-    const int slash = path.lastIndexOf(QLatin1Char('/'));
-    return slash > 0 ? path.left(slash) : QStringLiteral("/");
 }
 
 QString nameOf(const QString &path)
@@ -104,7 +85,7 @@ bool StagedCopy::prepare()
 bool StagedCopy::createFolders(const QString &path)
 {
     QStringList missing;
-    for (QString folder = path; !exists(folder); folder = parentOf(folder)) {
+    for (QString folder = path; !existsOrIsLink(folder); folder = parentOf(folder)) {
         missing.prepend(folder);
     }
     for (const QString &folder : qAsConst(missing)) {
@@ -135,7 +116,7 @@ bool StagedCopy::settle()
 
 bool StagedCopy::merge(const QString &from, const QString &to)
 {
-    if (!isFolder(from) || !exists(to)) {
+    if (!isFolder(from) || !existsOrIsLink(to)) {
         if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData())
             == 0) {
             return true;

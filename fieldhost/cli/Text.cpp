@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstring>
 
 #include <wchar.h>
 
@@ -165,6 +166,11 @@ QString fitToColumns(const QString &line, int columns)
         return {};
     }
     return QString::fromUcs4(kept.constData(), kept.size()) + QChar(0x2026);
+}
+
+QString systemText(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
 }
 
 } // namespace Tavro::FieldHost

@@ -25,6 +25,9 @@ QString quoted(const QString &path);
 /** The same for a name as the file system has it; bytes that are not UTF-8 read \xNN. */
 QString quoted(const QByteArray &path);
 
+/** What the system calls the error number @p error. */
+QString systemText(int error);
+
 /** The beginning of @p line that fits into @p columns of a terminal, "…" last where it was cut. */
 QString fitToColumns(const QString &line, int columns);
 

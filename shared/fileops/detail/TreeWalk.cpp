@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <climits>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace Tavro::Shared::detail {
@@ -23,27 +25,21 @@ struct DirectoryCloser
 };
 using DirectoryHandle = std::unique_ptr<DIR, DirectoryCloser>;
 
-/** An entry of one directory, with what it is sorted by. */
+/** A piece of a FolderReader's text. */
+struct Piece
+{
+    size_t begin;
+    size_t length;
+};
+
+/** An entry of one directory. */
 struct Entry
 {
-    QString path;
-    QString foldedName; // null where the name is in lower case already
-    int nameStart;
+    Piece name;
+    Piece foldedName; // what it is sorted by
     qint64 size;
-
-    QStringView sortKey() const
-    {
-        return foldedName.isNull() ? QStringView(path).mid(nameStart) : QStringView(foldedName);
-    }
 };
 using Entries = std::vector<Entry>;
-
-/** The files and the subdirectories of one directory; some entries are both. */
-struct Folder
-{
-    Entries files;
-    Entries directories;
-};
 
 enum class Kind { Nothing, File, Directory, Other };
 
@@ -69,44 +65,59 @@ bool isAddressable(const char *name)
     return QFile::encodeName(QFile::decodeName(bytes)) == bytes;
 }
 
-/** Reads one directory; the buffers are kept from one to the next. */
+/**
+ * Reads and sorts one directory.
+ *
+ * The names stand one behind the other in a text that is kept from one directory to the next: a
+ * name costs no allocation before its path is made.
+ */
 class FolderReader
 {
 public:
-    // the result holds, and may be changed, until the next call
-    Folder &read(const QString &path);
+    void read(const QString &path);
+
+    // subdirectories and files, in order; some entries are both
+    void listDirectories(int rootLength, QStringList &directories);
+    void listFiles(TreeListing &listing);
 
 private:
     void add(int directoryFd, const dirent &entry);
     Examined examine(int directoryFd, const dirent &entry, qsizetype nameLength) const;
     Examined examineLink(const char *name) const;
-    Entry makeEntry(const char *name, int nameLength, bool isAscii, bool isLower,
-                    qint64 size) const;
+    Piece append(const char *ascii, int length);
+    Piece append(const QString &text);
+    Piece appendFolded(Piece name, bool isAscii);
+    std::u16string_view text(Piece piece) const;
+    bool sort(Entries &entries) const;
+    QString pathOf(const Entry &entry, int begin) const;
 
     QString m_prefix; // the directory's path, ending in "/"
     QByteArray m_nativePath; // the same as the system takes it
-    Folder m_folder;
+    std::u16string m_text;
+    Entries m_files;
+    Entries m_directories;
 };
 
-Folder &FolderReader::read(const QString &path)
+void FolderReader::read(const QString &path)
 {
-    m_folder.files.clear();
-    m_folder.directories.clear();
+    m_text.clear();
+    m_files.clear();
+    m_directories.clear();
     m_prefix = path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
     m_nativePath = QFile::encodeName(m_prefix);
 
     // by its full path, not relative to its parent: the system counts the links of a path, and
     // that count is what ends a walk through a link to a directory above
     const DirectoryHandle directory(::opendir(QFile::encodeName(path).constData()));
-    if (directory) {
-        const int fd = ::dirfd(directory.get());
-        while (const dirent *entry = ::readdir(directory.get())) {
-            if (entry->d_name[0] != '.') { // hidden, or the directory itself, or its parent
-                add(fd, *entry);
-            }
+    if (!directory) {
+        return;
+    }
+    const int fd = ::dirfd(directory.get());
+    while (const dirent *entry = ::readdir(directory.get())) {
+        if (entry->d_name[0] != '.') { // hidden, or the directory itself, or its parent
+            add(fd, *entry);
         }
     }
-    return m_folder;
 }
 
 void FolderReader::add(int directoryFd, const dirent &entry)
@@ -114,25 +125,31 @@ void FolderReader::add(int directoryFd, const dirent &entry)
     const char *name = entry.d_name;
     int length = 0;
     bool isAscii = true;
-    bool isLower = true;
+    bool hasCapitals = false;
     for (; name[length] != '\0'; ++length) {
         isAscii = isAscii && static_cast<unsigned char>(name[length]) < 0x80;
-        isLower = isLower && !(name[length] >= 'A' && name[length] <= 'Z');
+        hasCapitals = hasCapitals || (name[length] >= 'A' && name[length] <= 'Z');
     }
     if (!isAscii && !isAddressable(name)) {
         return;
     }
-
     const Examined examined = examine(directoryFd, entry, length);
     if (examined.kind == Kind::Nothing) {
         return;
     }
-    Entry found = makeEntry(name, length, isAscii, isAscii && isLower, examined.size);
-    if (examined.kind == Kind::Other) {
-        m_folder.directories.push_back(found);
+
+    Entry found = {};
+    // with the path in front: decoding would take a byte order mark at the very beginning off
+    found.name = isAscii ? append(name, length)
+                         : append(QFile::decodeName(m_nativePath + name).mid(m_prefix.size()));
+    found.foldedName = isAscii && !hasCapitals ? found.name : appendFolded(found.name, isAscii);
+    found.size = examined.size;
+    if (examined.kind != Kind::Directory) {
+        m_files.push_back(found);
     }
-    Entries &list = examined.kind == Kind::Directory ? m_folder.directories : m_folder.files;
-    list.push_back(std::move(found));
+    if (examined.kind != Kind::File) {
+        m_directories.push_back(found);
+    }
 }
 
 // QFileInfo believes what the directory says of an entry, and follows links by the full path
@@ -175,56 +192,96 @@ Examined FolderReader::examineLink(const char *name) const
     return {kindOf(info.st_mode), info.st_size};
 }
 
-Entry FolderReader::makeEntry(const char *name, int nameLength, bool isAscii, bool isLower,
-                              qint64 size) const
+Piece FolderReader::append(const char *ascii, int length)
 {
-    Entry entry{QString(), QString(), m_prefix.size(), size};
-    if (isAscii) {
-        entry.path.reserve(m_prefix.size() + nameLength);
-        entry.path += m_prefix;
-        entry.path += QLatin1String(name, nameLength);
-    } else {
-        entry.path = QFile::decodeName(m_nativePath + name);
-    }
-    if (!isLower) {
-        entry.foldedName = entry.path.mid(entry.nameStart).toLower();
-    }
-    return entry;
+    const size_t begin = m_text.size();
+    m_text.append(ascii, ascii + length);
+    return {begin, m_text.size() - begin};
 }
 
-/** Sorts by name ignoring case; false when that leaves the order of two entries open. */
-bool sortByFoldedName(Entries &entries)
+Piece FolderReader::append(const QString &text)
 {
-    std::sort(entries.begin(), entries.end(),
-              [](const Entry &a, const Entry &b) { return a.sortKey() < b.sortKey(); });
-    return std::adjacent_find(
-               entries.begin(), entries.end(),
-               [](const Entry &a, const Entry &b) { return a.sortKey() == b.sortKey(); })
-        == entries.end();
+    const size_t begin = m_text.size();
+    m_text.append(reinterpret_cast<const char16_t *>(text.utf16()),
+                  static_cast<size_t>(text.size()));
+    return {begin, m_text.size() - begin};
+}
+
+Piece FolderReader::appendFolded(Piece name, bool isAscii)
+{
+    if (!isAscii) {
+        const auto *begin = reinterpret_cast<const QChar *>(m_text.data() + name.begin);
+        return append(QString(begin, static_cast<int>(name.length)).toLower());
+    }
+    const size_t begin = m_text.size();
+    for (size_t i = name.begin; i < name.begin + name.length; ++i) {
+        const char16_t c = m_text[i];
+        m_text.push_back(c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + (u'a' - u'A')) : c);
+    }
+    return {begin, name.length};
+}
+
+std::u16string_view FolderReader::text(Piece piece) const
+{
+    return {m_text.data() + piece.begin, piece.length};
+}
+
+// by name ignoring case; false when that leaves the order of two entries open
+bool FolderReader::sort(Entries &entries) const
+{
+    std::sort(entries.begin(), entries.end(), [this](const Entry &a, const Entry &b) {
+        return text(a.foldedName) < text(b.foldedName);
+    });
+    const auto tie = [this](const Entry &a, const Entry &b) {
+        return text(a.foldedName) == text(b.foldedName);
+    };
+    return std::adjacent_find(entries.begin(), entries.end(), tie) == entries.end();
+}
+
+// the entry's path without its first characters
+QString FolderReader::pathOf(const Entry &entry, int begin) const
+{
+    const int prefixLength = m_prefix.size() - begin;
+    QString path(prefixLength + static_cast<int>(entry.name.length), Qt::Uninitialized);
+    std::copy_n(m_prefix.constData() + begin, prefixLength, path.data());
+    std::copy_n(reinterpret_cast<const QChar *>(m_text.data() + entry.name.begin),
+                entry.name.length, path.data() + prefixLength);
+    return path;
 }
 
 // Names that differ only in case stand in the order in which QDir's own sorting happens to
 // leave them, so QDir is asked for these rare directories.
-Entries filesInOrderOf(const QString &path)
-{
-    Entries entries;
-    const QFileInfoList files = QDir(path).entryInfoList(QDir::Files, QDir::NoSort);
-    for (const QFileInfo &file : files) {
-        entries.push_back({file.absoluteFilePath(), QString(), 0, file.size()});
-    }
-    return entries;
-}
 
-Entries directoriesInOrderOf(const QString &path)
+void FolderReader::listDirectories(int rootLength, QStringList &directories)
 {
-    Entries entries;
-    const QDir directory(path);
+    if (sort(m_directories)) {
+        for (const Entry &entry : m_directories) {
+            directories.append(pathOf(entry, rootLength));
+        }
+        return;
+    }
+    const QDir directory(m_prefix);
     const QStringList names =
         directory.entryList(QDir::AllDirs | QDir::NoDotAndDotDot, QDir::NoSort);
     for (const QString &name : names) {
-        entries.push_back({directory.absoluteFilePath(name), QString(), 0, 0});
+        directories.append(directory.absoluteFilePath(name).mid(rootLength));
     }
-    return entries;
+}
+
+void FolderReader::listFiles(TreeListing &listing)
+{
+    if (sort(m_files)) {
+        for (const Entry &entry : m_files) {
+            listing.files.append(CFileEntry(pathOf(entry, 0), entry.size));
+            listing.bytes += entry.size;
+        }
+        return;
+    }
+    const QFileInfoList files = QDir(m_prefix).entryInfoList(QDir::Files, QDir::NoSort);
+    for (const QFileInfo &file : files) {
+        listing.files.append(CFileEntry(file.absoluteFilePath(), file.size()));
+        listing.bytes += file.size();
+    }
 }
 
 } // namespace
@@ -234,22 +291,10 @@ TreeListing listTree(const QString &root)
     TreeListing listing;
     const QString prefix = root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/');
     FolderReader reader;
-
     const auto visit = [&](const QString &path) {
-        Folder &folder = reader.read(path);
-        if (!sortByFoldedName(folder.files)) {
-            folder.files = filesInOrderOf(path);
-        }
-        if (!sortByFoldedName(folder.directories)) {
-            folder.directories = directoriesInOrderOf(path);
-        }
-        for (const Entry &directory : folder.directories) {
-            listing.directories.append(directory.path.mid(prefix.size()));
-        }
-        for (const Entry &file : folder.files) {
-            listing.files.append(CFileEntry(file.path, file.size));
-            listing.bytes += file.size;
-        }
+        reader.read(path);
+        reader.listDirectories(prefix.size(), listing.directories);
+        reader.listFiles(listing);
     };
 
     visit(root);
