@@ -2,6 +2,7 @@
 
 #include "host/CLogger.h"
 #include "shared/fileops/CFileCopyWorker.h"
+#include "shared/fileops/detail/ReportQueue.h"
 #include "shared/fileops/detail/TrimmedDestination.h"
 #include "shared/fileops/detail/WorkerThreadOwner.h"
 
@@ -21,25 +22,53 @@ CFileCopyController::CFileCopyController(QObject *parent)
     : QObject(parent)
     , m_worker(new CFileCopyWorker)
     , m_thread(std::make_unique<detail::WorkerThreadOwner>(m_worker))
+    , m_reports(detail::ReportQueue::create(this))
 {
     QThread *thread = m_thread->thread();
     connect(thread, &QThread::started, m_worker, &CFileCopyWorker::doWork);
     // direct: the next request may be waiting for the thread's end in the thread that would have
     // to deliver a queued call
     connect(m_worker, &CFileCopyWorker::finished, thread, &QThread::quit, Qt::DirectConnection);
-    connect(m_worker, &CFileCopyWorker::finished, this, &CFileCopyController::onWorkerFinished);
-    connect(m_worker, &CFileCopyWorker::processedBytesChanged, this,
-            &CFileCopyController::setProcessedBytes);
-    connect(m_worker, &CFileCopyWorker::processingDirectoryChanged, this,
-            &CFileCopyController::setProcessingDirectory);
-    connect(m_worker, &CFileCopyWorker::totalBytesChanged, this,
-            &CFileCopyController::setTotalBytes);
-    connect(m_worker, &CFileCopyWorker::stateChanged, this, &CFileCopyController::setState);
-    // the worker's errorOccurred() ends here: a run that failed is announced as completed
+    connectReports();
+}
+
+// The worker's signals reach the slots as if by queued connections, in order and one by one, but
+// without a wake-up for each. errorOccurred() ends here: a run that failed is announced as
+// completed.
+void CFileCopyController::connectReports()
+{
+    const auto reports = m_reports;
+    connect(
+        m_worker, &CFileCopyWorker::finished, m_worker,
+        [this, reports] { reports->reportUrgently([this] { onWorkerFinished(); }); },
+        Qt::DirectConnection);
+    connect(
+        m_worker, &CFileCopyWorker::processedBytesChanged, m_worker,
+        [this, reports](qlonglong value) {
+            reports->report([this, value] { setProcessedBytes(value); });
+        },
+        Qt::DirectConnection);
+    connect(
+        m_worker, &CFileCopyWorker::processingDirectoryChanged, m_worker,
+        [this, reports](const QString &directory) {
+            reports->report([this, directory] { setProcessingDirectory(directory); });
+        },
+        Qt::DirectConnection);
+    connect(
+        m_worker, &CFileCopyWorker::totalBytesChanged, m_worker,
+        [this, reports](qlonglong value) {
+            reports->report([this, value] { setTotalBytes(value); });
+        },
+        Qt::DirectConnection);
+    connect(
+        m_worker, &CFileCopyWorker::stateChanged, m_worker,
+        [this, reports](int state) { reports->report([this, state] { setState(state); }); },
+        Qt::DirectConnection);
 }
 
 CFileCopyController::~CFileCopyController()
 {
+    m_reports->close();
     m_worker->abandonWork();
 }
 
@@ -98,21 +127,18 @@ void CFileCopyController::startRun()
     thread->wait();
 
     if (!m_runs.isEmpty()) {
-        // Their ends are still in the event queue. What an abort removes has to go now, or it
+        // Their ends are still to be delivered. What an abort removes has to go now, or it
         // would go from under the new run; and the old runs' progress is delivered only after
         // this call, so the clean slate is announced once more behind it.
         for (Run &run : m_runs) {
             removeDestinations(run);
         }
         const int loadedState = m_worker->state();
-        QMetaObject::invokeMethod(
-            this,
-            [this, loadedState] {
-                setState(loadedState);
-                setProcessedBytes(0);
-                setTotalBytes(0);
-            },
-            Qt::QueuedConnection);
+        m_reports->reportUrgently([this, loadedState] {
+            setState(loadedState);
+            setProcessedBytes(0);
+            setTotalBytes(0);
+        });
     }
 
     m_runs.append({m_destinations});
@@ -121,8 +147,7 @@ void CFileCopyController::startRun()
     if (!thread->isRunning() && !thread->isFinished()) {
         // the system has no thread to give: the run ends, like any that failed, without a byte
         m_worker->reset();
-        QMetaObject::invokeMethod(this, &CFileCopyController::onWorkerFinished,
-                                  Qt::QueuedConnection);
+        m_reports->reportUrgently([this] { onWorkerFinished(); });
     }
 }
 

@@ -12,8 +12,9 @@ namespace Tavro::Shared {
 class CFileCopyWorker;
 
 namespace detail {
+class ReportQueue;
 class WorkerThreadOwner;
-}
+} // namespace detail
 
 /**
  * Copies directory trees and single files in the background, with progress in bytes.
@@ -154,11 +155,13 @@ private:
         bool removed = false;
     };
 
+    void connectReports();
     void startRun();
     static void removeDestinations(Run &run);
 
     CFileCopyWorker *m_worker; // owned by m_thread's owner, lives in its thread
     std::unique_ptr<detail::WorkerThreadOwner> m_thread;
+    std::shared_ptr<detail::ReportQueue> m_reports; // from the worker
     qlonglong m_totalBytes = 0;
     qlonglong m_processedBytes = 0;
     QString m_processingDirectory;

@@ -27,19 +27,48 @@ namespace Tavro::Shared {
 namespace {
 
 constexpr qint64 s_chunkSize = 4LL * 1024 * 1024;
-constexpr size_t s_pageSize = 4096; // the kernel copies whole pages fastest
+constexpr qint64 s_pageSize = 4096; // the kernel copies whole pages fastest
 constexpr qint64 s_pollInterval = 1'000'000; // ns
 constexpr qint64 s_prefetchSize = 128LL * 1024; // what the kernel starts to read at one request
 
 using State = CFileCopyController::State;
 using Request = std::shared_ptr<detail::CopyRequest>;
 
-struct Freed
+// true when it was missing and is there now
+bool makeDirectory(const QString &path)
 {
-    void operator()(char *memory) const { std::free(memory); }
+    return !path.isEmpty() && !QDir(path).exists() && QDir().mkpath(path);
+}
+
+/**
+ * Holds one chunk, or less where the file is smaller: to map 4 MiB and give them back again costs
+ * as much as copying a small file. Left as it comes: filling it with zeros would cost more still.
+ */
+class ChunkBuffer
+{
+public:
+    explicit ChunkBuffer(qint64 fileSize)
+    {
+        // one byte more than the file: a buffer filled to its end says that the file has grown
+        const qint64 pages = fileSize / s_pageSize + 1;
+        m_size = std::min(pages * s_pageSize, s_chunkSize);
+        m_memory.reset(
+            static_cast<char *>(std::aligned_alloc(s_pageSize, static_cast<size_t>(m_size))));
+    }
+
+    bool isNull() const { return !m_memory; }
+    char *data() const { return m_memory.get(); }
+    qint64 size() const { return m_size; }
+
+private:
+    struct Free
+    {
+        void operator()(char *memory) const { std::free(memory); }
+    };
+
+    qint64 m_size;
+    std::unique_ptr<char, Free> m_memory;
 };
-// left as it comes: filling it with zeros would cost more than copying a small file
-using ChunkBuffer = std::unique_ptr<char, Freed>;
 
 QString withFinalSlash(const QString &path)
 {
@@ -380,15 +409,20 @@ bool CFileCopyWorker::copyTree(detail::CopyRequest &request, const CFileCopyData
         // not judged here: a file whose directory is missing says so when it is copied
         createFolderStructure(job.destinationPath, job.directories);
     }
-    const QByteArray nativeDestination = QFile::encodeName(job.destinationPath);
+    bool isAsked = false; // whether the destination is there, once; and again when a file finds not
     for (const CFileEntry &file : job.files) {
         // every occurrence goes, not only the first: destinations have always been named so
-        const QString target = file.path().remove(job.sourcePath);
-        if (hasDestination && !detail::isDirectory(nativeDestination)) {
-            QDir().mkpath(job.destinationPath);
+        QString target = file.path().remove(job.sourcePath);
+        target = hasDestination ? job.destinationPath + target : QString();
+        if (!isAsked) {
+            isAsked = true;
+            makeDirectory(job.destinationPath);
         }
-        request.error =
-            copyFile(file.path(), hasDestination ? job.destinationPath + target : QString());
+        request.error = copyFile(file.path(), target);
+        if (request.error == CFileCopyController::ErrorDestinationFileOpenFailed
+            && makeDirectory(job.destinationPath)) {
+            request.error = copyFile(file.path(), target);
+        }
         if (request.error != CFileCopyController::ErrorNone) {
             Q_EMIT errorOccurred(request.error);
             return false;
@@ -443,8 +477,8 @@ int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinat
 int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescriptor &source,
                                 detail::FileDescriptor &destination, qint64 sourceSize)
 {
-    const ChunkBuffer buffer(static_cast<char *>(std::aligned_alloc(s_pageSize, s_chunkSize)));
-    if (!buffer) {
+    ChunkBuffer buffer(sourceSize);
+    if (buffer.isNull()) {
         return CFileCopyController::ErrorSourceFileReadFailed;
     }
     qint64 copied = 0;
@@ -457,14 +491,14 @@ int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescri
         }
         m_d->gate.pass();
 
-        const qint64 n = source.read(buffer.get(), s_chunkSize, sourceSize - copied);
+        const qint64 n = source.read(buffer.data(), buffer.size(), sourceSize - copied);
         if (n == 0) {
             return CFileCopyController::ErrorNone;
         }
         if (n < 0) {
             return CFileCopyController::ErrorSourceFileReadFailed;
         }
-        if (!destination.write(buffer.get(), n)) {
+        if (!destination.write(buffer.data(), n)) {
             return CFileCopyController::ErrorDestinationFileWriteFailed;
         }
         copied += n;
@@ -477,6 +511,13 @@ int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescri
             syncSystem();
         }
         updateProcessedBytes(n);
+
+        if (n == buffer.size() && n < s_chunkSize) {
+            buffer = ChunkBuffer(s_chunkSize); // the file is still growing
+            if (buffer.isNull()) {
+                return CFileCopyController::ErrorSourceFileReadFailed;
+            }
+        }
     }
 }
 

@@ -128,12 +128,6 @@ bool FileDescriptor::close()
     return ::close(std::exchange(m_fd, -1)) == 0;
 }
 
-bool isDirectory(const QByteArray &nativePath)
-{
-    struct stat info = {};
-    return ::stat(nativePath.constData(), &info) == 0 && S_ISDIR(info.st_mode);
-}
-
 void removeWrittenFile(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);

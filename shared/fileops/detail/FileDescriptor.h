@@ -65,9 +65,6 @@ private:
     int m_fd = -1;
 };
 
-/** Whether the path, as the system takes it, leads to a directory. */
-bool isDirectory(const QByteArray &nativePath);
-
 /** Removes a file or a link; never a device node that the path may name. */
 void removeWrittenFile(const QString &path);
 
