@@ -44,7 +44,7 @@ void ReportQueue::report(Report report)
         return;
     }
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_reports.push_back(std::move(report));
+    append(std::move(report));
     if (!m_isAwaited) {
         wakeReceiver();
     }
@@ -53,8 +53,16 @@ void ReportQueue::report(Report report)
 void ReportQueue::reportUrgently(Report report)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_reports.push_back(std::move(report));
+    append(std::move(report));
     wakeReceiver();
+}
+
+// with the mutex held
+void ReportQueue::append(Report report)
+{
+    if (m_receiver) {
+        m_reports.push_back(std::move(report));
+    }
 }
 
 void ReportQueue::close()

@@ -42,6 +42,7 @@ public:
 private:
     explicit ReportQueue(QObject *receiver);
 
+    void append(Report report);
     void wakeReceiver();
     void deliver();
 

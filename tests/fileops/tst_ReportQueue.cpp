@@ -1,0 +1,198 @@
+#include "shared/fileops/detail/ReportQueue.h"
+
+#include <QEventLoop>
+#include <QSemaphore>
+#include <QTest>
+#include <QThread>
+
+#include <functional>
+#include <memory>
+#include <thread>
+
+using Tavro::Shared::detail::ReportQueue;
+
+namespace {
+
+/** Counts how often its thread is woken for it. */
+class Receiver : public QObject
+{
+public:
+    int wakeUps() const { return m_wakeUps; }
+
+    bool event(QEvent *event) override
+    {
+        m_wakeUps += event->type() == QEvent::MetaCall ? 1 : 0;
+        return QObject::event(event);
+    }
+
+private:
+    int m_wakeUps = 0;
+};
+
+void inAnotherThread(const std::function<void()> &function)
+{
+    std::thread thread(function);
+    thread.join();
+}
+
+} // namespace
+
+class tst_ReportQueue : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyReportArrivesInOrder();
+    void manyReportsWakeTheReceiverFewTimes();
+    void reportInTheReceivingThreadIsDeliveredAtOnce();
+    void urgentReportWaitsForTheEventLoopAndForWhatCameBefore();
+    void reportAfterAPauseIsDelivered();
+    void nestedEventLoopGoesOnWithTheNextReport();
+    void nothingIsDeliveredAfterClose();
+    void receiverMayGoInTheMiddle();
+};
+
+void tst_ReportQueue::everyReportArrivesInOrder()
+{
+    Receiver receiver;
+    const auto queue = ReportQueue::create(&receiver);
+    QList<int> seen;
+    QThread *seenIn = nullptr;
+    std::thread worker([&] {
+        for (int i = 0; i < 20000; ++i) {
+            queue->report([&, i] {
+                seen.append(i);
+                seenIn = QThread::currentThread();
+            });
+        }
+    });
+    QTRY_COMPARE(seen.size(), 20000);
+    worker.join();
+    for (int i = 0; i < seen.size(); ++i) {
+        QCOMPARE(seen.at(i), i);
+    }
+    QCOMPARE(seenIn, QThread::currentThread());
+}
+
+void tst_ReportQueue::manyReportsWakeTheReceiverFewTimes()
+{
+    Receiver receiver;
+    const auto queue = ReportQueue::create(&receiver);
+    int seen = 0;
+    QSemaphore step;
+    QSemaphore reported;
+    std::thread worker([&] {
+        for (int i = 0; i < 1000; ++i) {
+            step.acquire();
+            queue->report([&seen] { ++seen; });
+            reported.release();
+        }
+    });
+    for (int i = 0; i < 1000; ++i) {
+        step.release();
+        reported.acquire();
+        QCoreApplication::processEvents(); // as eager as an idle event loop
+    }
+    worker.join();
+    QTRY_COMPARE(seen, 1000);
+    QVERIFY2(receiver.wakeUps() < 500, QByteArray::number(receiver.wakeUps()));
+}
+
+void tst_ReportQueue::reportInTheReceivingThreadIsDeliveredAtOnce()
+{
+    Receiver receiver;
+    const auto queue = ReportQueue::create(&receiver);
+    bool isSeen = false;
+    queue->report([&] { isSeen = true; });
+    QVERIFY(isSeen);
+}
+
+void tst_ReportQueue::urgentReportWaitsForTheEventLoopAndForWhatCameBefore()
+{
+    Receiver receiver;
+    const auto queue = ReportQueue::create(&receiver);
+    QString seen;
+    inAnotherThread([&] { queue->report([&] { seen += QLatin1Char('a'); }); });
+    queue->reportUrgently([&] { seen += QLatin1Char('b'); });
+    QCOMPARE(seen, QString());
+    QCoreApplication::processEvents();
+    QCOMPARE(seen, QStringLiteral("ab"));
+    // awaited by the clock now, but an urgent one does not wait for that
+    inAnotherThread([&] { queue->report([&] { seen += QLatin1Char('c'); }); });
+    inAnotherThread([&] { queue->reportUrgently([&] { seen += QLatin1Char('d'); }); });
+    QCoreApplication::sendPostedEvents(&receiver);
+    QCOMPARE(seen, QStringLiteral("abcd"));
+}
+
+void tst_ReportQueue::reportAfterAPauseIsDelivered()
+{
+    Receiver receiver;
+    const auto queue = ReportQueue::create(&receiver);
+    int seen = 0;
+    for (int i = 1; i <= 3; ++i) {
+        inAnotherThread([&] { queue->report([&] { ++seen; }); });
+        QTRY_COMPARE(seen, i);
+        QTest::qWait(30); // long enough for the receiver to stop looking
+    }
+}
+
+void tst_ReportQueue::nestedEventLoopGoesOnWithTheNextReport()
+{
+    Receiver receiver;
+    const auto queue = ReportQueue::create(&receiver);
+    QString seen;
+    inAnotherThread([&] {
+        queue->report([&] {
+            seen += QLatin1Char('a');
+            QEventLoop loop;
+            // ended by what is reported behind it
+            queue->reportUrgently([&] {
+                seen += QLatin1Char('c');
+                loop.quit();
+            });
+            loop.exec();
+            seen += QLatin1Char('d');
+        });
+        queue->report([&] { seen += QLatin1Char('b'); });
+    });
+    QTRY_COMPARE(seen, QStringLiteral("abcd"));
+}
+
+void tst_ReportQueue::nothingIsDeliveredAfterClose()
+{
+    Receiver receiver;
+    const auto queue = ReportQueue::create(&receiver);
+    int seen = 0;
+    inAnotherThread([&] { queue->report([&] { ++seen; }); });
+    queue->close();
+    inAnotherThread([&] { queue->reportUrgently([&] { ++seen; }); });
+    bool isProven = false;
+    QMetaObject::invokeMethod(
+        &receiver, [&] { isProven = true; }, Qt::QueuedConnection);
+    QTRY_VERIFY(isProven);
+    QCOMPARE(seen, 0);
+}
+
+void tst_ReportQueue::receiverMayGoInTheMiddle()
+{
+    auto receiver = std::make_unique<Receiver>();
+    auto queue = ReportQueue::create(receiver.get());
+    int seen = 0;
+    inAnotherThread([&] {
+        queue->report([&] {
+            ++seen;
+            queue->close();
+            receiver.reset();
+        });
+        queue->report([&] { ++seen; });
+    });
+    QTRY_VERIFY(!receiver);
+    QCOMPARE(seen, 1);
+    inAnotherThread([&] { queue->report([&] { ++seen; }); });
+    QTest::qWait(20);
+    QCOMPARE(seen, 1);
+}
+
+QTEST_GUILESS_MAIN(tst_ReportQueue)
+
+#include "tst_ReportQueue.moc"
