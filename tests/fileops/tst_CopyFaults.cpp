@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 #include <cerrno>
 
 using Tavro::Shared::CFileCopyController;
@@ -34,6 +36,7 @@ private Q_SLOTS:
     void reportedErrorNamesTheSide_data();
     void reportedErrorNamesTheSide();
     void failedFileIsRemovedAndEarlierOnesStay();
+    void whatIsNoRegularFileIsNotEvenOpened();
     void requestThatGetsNoThreadEndsAllTheSame();
 
 private:
@@ -250,6 +253,21 @@ void tst_CopyFaults::failedFileIsRemovedAndEarlierOnesStay()
     QCOMPARE(Test::treeOf(path("dst")).keys(),
              QStringList({QStringLiteral("a"), QStringLiteral("sub/")}));
     QCOMPARE(Test::contentOf(path("dst/a")), Test::contentOf(path("src/a")));
+}
+
+void tst_CopyFaults::whatIsNoRegularFileIsNotEvenOpened()
+{
+    // a device may act on being opened, and whoever waits to write into a FIFO would be let go
+    QVERIFY(::mkfifo(path("fifo").toUtf8().constData(), 0644) == 0);
+    QVERIFY(QFile::link(path("fifo"), path("link")));
+    Faults::watch(m_folder->path());
+    CFileCopyWorker worker;
+    for (const char *name : {"fifo", "link"}) {
+        QCOMPARE(worker.copyFile(path(name), path("copy")),
+                 static_cast<int>(CFileCopyController::ErrorSourceFileOpenFailed));
+    }
+    QCOMPARE(Faults::count(Call::Open), 0);
+    Faults::stop();
 }
 
 void tst_CopyFaults::requestThatGetsNoThreadEndsAllTheSame()
