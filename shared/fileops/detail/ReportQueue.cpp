@@ -16,7 +16,7 @@ constexpr int s_interval = 5; // ms: faster than a screen is drawn
 
 std::shared_ptr<ReportQueue> ReportQueue::create(QObject *receiver)
 {
-    const std::shared_ptr<ReportQueue> queue(new ReportQueue(receiver));
+    std::shared_ptr<ReportQueue> queue(new ReportQueue(receiver));
     // held weakly: the timer belongs to the receiver, and may outlast the queue
     QObject::connect(queue->m_nextLook, &QTimer::timeout, receiver,
                      [weak = queue->weak_from_this()] {
