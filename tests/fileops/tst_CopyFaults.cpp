@@ -36,6 +36,7 @@ private Q_SLOTS:
     void reportedErrorNamesTheSide_data();
     void reportedErrorNamesTheSide();
     void failedFileIsRemovedAndEarlierOnesStay();
+    void shortReadsAreFilledUpToAChunk();
     void whatIsNoRegularFileIsNotEvenOpened();
     void requestThatGetsNoThreadEndsAllTheSame();
 
@@ -253,6 +254,23 @@ void tst_CopyFaults::failedFileIsRemovedAndEarlierOnesStay()
     QCOMPARE(Test::treeOf(path("dst")).keys(),
              QStringList({QStringLiteral("a"), QStringLiteral("sub/")}));
     QCOMPARE(Test::contentOf(path("dst/a")), Test::contentOf(path("src/a")));
+}
+
+void tst_CopyFaults::shortReadsAreFilledUpToAChunk()
+{
+    // a slow source that gives less than was asked for must not cost a flush each time
+    Test::makeFile(path("big"), Test::someBytes(9 * 1024 * 1024));
+    Faults::watch(m_folder->path());
+    Faults::failNth(Call::Read, 1, Faults::shortTransfer);
+    CFileCopyWorker worker;
+    QList<qlonglong> progress;
+    connect(&worker, &CFileCopyWorker::processedBytesChanged, &worker,
+            [&progress](qlonglong value) { progress.append(value); });
+    QCOMPARE(worker.copyFile(path("big"), path("copy")), 0);
+    QVERIFY(Faults::hasStruck());
+    QCOMPARE(Faults::count(Call::Fsync), 3);
+    Faults::stop();
+    QCOMPARE(progress, QList<qlonglong>({4194304, 8388608, 9437184}));
 }
 
 void tst_CopyFaults::whatIsNoRegularFileIsNotEvenOpened()
