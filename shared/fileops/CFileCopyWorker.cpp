@@ -41,8 +41,8 @@ bool makeDirectory(const QString &path)
 }
 
 /**
- * Holds one chunk, or less where the file is smaller: to map 4 MiB and give them back again costs
- * as much as copying a small file. Left as it comes: filling it with zeros would cost more still.
+ * Holds one chunk, or less where the file is smaller: for a small file, mapping 4 MiB and giving
+ * them back is a cost that shows. Left as it comes: filling it with zeros would cost far more.
  */
 class ChunkBuffer
 {
@@ -491,7 +491,19 @@ int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescri
         }
         m_d->gate.pass();
 
-        const qint64 n = source.read(buffer.data(), buffer.size(), sourceSize - copied);
+        qint64 n = source.read(buffer.data(), buffer.size(), sourceSize - copied);
+        if (n > 0 && copied + n > sourceSize && buffer.size() < s_chunkSize) {
+            // the file is growing: what it has by now still makes a chunk of the usual size
+            ChunkBuffer whole(s_chunkSize);
+            if (whole.isNull()) {
+                return CFileCopyController::ErrorSourceFileReadFailed;
+            }
+            std::copy_n(buffer.data(), n, whole.data());
+            buffer = std::move(whole);
+            const qint64 room = buffer.size() - n;
+            const qint64 more = source.read(buffer.data() + n, room, room);
+            n = more < 0 ? more : n + more;
+        }
         if (n == 0) {
             return CFileCopyController::ErrorNone;
         }
@@ -511,13 +523,6 @@ int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescri
             syncSystem();
         }
         updateProcessedBytes(n);
-
-        if (n == buffer.size() && n < s_chunkSize) {
-            buffer = ChunkBuffer(s_chunkSize); // the file is still growing
-            if (buffer.isNull()) {
-                return CFileCopyController::ErrorSourceFileReadFailed;
-            }
-        }
     }
 }
 

@@ -127,6 +127,7 @@ private Q_SLOTS:
     void syncRunsOnceForAJob();
     void syncRunsAfterEveryChunkOfADirectCopy();
     void growingFileSyncsEveryFurtherChunk();
+    void fileThatGrowsWhileItIsCopiedKeepsItsChunks();
     void zeroLengthFileIsCreatedSilently();
     void missingSyncCommandIsNoFailure();
 
@@ -596,6 +597,26 @@ void tst_CFileCopyWorker::growingFileSyncsEveryFurtherChunk()
                             "processed 8388608, processed 9437184, state 0, finished"));
     QCOMPARE(syncCount(), 3);
     QVERIFY(Test::contentOf(path("dst/f")) == Test::contentOf(path("src/f")));
+}
+
+void tst_CFileCopyWorker::fileThatGrowsWhileItIsCopiedKeepsItsChunks()
+{
+    Test::makeFile(path("f"), Test::someBytes(100, 1));
+    CFileCopyWorker worker;
+    SignalLog log(worker);
+    connect(&worker, &CFileCopyWorker::processedBytesChanged, this, [this](qlonglong n) {
+        if (n == 100) {
+            QFile file(path("f"));
+            QVERIFY(file.open(QIODevice::Append));
+            QCOMPARE(file.write(Test::someBytes(9 * s_mebibyte, 2)), 9LL * s_mebibyte);
+        }
+    });
+    QCOMPARE(worker.copyFile(path("f"), path("copy")), 0);
+    QCOMPARE(
+        log.take(),
+        QStringLiteral("processed 100, processed 4194404, processed 8388708, processed 9437284"));
+    QCOMPARE(syncCount(), 4);
+    QVERIFY(Test::contentOf(path("copy")) == Test::contentOf(path("f")));
 }
 
 void tst_CFileCopyWorker::zeroLengthFileIsCreatedSilently()

@@ -16,9 +16,9 @@ namespace Tavro::Shared::detail {
 /**
  * Carries what a worker reports to the thread of its controller: everything, and in order.
  *
- * A queued signal wakes the receiving thread each time, and with small files that costs more than
- * the rest of the progress report. Here a thread that was woken looks again every few
- * milliseconds, for as long as there is something to be had, and is not woken meanwhile.
+ * A queued signal wakes the receiving thread each time, which shows with small files. Here a thread
+ * that was woken looks again every few milliseconds, for as long as there is something to be had,
+ * and is not woken meanwhile.
  *
  * Shared by both sides, so that a worker can report into a queue whose controller is gone.
  */
