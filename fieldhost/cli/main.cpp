@@ -1,18 +1,16 @@
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/SourceSurvey.h"
+#include "fieldhost/cli/NearestWord.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/export/SourceSurvey.h"
 #include "fieldhost/services/FieldApplication.h"
 
 #include <QCoreApplication>
 #include <QTextCodec>
 
-#include <algorithm>
-#include <array>
 #include <clocale>
 #include <csignal>
-#include <vector>
 
 #include <langinfo.h>
 
@@ -20,7 +18,7 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-const std::array<const Command *, 1> s_commands = {
+const Command *const s_commands[] = {
     &exportCommand,
 };
 
@@ -34,31 +32,13 @@ const Command *findCommand(const QString &name)
     return nullptr;
 }
 
-// how many letters have to be added, removed or replaced to make one word of the other
-int distance(const QString &a, const QString &b)
+QString nearestCommand(const QString &name)
 {
-    std::vector<int> row(static_cast<size_t>(b.size()) + 1);
-    for (size_t j = 0; j < row.size(); ++j) {
-        row[j] = static_cast<int>(j);
+    QStringList names;
+    for (const Command *command : s_commands) {
+        names += QLatin1String(command->name);
     }
-    for (const QChar letter : a) {
-        int diagonal = row[0]++;
-        for (size_t j = 1; j < row.size(); ++j) {
-            const bool same = letter == b.at(static_cast<int>(j) - 1);
-            const int replaced = diagonal + (same ? 0 : 1);
-            diagonal = row[j];
-            row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
-        }
-    }
-    return row.back();
-}
-
-const Command *nearestCommand(const QString &name)
-{
-    return *std::min_element(
-        s_commands.begin(), s_commands.end(), [&name](const Command *a, const Command *b) {
-            return distance(name, QLatin1String(a->name)) < distance(name, QLatin1String(b->name));
-        });
+    return nearest(name, names);
 }
 
 QString helpText()
@@ -98,7 +78,7 @@ int run(const QStringList &arguments)
     } else {
         console.printError(QStringLiteral("There is no command %1. The nearest one is \"%2\".\n"
                                           "Try: ovo-fieldhost --help")
-                               .arg(quoted(first), QLatin1String(nearestCommand(first)->name)));
+                               .arg(quoted(first), nearestCommand(first)));
     }
     return ExitUsage;
 }

@@ -62,21 +62,27 @@ check_arrows()
         | sed 's/$/ (the library knows nobody who uses it)/'
 }
 
-# listed_headers FILE VARIABLE: the words of CMake's set(VARIABLE ...) in FILE
-listed_headers()
+# words_of FILE FIRST LAST: what stands in FILE between the lines that begin with FIRST and LAST
+words_of()
 {
-    awk -v begin="set($2" '
-        index($0, begin) == 1 { inside = 1; next }
-        inside { last = sub(/\).*/, ""); if (NF) print $1; if (last) exit }' "$1" | sort
+    awk -v first="$2" -v last="$3" '
+        $1 ~ first { inside = 1; next }
+        $1 ~ last { inside = 0 }
+        inside { sub(/\).*/, ""); if (NF) print $1 }' "$1" | sort
 }
 
 # prints the headers that are listed wrongly: all but those of detail/ are installed
 check_installed_headers()
 {
-    diff --label 'listed in shared/CMakeLists.txt' --label 'in shared/' --unified=0 \
-        <(listed_headers shared/CMakeLists.txt public_headers) \
-        <(find shared -name '*.h' ! -path '*/detail/*' -printf '%P\n' | sort)
+    local folder
+    for folder in shared/*/; do
+        diff --label "listed in ${folder}CMakeLists.txt" --label "in $folder" --unified=0 \
+            <(words_of "${folder}CMakeLists.txt" '^PUBLIC_HEADERS' '^SOURCES') \
+            <(find "$folder" -name '*.h' ! -path '*/detail/*' -printf '%P\n' | sort)
+        grep --quiet --line-regexp "add_subdirectory($(basename "$folder"))" shared/CMakeLists.txt \
+            || echo "shared/CMakeLists.txt lacks $folder"
+    done
     diff --label 'listed in host/CMakeLists.txt' --label 'in host/' --unified=0 \
-        <(listed_headers host/CMakeLists.txt host_headers) \
+        <(words_of host/CMakeLists.txt '^set\\(host_headers' '^[a-z]') \
         <(find host -name '*.h' -printf '%P\n' | sort)
 }

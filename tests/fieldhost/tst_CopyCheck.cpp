@@ -1,4 +1,4 @@
-#include "fieldhost/cli/CopyCheck.h"
+#include "fieldhost/cli/export/CopyCheck.h"
 #include "tests/support/FileTree.h"
 
 #include <QDir>

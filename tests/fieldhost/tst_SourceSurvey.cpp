@@ -1,4 +1,4 @@
-#include "fieldhost/cli/SourceSurvey.h"
+#include "fieldhost/cli/export/SourceSurvey.h"
 #include "shared/fileops/CFileCopyController.h"
 #include "tests/support/FileTree.h"
 

@@ -1,4 +1,4 @@
-#include "fieldhost/cli/StagedCopy.h"
+#include "fieldhost/cli/export/StagedCopy.h"
 
 #include "fieldhost/cli/Paths.h"
 #include "fieldhost/cli/Text.h"

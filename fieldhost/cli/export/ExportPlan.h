@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/SourceSurvey.h"
+#include "fieldhost/cli/export/SourceSurvey.h"
 
 #include <QString>
 #include <QStringList>

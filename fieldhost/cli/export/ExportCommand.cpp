@@ -1,11 +1,11 @@
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/ExportPlan.h"
-#include "fieldhost/cli/ExportRun.h"
 #include "fieldhost/cli/KeyInput.h"
 #include "fieldhost/cli/SignalWatcher.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/export/ExportPlan.h"
+#include "fieldhost/cli/export/ExportRun.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

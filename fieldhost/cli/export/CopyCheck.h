@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fieldhost/cli/ExportPlan.h"
+#include "fieldhost/cli/export/ExportPlan.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "fieldhost/cli/ExportRun.h"
+#include "fieldhost/cli/export/ExportRun.h"
 
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/Text.h"

@@ -1,4 +1,4 @@
-#include "fieldhost/cli/SourceSurvey.h"
+#include "fieldhost/cli/export/SourceSurvey.h"
 
 #include "fieldhost/cli/Text.h"
 

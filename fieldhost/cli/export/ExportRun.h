@@ -1,9 +1,9 @@
 #pragma once
 
-#include "fieldhost/cli/CopyCheck.h"
-#include "fieldhost/cli/ExportPlan.h"
+#include "fieldhost/cli/export/CopyCheck.h"
+#include "fieldhost/cli/export/ExportPlan.h"
 #include "fieldhost/cli/Progress.h"
-#include "fieldhost/cli/StagedCopy.h"
+#include "fieldhost/cli/export/StagedCopy.h"
 #include "shared/fileops/CFileCopyController.h"
 
 #include <QObject>

@@ -1,4 +1,4 @@
-#include "fieldhost/cli/ExportPlan.h"
+#include "fieldhost/cli/export/ExportPlan.h"
 
 #include "fieldhost/cli/Paths.h"
 #include "fieldhost/cli/Text.h"
