@@ -15,5 +15,9 @@ struct Command
 
 /** `export`: copies folders and files durably. */
 extern const Command exportCommand;
+/** `clock`: shows and sets the device's clock. */
+extern const Command clockCommand;
+/** `projection`: shows the texts of the map's projection. */
+extern const Command projectionCommand;
 
 } // namespace Tavro::FieldHost

@@ -20,6 +20,8 @@ namespace {
 
 const Command *const s_commands[] = {
     &exportCommand,
+    &clockCommand,
+    &projectionCommand,
 };
 
 const Command *findCommand(const QString &name)
@@ -46,7 +48,7 @@ QString helpText()
     QString text = QStringLiteral("Usage: ovo-fieldhost COMMAND ...\n\nCommands:");
     for (const Command *command : s_commands) {
         text += QStringLiteral("\n  %1  %2")
-                    .arg(QLatin1String(command->name), -8)
+                    .arg(QLatin1String(command->name), -10)
                     .arg(QLatin1String(command->summary));
     }
     return text
