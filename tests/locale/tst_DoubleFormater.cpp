@@ -255,7 +255,8 @@ void tst_DoubleFormater::otherFormats_data()
     row("no format, six decimals", 3.14159265, "", "3.141593");
     row("no format, five decimals", 3.14159, "", "3.14159");
     row("no format, less than six decimals can show", 1e-9, "", "0");
-    row("no format, negative zero", -0.0, "", "-0");
+    row("no format, negative zero", -0.0, "", "0");
+    row("no format, rounded to negative zero", -1e-9, "", "-0");
     row("no format, large", 1e15, "", "1000000000000000");
     row("no format, infinity", Limits::infinity(), "", "inf");
     row("no format, negative infinity", -Limits::infinity(), "", "-inf");
