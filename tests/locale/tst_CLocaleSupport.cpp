@@ -452,6 +452,7 @@ void tst_CLocaleSupport::doublesAreWrittenAsIntegersWhenTheyAre_data()
     row("zero", 0, "0");
     row("negative zero", -0.0, "0");
     row("decimals", 2.5, "2.50");
+    row("a half of the second decimal", 0.125, "0.13");
     row("next to zero, below", -0.0000000000001, "0");
     row("next to zero, above", 0.0000000000001, "0");
     row("denormal", Limits::denorm_min(), "0");
