@@ -242,7 +242,7 @@ void tst_LengthUnitsConverter::emptyUnitsAndNaNGiveNaN_data()
 
     const QString m = QStringLiteral("m");
     const QString yd = QStringLiteral("yd");
-    const QString empty = QStringLiteral("");
+    const QString empty = QString::fromLatin1("");
     const double nan = Limits::quiet_NaN();
     QTest::newRow("no source") << empty << m << 5.0;
     QTest::newRow("null source") << QString() << m << 5.0;
