@@ -4,12 +4,15 @@
 #include "shared/fileops/CFileCopyData.h"
 #include "shared/fileops/detail/RunRequest.h"
 
+#include <QSet>
+
 namespace Tavro::Shared::detail {
 
 /** What one run copies. */
 struct CopyRequest : RunRequest
 {
     QList<CFileCopyData> jobs;
+    QSet<QString> specialFiles; // those of the jobs' files that are not to be opened
     std::atomic<int> error{CFileCopyController::ErrorNone};
 };
 
