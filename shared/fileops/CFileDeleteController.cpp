@@ -3,6 +3,8 @@
 #include "shared/fileops/CFileDeleteWorker.h"
 #include "shared/fileops/detail/WorkerHandle.h"
 
+#include <QPointer>
+
 namespace Tavro::Shared {
 
 namespace {
@@ -22,8 +24,9 @@ CFileDeleteController::CFileDeleteController(QObject *parent)
     m_handle->onReport(&Worker::totalBytesChanged,
                        [this](qlonglong value) { setTotalBytes(value); });
     m_handle->onReport(&Worker::stateChanged, [this](int state) {
+        const QPointer<QObject> self(this); // a slot may be the end of it
         setState(state);
-        if (state == StateIdle && m_handle->runs().hasClaimedRequest()) {
+        if (self && state == StateIdle && m_handle->runs().hasClaimedRequest()) {
             setState(StateEnumeratingFiles); // that run is over, but not the work
         }
     });
