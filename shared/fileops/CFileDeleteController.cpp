@@ -84,7 +84,8 @@ void CFileDeleteController::startNextRun()
         return;
     }
     if (!m_handle->startThread()) {
-        m_handle->worker().reset();
+        // behind the state that the request has announced
+        m_handle->reports()->reportUrgently([this] { m_handle->worker().reset(); });
     }
 }
 
