@@ -20,6 +20,12 @@ namespace {
 
 const Command *const s_commands[] = {
     &exportCommand,
+    &deleteCommand,
+    &sizeCommand,
+    &compareCommand,
+    &nameCommand,
+    &safeNameCommand,
+    &freeCommand,
 };
 
 const Command *findCommand(const QString &name)
@@ -46,7 +52,7 @@ QString helpText()
     QString text = QStringLiteral("Usage: ovo-fieldhost COMMAND ...\n\nCommands:");
     for (const Command *command : s_commands) {
         text += QStringLiteral("\n  %1  %2")
-                    .arg(QLatin1String(command->name), -8)
+                    .arg(QLatin1String(command->name), -9)
                     .arg(QLatin1String(command->summary));
     }
     return text

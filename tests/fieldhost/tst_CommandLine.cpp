@@ -32,7 +32,7 @@ void tst_CommandLine::helpListsTheCommands()
         const Outcome outcome = Program::run({QLatin1String(option)});
         QCOMPARE(outcome.exitCode, int(Done));
         QVERIFY(outcome.output.startsWith(QLatin1String("Usage: ovo-fieldhost COMMAND ...\n")));
-        QVERIFY(outcome.output.contains(QLatin1String("\n  export    Copies folders and files")));
+        QVERIFY(outcome.output.contains(QLatin1String("\n  export     Copies folders and files")));
         QCOMPARE(outcome.errors, QString());
     }
 }
