@@ -27,5 +27,15 @@ extern const Command nameCommand;
 extern const Command safeNameCommand;
 /** `size`: bytes in folders. */
 extern const Command sizeCommand;
+/** `clock`: shows and sets the device's clock. */
+extern const Command clockCommand;
+/** `projection`: shows the texts of the map's projection. */
+extern const Command projectionCommand;
+/** `locale`: how a project shows numbers, dates and units. */
+extern const Command localeCommand;
+/** `convert`: lengths from one unit to another. */
+extern const Command convertCommand;
+/** `countries`: the codes of countries and languages. */
+extern const Command countriesCommand;
 
 } // namespace Tavro::FieldHost
