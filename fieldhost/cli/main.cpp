@@ -19,12 +19,9 @@ namespace Tavro::FieldHost {
 namespace {
 
 const Command *const s_commands[] = {
-    &exportCommand,
-    &clockCommand,
-    &projectionCommand,
-    &localeCommand,
-    &convertCommand,
-    &countriesCommand,
+    &exportCommand,     &deleteCommand,   &sizeCommand,    &compareCommand,
+    &nameCommand,       &safeNameCommand, &freeCommand,    &clockCommand,
+    &projectionCommand, &localeCommand,   &convertCommand, &countriesCommand,
 };
 
 const Command *findCommand(const QString &name)
