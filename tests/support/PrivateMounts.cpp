@@ -19,6 +19,7 @@ namespace {
 bool s_entered = false;
 
 const char s_mountTable[] = "/etc/mtab";
+const char s_fstab[] = "/etc/fstab";
 // below /media, which is the first to become private
 const char s_ownDev[] = "/media/.dev";
 const char s_ownEtc[] = "/media/.etc";
@@ -148,6 +149,23 @@ void removeMountTable()
         qFatal("this would be the machine's own mount table");
     }
     ::unlink(s_mountTable);
+}
+
+void useSystemMountTable()
+{
+    removeMountTable();
+    if (::symlink("/proc/self/mounts", s_mountTable) != 0) {
+        qFatal("cannot create /etc/mtab");
+    }
+}
+
+void setFstab(const QByteArray &content)
+{
+    if (!s_entered) {
+        qFatal("this would be the machine's own fstab");
+    }
+    ::unlink(s_fstab); // a link to the machine's own until then
+    makeFile(QString::fromLatin1(s_fstab), content);
 }
 
 void makeBlockNode(const QString &path, dev_t device)

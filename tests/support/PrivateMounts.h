@@ -30,6 +30,11 @@ void setMountTable(const QByteArray &content);
 QByteArray mountTable();
 /** Takes /etc/mtab away. */
 void removeMountTable();
+/** Makes /etc/mtab what it is everywhere: the kernel's table, of what this process sees. */
+void useSystemMountTable();
+
+/** What /etc/fstab holds from now on. */
+void setFstab(const QByteArray &content);
 
 /** Creates the node of a block device, in place of what has the name. */
 void makeBlockNode(const QString &path, dev_t device);

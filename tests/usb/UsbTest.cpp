@@ -2,7 +2,26 @@
 
 #include <QFile>
 
+#include <unistd.h>
+
+namespace {
+std::function<void()> s_onSync;
+}
+
+// takes the place of the system's in all of the program
+extern "C" void sync() noexcept
+{
+    if (s_onSync) {
+        s_onSync();
+    }
+}
+
 namespace Test {
+
+void onSync(const std::function<void()> &function)
+{
+    s_onSync = function;
+}
 
 QByteArray mounted(const QByteArray &device, const QByteArray &mountPoint,
                    const QByteArray &fileSystemType)

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+#include <functional>
+
 /** For initTestCase(): nothing below works without a machine of the test's own. */
 #define SKIP_WITHOUT_PRIVATE_MOUNTS() \
     if (!Test::PrivateMounts::entered()) { \
@@ -23,6 +25,12 @@
     }
 
 namespace Test {
+
+/**
+ * sync() does nothing in these tests but call @p function: on a busy machine it takes seconds,
+ * and writes what others have to write.
+ */
+void onSync(const std::function<void()> &function);
 
 /** A line of the mount table. */
 QByteArray mounted(const QByteArray &device, const QByteArray &mountPoint,

@@ -9,6 +9,7 @@
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQmlExpression>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <limits>
@@ -62,6 +63,7 @@ private Q_SLOTS:
 
     void oneByteIsWritten_data();
     void oneByteIsWritten();
+    void everythingIsSyncedOnceTheDeviceIsClosed();
     void aNegativeOffsetWritesAndReadsNothing_data();
     void aNegativeOffsetWritesAndReadsNothing();
     void beyond4GiBThereIsTheRightByte();
@@ -245,6 +247,34 @@ void tst_USBDriveCleanAccessManager::oneByteIsWritten()
     // in the file behind the device: it has left all caches
     QVERIFY(contentOf(m_image) == expected);
     QCOMPARE(Manager::readByteFromDev(s_partition, offset), char(value));
+}
+
+void tst_USBDriveCleanAccessManager::everythingIsSyncedOnceTheDeviceIsClosed()
+{
+    QStringList open;
+    onSync([&] {
+        const auto files =
+            QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::Files | QDir::System);
+        QStringList targets;
+        for (const QFileInfo &file : files) {
+            targets.append(file.symLinkTarget());
+        }
+        open.append(targets.contains(s_partition) ? QStringLiteral("open")
+                                                  : QStringLiteral("closed"));
+    });
+    const auto stop = qScopeGuard([] { onSync({}); });
+    QVERIFY(Manager::writeByteIntoDev(s_partition, 65, 1));
+    QCOMPARE(open, QStringList{QStringLiteral("closed")});
+
+    // also when the device has refused the byte, behind its end
+    QVERIFY(!Manager::writeByteIntoDev(s_partition, s_size, 1));
+    QCOMPARE(open.size(), 2);
+
+    // not when nothing was opened, and not for reading
+    QVERIFY(!Manager::writeByteIntoDev(QStringLiteral("/dev/none"), 65, 1));
+    QVERIFY(!Manager::writeByteIntoDev(s_partition, -1, 1));
+    QCOMPARE(Manager::readByteFromDev(s_partition, 65), '\1');
+    QCOMPARE(open.size(), 2);
 }
 
 void tst_USBDriveCleanAccessManager::aNegativeOffsetWritesAndReadsNothing_data()
