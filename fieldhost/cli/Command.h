@@ -15,5 +15,7 @@ struct Command
 
 /** `export`: copies folders and files durably. */
 extern const Command exportCommand;
+/** `usb`: shows the USB drive, mounts, marks and unmounts it. */
+extern const Command usbCommand;
 
 } // namespace Tavro::FieldHost
