@@ -16,7 +16,7 @@ struct BedPartition
 
 /**
  * The devices that libudev sees, in this process and in programs started by it that are linked
- * with ovo_udev_test_support, for as long as the object lives. At first there is none.
+ * with ovo_udev_redirect, for as long as the object lives. At first there is none.
  *
  * Devices are named by their paths below /sys. A null attribute is one that is missing. There are
  * no nodes in /dev that come with them.

@@ -20,6 +20,27 @@ constexpr qint64 s_largestFatFile = 0xffffffff;
 
 } // namespace
 
+QString largeFileWarning(const ExportPlan &plan, const QString &fileSystemType)
+{
+    QStringList files;
+    for (const ExportJob &job : plan.jobs) {
+        for (const SurveyedFile &file : job.survey.files) {
+            if (file.size > s_largestFatFile) {
+                files.append(job.source + file.path);
+            }
+        }
+    }
+    if (files.isEmpty() || !isFat(fileSystemType)) {
+        return {};
+    }
+    return QStringLiteral("Warning: on a FAT drive every file has less than 4 GiB. The copy will "
+                          "fail at %1%2.")
+        .arg(quoted(files.first()),
+             files.size() > 1
+                 ? QStringLiteral(" and %1").arg(counted(files.size() - 1, "more file"))
+                 : QString());
+}
+
 DriveAccess::DriveAccess(const QString &destination, Console &console)
     : m_destination(futureCanonicalPath(absolutePath(destination)))
     , m_console(console)
@@ -76,24 +97,10 @@ QString DriveAccess::fileSystemType() const
 
 void DriveAccess::warnOfLargeFiles(const ExportPlan &plan)
 {
-    QStringList files;
-    for (const ExportJob &job : plan.jobs) {
-        for (const SurveyedFile &file : job.survey.files) {
-            if (file.size > s_largestFatFile) {
-                files.append(job.source + file.path);
-            }
-        }
+    const QString warning = largeFileWarning(plan, fileSystemType());
+    if (!warning.isEmpty()) {
+        m_console.printError(warning);
     }
-    if (files.isEmpty() || !isFat(fileSystemType())) {
-        return;
-    }
-    m_console.printError(
-        QStringLiteral("Warning: on a FAT drive every file has less than 4 GiB. The copy will "
-                       "fail at %1%2.")
-            .arg(quoted(files.first()),
-                 files.size() > 1
-                     ? QStringLiteral(" and %1").arg(counted(files.size() - 1, "more file"))
-                     : QString()));
 }
 
 void DriveAccess::end()

@@ -10,6 +10,12 @@ class Console;
 struct ExportPlan;
 
 /**
+ * A warning of the files of @p plan that are too large for the file system they go to; empty when
+ * there are none.
+ */
+QString largeFileWarning(const ExportPlan &plan, const QString &fileSystemType);
+
+/**
  * Brackets an export to the USB drive, and tells the user. For a destination elsewhere it does
  * nothing.
  */
@@ -29,7 +35,7 @@ public:
      */
     bool begin();
 
-    /** Names the files of @p plan that are too large for the file system they go to. */
+    /** Tells of the files of @p plan that the file system they go to has no room for. */
     void warnOfLargeFiles(const ExportPlan &plan);
 
     /** Unmounts and cleans what begin() has mounted and marked; waits while it is in use. */
