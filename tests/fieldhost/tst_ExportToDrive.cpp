@@ -19,6 +19,7 @@ const QString s_mount = QStringLiteral("mount /dev/sda1");
 const QString s_umount = QStringLiteral("umount /dev/sda1");
 const QString s_destination = QStringLiteral("/media/usbdrive/export");
 
+const QByteArray s_aborting = "Aborting, once the data on its way is written\n";
 const QString s_unmounting = QStringLiteral(
     "Unmounting the USB drive, as soon as nobody uses it; Ctrl-C leaves it mounted.\n");
 const QString s_clean =
@@ -193,6 +194,7 @@ void tst_ExportToDrive::aSignalUnlocks()
     program.begin({QStringLiteral("export"), source(), s_destination});
     QVERIFY(handshake.waitUntilHeld());
     QCOMPARE(::kill(pid_t(program.processId()), signal), 0);
+    QVERIFY(program.waitForOutput(s_aborting));
     handshake.letGo();
     const Outcome outcome = program.end();
     QCOMPARE(outcome.exitCode, int(Aborted));
@@ -311,6 +313,7 @@ void tst_ExportToDrive::aFileOf4GiBIsWarnedOf()
         {QStringLiteral("export"), source() + QStringLiteral("/data.bin"), large, s_destination});
     QVERIFY(handshake.waitUntilHeld());
     QCOMPARE(::kill(pid_t(program.processId()), SIGINT), 0);
+    QVERIFY(program.waitForOutput(s_aborting));
     handshake.letGo();
     const Outcome outcome = program.end();
     QCOMPARE(outcome.exitCode, int(Aborted));

@@ -24,6 +24,7 @@ const char s_fstab[] = "/etc/fstab";
 const char s_ownDev[] = "/media/.dev";
 const char s_ownEtc[] = "/media/.etc";
 const char s_systemEtc[] = "/media/.system-etc";
+const char s_temporary[] = "/media/.tmp";
 
 bool makeFolder(const QByteArray &path)
 {
@@ -121,6 +122,11 @@ bool enter()
     }
     if (::mount("tmpfs", "/media", "tmpfs", 0, "mode=755") != 0 || !replaceDev() || !replaceEtc()) {
         qFatal("cannot make a machine of the test's own: %s", ::strerror(errno));
+    }
+    // Never below /dev/shm: what is below /dev counts as a device, to the library and to whoever
+    // stands between libudev and /sys.
+    if (!makeFolder(s_temporary) || !qputenv("TMPDIR", s_temporary)) {
+        qFatal("cannot make a folder for temporary files: %s", ::strerror(errno));
     }
     s_entered = true;
     setMountTable({});

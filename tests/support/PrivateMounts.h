@@ -9,7 +9,7 @@ namespace Test {
 
 /**
  * A machine of the test's own where the library looks for drives: /media is empty, /dev has no
- * disk, and /etc/mtab says what the test wants.
+ * disk, and /etc/mtab says what the test wants. Temporary files are in memory, below /media.
  *
  * Only this process and the ones that it starts see any of it, and it is gone with the last of
  * them, however they end.
