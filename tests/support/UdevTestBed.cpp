@@ -57,7 +57,7 @@ QByteArray UdevTestBed::add(const char *subsystem, const QByteArray &name, const
     if (!path) {
         qFatal("no device %s on the test bed", name.constData());
     }
-    const QByteArray result(path);
+    QByteArray result(path);
     g_free(path);
     return result;
 }
@@ -106,7 +106,7 @@ QByteArray UdevTestBed::addStick(const QByteArray &name, const QList<BedPartitio
     const QByteArray number = QByteArray::number(name.back() - 'a' + 1);
     const QByteArray address = number + ":0:0:0";
     const QByteArray storage = addUsbStorage("1-" + number, "090" + number, "100" + number);
-    const QByteArray device = addScsiDevice(storage, address, "Maker " + number);
+    QByteArray device = addScsiDevice(storage, address, "Maker " + number);
     addScsiDisk(device, address);
     const QByteArray block = addBlockDevice(device, name, "/dev/" + name);
     for (const BedPartition &partition : partitions) {

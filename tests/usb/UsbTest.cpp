@@ -5,14 +5,20 @@
 #include <unistd.h>
 
 namespace {
-std::function<void()> s_onSync;
+
+std::function<void()> &syncHook()
+{
+    static std::function<void()> hook;
+    return hook;
 }
+
+} // namespace
 
 // takes the place of the system's in all of the program
 extern "C" void sync() noexcept
 {
-    if (s_onSync) {
-        s_onSync();
+    if (syncHook()) {
+        syncHook()();
     }
 }
 
@@ -20,7 +26,7 @@ namespace Test {
 
 void onSync(const std::function<void()> &function)
 {
-    s_onSync = function;
+    syncHook() = function;
 }
 
 QByteArray mounted(const QByteArray &device, const QByteArray &mountPoint,
@@ -54,7 +60,7 @@ void UsbCommands::failUmount(int times, const QByteArray &failure)
 
 QStringList UsbCommands::takeJournal()
 {
-    const QStringList lines = journal();
+    QStringList lines = journal();
     QFile::remove(journalPath());
     return lines;
 }

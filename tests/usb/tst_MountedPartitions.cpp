@@ -47,7 +47,7 @@ QStringList found()
     Devices devices;
     MountedUSBDeviceList::enumerateUsbMassStorageDevices(context.get(), devices);
     QStringList texts;
-    for (const auto &device : devices) {
+    for (const auto &device : qAsConst(devices)) {
         texts.append(described(*device));
     }
     return texts;
@@ -65,7 +65,7 @@ constexpr quint16 s_fat12 = 256;
 constexpr quint16 s_fat16 = 512;
 constexpr quint16 s_fat32 = 0;
 
-const QByteArray s_mountPoint = "/media/usbdrive";
+const QByteArray s_mountPoint = QByteArrayLiteral("/media/usbdrive");
 
 } // namespace
 

@@ -23,7 +23,10 @@ mountItem itemOf(const QString &device, const QString &mountPoint, const QString
     return {QFileInfo(device), QFileInfo(mountPoint), type};
 }
 
-const QByteArray s_theDrive = mounted("/dev/sda1", "/media/usbdrive");
+QByteArray theDrive()
+{
+    return mounted("/dev/sda1", "/media/usbdrive");
+}
 
 } // namespace
 
@@ -146,16 +149,16 @@ void tst_MountedUSBDeviceList::mountedIsWhatTheTableSays_data()
     QTest::addColumn<QByteArray>("table");
     QTest::addColumn<bool>("isMounted");
 
-    QTest::newRow("the drive") << s_theDrive << true;
+    QTest::newRow("the drive") << theDrive() << true;
     QTest::newRow("another device there") << mounted("/dev/sdb7", "/media/usbdrive") << true;
     QTest::newRow("any type") << mounted("/dev/sda1", "/media/usbdrive", "ext4") << true;
     QTest::newRow("among others") << mounted("proc", "/proc", "proc") + mounted("/dev/sdb1", "/mnt")
-            + s_theDrive << true;
+            + theDrive() << true;
     QTest::newRow("once as no device, once as one")
-        << mounted("tmpfs", "/media/usbdrive", "tmpfs") + s_theDrive << true;
+        << mounted("tmpfs", "/media/usbdrive", "tmpfs") + theDrive() << true;
     QTest::newRow("a name that only begins with /dev")
         << mounted("/device", "/media/usbdrive") << true;
-    QTest::newRow("after a line that is none") << "nonsense\n\n# remark\n" + s_theDrive << true;
+    QTest::newRow("after a line that is none") << "nonsense\n\n# remark\n" + theDrive() << true;
     QTest::newRow("empty table") << QByteArray() << false;
     QTest::newRow("nothing there") << mounted("/dev/sda1", "/media/other") << false;
     QTest::newRow("slash at the end") << mounted("/dev/sda1", "/media/usbdrive/") << false;
@@ -194,7 +197,7 @@ void tst_MountedUSBDeviceList::mountingRunsOneCommand_data()
     QTest::newRow("that succeeds") << QByteArray() << QByteArray();
     QTest::newRow("that fails") << QByteArray() << QByteArray("exit 32");
     QTest::newRow("that crashes") << QByteArray() << QByteArray("kill -KILL $$");
-    QTest::newRow("also when it is mounted") << s_theDrive << QByteArray("exit 32");
+    QTest::newRow("also when it is mounted") << theDrive() << QByteArray("exit 32");
 }
 
 void tst_MountedUSBDeviceList::mountingRunsOneCommand()
@@ -230,7 +233,7 @@ void tst_MountedUSBDeviceList::unmountingSucceedsAtOnce()
 {
     // the exit code alone counts: the table still has the drive
     UsbCommands commands;
-    PrivateMounts::setMountTable(s_theDrive);
+    PrivateMounts::setMountTable(theDrive());
     MountedUSBDeviceList::dismountUSB();
     QCOMPARE(commands.journal(), QStringList(QStringLiteral("umount /dev/sda1")));
 }
@@ -253,7 +256,7 @@ void tst_MountedUSBDeviceList::unmountingIsTriedUntilItSucceeds()
     QFETCH(QByteArray, failure);
     UsbCommands commands;
     commands.failUmount(failures, failure);
-    PrivateMounts::setMountTable(s_theDrive);
+    PrivateMounts::setMountTable(theDrive());
     MountedUSBDeviceList::dismountUSB();
 
     QStringList expected;
@@ -273,7 +276,7 @@ void tst_MountedUSBDeviceList::unmountingWaitsForAMissingCommand()
     commands.add(QStringLiteral("usleep"),
                  "echo '#!/bin/sh\necho umount $* >> \"" + folder + "/journal\"' > '" + folder
                      + "/umount'\n/bin/chmod +x '" + folder + "/umount'");
-    PrivateMounts::setMountTable(s_theDrive);
+    PrivateMounts::setMountTable(theDrive());
     MountedUSBDeviceList::dismountUSB();
     QCOMPARE(commands.journal(),
              (QStringList{QStringLiteral("usleep 500"), QStringLiteral("umount /dev/sda1")}));
@@ -308,7 +311,8 @@ void tst_MountedUSBDeviceList::prefixTakesDevices()
     }
     QFETCH(QString, prefix);
     QStringList found;
-    for (const mountItem &item : findAllItemsWithPrefix(items, prefix)) {
+    const QList<mountItem> taken = findAllItemsWithPrefix(items, prefix);
+    for (const mountItem &item : taken) {
         found.append(item.device.absoluteFilePath());
     }
     QTEST(found.join(QLatin1Char(' ')), "found");

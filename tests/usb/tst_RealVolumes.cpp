@@ -23,9 +23,9 @@ namespace {
 
 const QString s_partition = QStringLiteral("/dev/sda1");
 const QString s_drive = QStringLiteral("/media/usbdrive");
-const QByteArray s_mountPoint = "/media/usbdrive";
+const QByteArray s_mountPoint = QByteArrayLiteral("/media/usbdrive");
 
-constexpr qint64 s_mebibyte = 1024 * 1024;
+constexpr qint64 s_mebibyte = 1024LL * 1024;
 
 /** Runs a tool to its end; its exit code, and what it said. */
 int run(const QString &program, const QStringList &arguments, QByteArray *output = nullptr)

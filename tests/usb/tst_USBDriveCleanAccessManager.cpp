@@ -31,7 +31,7 @@ constexpr int s_size = 256 * 1024;
 constexpr char s_untouched = 0x55;
 
 const QString s_partition = QStringLiteral("/dev/sda1");
-const QByteArray s_mountPoint = "/media/usbdrive";
+const QByteArray s_mountPoint = QByteArrayLiteral("/media/usbdrive");
 const QString s_drive = QString::fromLatin1(s_mountPoint);
 
 const QString s_mount = QStringLiteral("mount /dev/sda1");

@@ -33,7 +33,12 @@ struct Ledger
     std::function<void(int call)> before; // what happens just before a call
 };
 
-Ledger s_ledger;
+Ledger &ledger()
+{
+    static Ledger all;
+    return all;
+}
+
 bool s_flushFails = false;
 
 template<typename Function> Function *next(const char *name)
@@ -44,11 +49,11 @@ template<typename Function> Function *next(const char *name)
 // true when this call is the one to refuse
 bool isRefused()
 {
-    const int call = s_ledger.calls++;
-    if (s_ledger.before) {
-        s_ledger.before(call);
+    const int call = ledger().calls++;
+    if (ledger().before) {
+        ledger().before(call);
     }
-    if (call == s_ledger.refused) {
+    if (call == ledger().refused) {
         errno = ENOMEM;
         return true;
     }
@@ -103,39 +108,39 @@ template<typename Handle> Handle *takeBack(int &account, const char *name, Handl
 
 extern "C" udev *udev_new()
 {
-    return handOut<udev>(s_ledger.contexts, "udev_new");
+    return handOut<udev>(ledger().contexts, "udev_new");
 }
 
 extern "C" udev *udev_unref(udev *context)
 {
-    return takeBack(s_ledger.contexts, "udev_unref", context);
+    return takeBack(ledger().contexts, "udev_unref", context);
 }
 
 extern "C" udev_enumerate *udev_enumerate_new(udev *context)
 {
-    return handOut<udev_enumerate>(s_ledger.enumerations, "udev_enumerate_new", context);
+    return handOut<udev_enumerate>(ledger().enumerations, "udev_enumerate_new", context);
 }
 
 extern "C" udev_enumerate *udev_enumerate_unref(udev_enumerate *enumeration)
 {
-    return takeBack(s_ledger.enumerations, "udev_enumerate_unref", enumeration);
+    return takeBack(ledger().enumerations, "udev_enumerate_unref", enumeration);
 }
 
 extern "C" udev_device *udev_device_new_from_syspath(udev *context, const char *path)
 {
-    return handOut<udev_device>(s_ledger.devices, "udev_device_new_from_syspath", context, path);
+    return handOut<udev_device>(ledger().devices, "udev_device_new_from_syspath", context, path);
 }
 
 extern "C" udev_device *udev_device_new_from_subsystem_sysname(udev *context, const char *subsystem,
                                                                const char *name)
 {
-    return handOut<udev_device>(s_ledger.devices, "udev_device_new_from_subsystem_sysname", context,
+    return handOut<udev_device>(ledger().devices, "udev_device_new_from_subsystem_sysname", context,
                                 subsystem, name);
 }
 
 extern "C" udev_device *udev_device_unref(udev_device *device)
 {
-    return takeBack(s_ledger.devices, "udev_device_unref", device);
+    return takeBack(ledger().devices, "udev_device_unref", device);
 }
 
 extern "C" int fsync(int file)
@@ -201,13 +206,13 @@ void tst_UsbFaults::init()
     }
     PrivateMounts::setMountTable(mounted("/dev/sda1", "/media/usbdrive")
                                  + mounted("/dev/sdb1", "/media/usbdrive/b"));
-    s_ledger = Ledger();
+    ledger() = Ledger();
 }
 
 void tst_UsbFaults::cleanup()
 {
     s_flushFails = false;
-    s_ledger = Ledger();
+    ledger() = Ledger();
     m_bed.reset();
     m_commands.reset();
     QVERIFY(QDir(QStringLiteral("/media/usbdrive")).removeRecursively());
@@ -216,36 +221,36 @@ void tst_UsbFaults::cleanup()
 }
 
 #define COMPARE_LEDGER_IS_EVEN() \
-    QCOMPARE(s_ledger.contexts, 0); \
-    QCOMPARE(s_ledger.enumerations, 0); \
-    QCOMPARE(s_ledger.devices, 0)
+    QCOMPARE(ledger().contexts, 0); \
+    QCOMPARE(ledger().enumerations, 0); \
+    QCOMPARE(ledger().devices, 0)
 
 void tst_UsbFaults::everyHandleGoesBack()
 {
     const mountPathsStruct paths = MountedUSBDeviceList::getUSBMountPaths();
     QCOMPARE(paths.items.size(), 2);
-    QVERIFY(s_ledger.calls > 10); // the program's own functions are in use
+    QVERIFY(ledger().calls > 10); // the program's own functions are in use
     COMPARE_LEDGER_IS_EVEN();
 }
 
 void tst_UsbFaults::noHandleIsLostWhenOneIsRefused()
 {
     MountedUSBDeviceList::getUSBMountPaths();
-    const int calls = s_ledger.calls;
+    const int calls = ledger().calls;
     QVERIFY(calls > 10);
     for (int i = 0; i < calls; ++i) {
-        s_ledger = Ledger();
-        s_ledger.refused = i;
+        ledger() = Ledger();
+        ledger().refused = i;
         const mountPathsStruct paths = MountedUSBDeviceList::getUSBMountPaths();
         QVERIFY2(paths.items.size() <= 2, qPrintable(QString::number(i)));
-        QVERIFY2(s_ledger.calls > i, qPrintable(QString::number(i))); // the fault has struck
+        QVERIFY2(ledger().calls > i, qPrintable(QString::number(i))); // the fault has struck
         COMPARE_LEDGER_IS_EVEN();
     }
 }
 
 void tst_UsbFaults::withoutAContextThereIsNoDevice()
 {
-    s_ledger.refused = 0;
+    ledger().refused = 0;
     PrivateMounts::setMountTable({});
     m_commands->mountingSets(mounted("/dev/sda1", "/media/usbdrive"));
     QVERIFY(MountedUSBDeviceList::getUSBMountInfo().isEmpty());
@@ -259,9 +264,9 @@ void tst_UsbFaults::withoutTheSecondContextTheTableIsBelieved()
     int contexts = 0;
     QVERIFY(m_bed);
     // the call that asks for the second context: after all of the enumeration's
-    s_ledger.before = [&](int call) {
-        if (call > 0 && s_ledger.contexts == 0) {
-            s_ledger.refused = contexts++ == 0 ? call : -1;
+    ledger().before = [&](int call) {
+        if (call > 0 && ledger().contexts == 0) {
+            ledger().refused = contexts++ == 0 ? call : -1;
         }
     };
     const mountPathsStruct paths = MountedUSBDeviceList::getUSBMountPaths();
@@ -275,11 +280,11 @@ void tst_UsbFaults::withoutTheSecondContextTheTableIsBelieved()
 void tst_UsbFaults::aDeviceThatVanishesMidWayIsSkipped()
 {
     MountedUSBDeviceList::getUSBMountPaths();
-    const int calls = s_ledger.calls;
+    const int calls = ledger().calls;
     bool wasMissed = false;
     for (int i = 0; i < calls; ++i) {
-        s_ledger = Ledger();
-        s_ledger.before = [&](int call) {
+        ledger() = Ledger();
+        ledger().before = [&](int call) {
             if (call == i) {
                 m_bed->remove(m_first);
             }
@@ -291,7 +296,7 @@ void tst_UsbFaults::aDeviceThatVanishesMidWayIsSkipped()
         wasMissed = wasMissed || devices.size() == 1;
         COMPARE_LEDGER_IS_EVEN();
 
-        s_ledger = Ledger();
+        ledger() = Ledger();
         m_bed->remove(m_second);
         m_bed.reset();
         m_bed = std::make_unique<UdevTestBed>();
@@ -306,17 +311,17 @@ void tst_UsbFaults::aChildBelongsToTheCaller()
     udev *context = udev_new();
     udev_device *parent = udev_device_new_from_syspath(context, m_first.constData());
     QVERIFY(parent);
-    QCOMPARE(s_ledger.devices, 1);
+    QCOMPARE(ledger().devices, 1);
     udev_device *child = MountedUSBDeviceList::getChild(context, parent, "block");
     QVERIFY(child);
-    QCOMPARE(s_ledger.devices, 2);
-    QCOMPARE(s_ledger.enumerations, 0);
+    QCOMPARE(ledger().devices, 2);
+    QCOMPARE(ledger().enumerations, 0);
     udev_device_unref(child);
     QVERIFY(!MountedUSBDeviceList::getChild(context, parent, "none"));
-    QCOMPARE(s_ledger.devices, 1);
-    s_ledger.refused = s_ledger.calls;
+    QCOMPARE(ledger().devices, 1);
+    ledger().refused = ledger().calls;
     QVERIFY(!MountedUSBDeviceList::getChild(context, parent, "block"));
-    QCOMPARE(s_ledger.enumerations, 0);
+    QCOMPARE(ledger().enumerations, 0);
     udev_device_unref(parent);
     udev_unref(context);
     COMPARE_LEDGER_IS_EVEN();
