@@ -48,16 +48,6 @@ QString fatSubtypeOf(quint16 sectorsPerFat)
     return {};
 }
 
-/** Takes the paths that an enumeration found by its order. */
-template<typename Function>
-void forEachSyspath(udev_enumerate *enumeration, const Function &function)
-{
-    udev_list_entry *entry = udev_enumerate_get_list_entry(enumeration);
-    for (; entry; entry = udev_list_entry_get_next(entry)) {
-        function(udev_list_entry_get_name(entry));
-    }
-}
-
 // null unless the SCSI device is a disk on a USB device
 QSharedPointer<usbDeviceInfo> massStorageDevice(udev *context, udev_device *scsiDevice)
 {
@@ -279,16 +269,18 @@ void MountedUSBDeviceList::enumerateUsbMassStorageDevices(
     // a host and a target have the disk below them and the USB device above them, too
     udev_enumerate_add_match_property(enumeration.get(), "DEVTYPE", "scsi_device");
     udev_enumerate_scan_devices(enumeration.get());
-    forEachSyspath(enumeration.get(), [&](const char *syspath) {
-        const detail::UdevDevice scsiDevice(udev_device_new_from_syspath(context, syspath));
+    udev_list_entry *entry = udev_enumerate_get_list_entry(enumeration.get());
+    for (; entry; entry = udev_list_entry_get_next(entry)) {
+        const detail::UdevDevice scsiDevice(
+            udev_device_new_from_syspath(context, udev_list_entry_get_name(entry)));
         if (!scsiDevice) {
-            return; // gone since the scan
+            continue; // gone since the scan
         }
         const auto device = massStorageDevice(context, scsiDevice.get());
         if (device) {
             devices.append(device);
         }
-    });
+    }
 }
 
 udev_device *MountedUSBDeviceList::getChild(udev *context, udev_device *parent,
