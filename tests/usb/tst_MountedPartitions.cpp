@@ -341,6 +341,8 @@ void tst_MountedPartitions::typesAreLookedUp_data()
         << QByteArray() << QByteArray("vfat") << int(s_fat16) << expected("vfat", supported);
     QTest::newRow("another word of udev's changes nothing")
         << QByteArray("exfat") << QByteArray("vfat") << int(s_fat16) << expected("vfat", supported);
+    QTest::newRow("a word behind it in the alphabet changes nothing either")
+        << QByteArray("xfs") << QByteArray("vfat") << int(s_fat16) << expected("vfat", supported);
     QTest::newRow("udev's word is compared exactly")
         << QByteArray("VFAT") << QByteArray("vfat") << int(s_fat16) << expected("vfat", supported);
     QTest::newRow("ntfs") << QByteArray("ntfs") << QByteArray("ntfs") << int(s_fat32)
@@ -382,11 +384,13 @@ void tst_MountedPartitions::typesAreLookedUp()
 
 void tst_MountedPartitions::aPartitionUnknownToUdevKeepsItsType()
 {
-    m_bed->addStick("sda", {});
+    m_bed->addStick("sda", {{"sda2", "vfat"}});
     makePartition(QStringLiteral("/dev/sda1"), s_fat32);
-    PrivateMounts::setMountTable(mounted("/dev/sda1", s_mountPoint, "vfat"));
-    QCOMPARE(described(MountedUSBDeviceList::getUSBMountPaths()),
-             QStringLiteral("/dev/sda1 on /media/usbdrive is <vfat>, supported"));
+    makePartition(QStringLiteral("/dev/sda2"), s_fat32);
+    PrivateMounts::setMountTable(mounted("/dev/sda1", s_mountPoint) + mounted("/dev/sda2", "/mnt"));
+    QCOMPARE(described(MountedUSBDeviceList::getUSBMountInfo().value(0)->mountInfo()),
+             QStringLiteral("/dev/sda1 on /media/usbdrive is <vfat>, "
+                            "/dev/sda2 on /mnt is <fat32>, supported"));
 }
 
 void tst_MountedPartitions::aDeviceNameWithoutPathIsNoPartition()
@@ -499,6 +503,9 @@ void tst_MountedPartitions::pathsAreSupportedWhenAllDevicesAre_data()
     QTest::newRow("one good") << good << item + QStringLiteral("supported");
     QTest::newRow("a bad one on the same device")
         << good + mounted("/dev/sda2", "/mnt/nowhere", "ext4")
+        << item + QStringLiteral("not supported");
+    QTest::newRow("a bad one before it on the same device")
+        << mounted("/dev/sda2", "/mnt/nowhere", "ext4") + good
         << item + QStringLiteral("not supported");
     QTest::newRow("a bad one on the next device, which cannot be written to")
         << good + mounted("/dev/sdb1", "/mnt/nowhere", "ext4")
