@@ -37,5 +37,7 @@ extern const Command localeCommand;
 extern const Command convertCommand;
 /** `countries`: the codes of countries and languages. */
 extern const Command countriesCommand;
+/** `usb`: shows the USB drive, mounts, marks and unmounts it. */
+extern const Command usbCommand;
 
 } // namespace Tavro::FieldHost

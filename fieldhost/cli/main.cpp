@@ -19,9 +19,9 @@ namespace Tavro::FieldHost {
 namespace {
 
 const Command *const s_commands[] = {
-    &exportCommand,     &deleteCommand,   &sizeCommand,    &compareCommand,
-    &nameCommand,       &safeNameCommand, &freeCommand,    &clockCommand,
-    &projectionCommand, &localeCommand,   &convertCommand, &countriesCommand,
+    &exportCommand,   &deleteCommand,    &sizeCommand,  &compareCommand,    &nameCommand,
+    &safeNameCommand, &freeCommand,      &clockCommand, &projectionCommand, &localeCommand,
+    &convertCommand,  &countriesCommand, &usbCommand,
 };
 
 const Command *findCommand(const QString &name)

@@ -7,6 +7,7 @@
 #include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/export/ExportPlan.h"
 #include "fieldhost/cli/export/ExportRun.h"
+#include "fieldhost/cli/usb/DriveAccess.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -24,6 +25,9 @@ before the next one: a drive pulled out loses no file that was copied before.
                with "/" at the end, or as "." or "..", stands for its contents, which are copied
                into DESTINATION itself.
   DESTINATION  A folder. It is created when it does not exist, and otherwise must be empty.
+
+A DESTINATION at or below /media/usbdrive is on the USB drive. The drive is mounted and marked as
+in use before the copy, unmounted and marked clean after it, however the copy ends.
 
 Links are followed. Hidden entries, links that lead nowhere, pipes, sockets and devices are left
 out, and counted. Names are taken as UTF-8.
@@ -108,7 +112,12 @@ int runExport(const QStringList &arguments)
     }
     const QString destination = sources.takeLast();
 
+    DriveAccess drive(destination, console);
+    // it goes before the drive: a signal ends the wait for one that stays in use
     SignalWatcher signalWatcher;
+    if (!drive.begin()) {
+        return ExitDestinationRefused;
+    }
     const ExportPlan plan =
         planExport(sources, destination, parser.isSet(intoExisting), SignalWatcher::endRequested);
     if (plan.refusal == ExitDone && SignalWatcher::endRequested()) {
@@ -116,6 +125,7 @@ int runExport(const QStringList &arguments)
         return ExitAborted;
     }
     if (plan.refusal == ExitDone) {
+        drive.warnOfLargeFiles(plan);
         return carryOut(plan, parser.isSet(verify), console, signalWatcher);
     }
     for (const QString &reason : plan.reasons) {
