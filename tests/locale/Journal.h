@@ -36,8 +36,7 @@ public:
     template<typename Sender, typename Signal>
     void follow(Sender *sender, Signal signal, const char *name)
     {
-        const QString entry = QLatin1String("signal ") + QLatin1String(name);
-        follow(sender, signal, [entry] { return entry; });
+        follow(sender, signal, [name] { return QLatin1String("signal ") + QLatin1String(name); });
     }
 
     /** Has what @p describe answers at each emission of @p signal added. */
