@@ -729,14 +729,14 @@ void tst_Async::deletesItselfOnlyWhenAllowed()
 void tst_Async::deletesItselfOnTheOwnersThread()
 {
     auto *async = new Async(Async::Sequential);
-    std::atomic<QThread *> deletedBy{nullptr};
+    const auto deletedBy = std::make_shared<std::atomic<QThread *>>(nullptr);
     connect(
-        async, &QObject::destroyed, async, [&] { deletedBy = QThread::currentThread(); },
+        async, &QObject::destroyed, async, [deletedBy] { *deletedBy = QThread::currentThread(); },
         Qt::DirectConnection);
     async->setDeleteLater(true);
     async->startTask(
         (new Task(*async, *m_journal, "1"))->then([async] { async->asyncDeleteLater(); }));
-    QTRY_COMPARE_WITH_TIMEOUT(deletedBy.load(), QThread::currentThread(), s_patience);
+    QTRY_COMPARE_WITH_TIMEOUT(deletedBy->load(), QThread::currentThread(), s_patience);
     QCOMPARE(m_journal->lines(), list({"1 runs", "1 deleted"}));
 }
 
