@@ -4,6 +4,7 @@
 #include "fieldhost/cli/NearestWord.h"
 #include "fieldhost/cli/Paths.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/usb/FatVolume.h"
 #include "fieldhost/cli/usb/UsbDrive.h"
 #include "shared/usb/USBDriveCleanAccessManager.h"
@@ -272,13 +273,6 @@ QString nearestAction(const QString &name)
     return nearest(name, names);
 }
 
-int usageError(Console &console, const QString &reason)
-{
-    console.printError(reason);
-    console.printError(QStringLiteral("Try: ovo-fieldhost usb --help"));
-    return ExitUsage;
-}
-
 int runUsb(const QStringList &arguments)
 {
     Console console;
@@ -296,23 +290,24 @@ int runUsb(const QStringList &arguments)
         return ExitDone;
     }
     if (!understood) {
-        return usageError(console, parser.errorText());
+        return usageError(console, usbCommand.name, parser.errorText());
     }
     QStringList words = parser.positionalArguments();
     const QString name = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
     const Action *action = findAction(name);
     if (!action) {
-        return usageError(console,
-                          QStringLiteral("There is no \"usb %1\". The nearest one is \"%2\".")
-                              .arg(name, nearestAction(name)));
+        return usageError(console, usbCommand.name,
+                          QStringLiteral("\"usb\" knows no %1. The nearest one is \"%2\".")
+                              .arg(quoted(name), nearestAction(name)));
     }
     const int wanted = action->argument ? 1 : 0;
     if (words.size() > wanted) {
         return usageError(
-            console, QStringLiteral("\"usb %1\" takes no %2.").arg(name, quoted(words.last())));
+            console, usbCommand.name,
+            QStringLiteral("\"usb %1\" takes no %2.").arg(name, quoted(words.last())));
     }
     if (wanted == 1 && words.value(0).isEmpty()) {
-        return usageError(console,
+        return usageError(console, usbCommand.name,
                           QStringLiteral("A %1 is missing.").arg(QLatin1String(action->argument)));
     }
     Request request;
