@@ -18,11 +18,22 @@ namespace Tavro::FieldHost {
 
 namespace {
 
+// clang-format off
 const Command *const s_commands[] = {
-    &exportCommand,     &deleteCommand,   &sizeCommand,    &compareCommand,
-    &nameCommand,       &safeNameCommand, &freeCommand,    &clockCommand,
-    &projectionCommand, &localeCommand,   &convertCommand, &countriesCommand,
+    &exportCommand,
+    &deleteCommand,
+    &sizeCommand,
+    &compareCommand,
+    &nameCommand,
+    &safeNameCommand,
+    &freeCommand,
+    &clockCommand,
+    &projectionCommand,
+    &localeCommand,
+    &convertCommand,
+    &countriesCommand,
 };
+// clang-format on
 
 const Command *findCommand(const QString &name)
 {
