@@ -18,11 +18,23 @@ namespace Tavro::FieldHost {
 
 namespace {
 
+// clang-format off
 const Command *const s_commands[] = {
-    &exportCommand,   &deleteCommand,    &sizeCommand,  &compareCommand,    &nameCommand,
-    &safeNameCommand, &freeCommand,      &clockCommand, &projectionCommand, &localeCommand,
-    &convertCommand,  &countriesCommand, &usbCommand,
+    &exportCommand,
+    &deleteCommand,
+    &sizeCommand,
+    &compareCommand,
+    &nameCommand,
+    &safeNameCommand,
+    &freeCommand,
+    &usbCommand,
+    &localeCommand,
+    &convertCommand,
+    &countriesCommand,
+    &clockCommand,
+    &projectionCommand,
 };
+// clang-format on
 
 const Command *findCommand(const QString &name)
 {

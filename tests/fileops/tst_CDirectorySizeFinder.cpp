@@ -5,12 +5,10 @@
 #include <QDir>
 #include <QFile>
 #include <QMetaMethod>
-#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 #include <QThreadPool>
-#include <QtConcurrentRun>
 
 #include <memory>
 
@@ -46,33 +44,30 @@ private:
 
 namespace {
 
-/** Keeps every thread of the global pool busy, so that no request can begin. */
+/** Takes every thread of the global pool away, so that no request can begin. */
 class BusyPool
 {
 public:
     BusyPool()
+        : m_threads(QThreadPool::globalInstance()->maxThreadCount())
     {
-        const int threads = QThreadPool::globalInstance()->maxThreadCount();
-        for (int i = 0; i < threads; ++i) {
-            QtConcurrent::run([this] {
-                m_begun.release();
-                m_end.acquire();
-            });
+        QThreadPool::globalInstance()->waitForDone();
+        for (int i = 0; i < m_threads; ++i) {
+            QThreadPool::globalInstance()->reserveThread();
         }
-        m_begun.acquire(threads);
     }
     ~BusyPool()
     {
-        m_end.release(QThreadPool::globalInstance()->maxThreadCount());
-        QThreadPool::globalInstance()->waitForDone();
+        for (int i = 0; i < m_threads; ++i) {
+            QThreadPool::globalInstance()->releaseThread();
+        }
     }
 
     BusyPool(const BusyPool &) = delete;
     BusyPool &operator=(const BusyPool &) = delete;
 
 private:
-    QSemaphore m_begun;
-    QSemaphore m_end;
+    const int m_threads;
 };
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
+#include "fieldhost/cli/UsageError.h"
 
 namespace Tavro::FieldHost {
 
@@ -52,9 +53,7 @@ std::optional<int> CommandLine::parse(const QStringList &arguments, const char *
 
 int CommandLine::refuse(const QString &reason)
 {
-    m_console.printError(reason);
-    m_console.printError(QStringLiteral("Try: ovo-fieldhost %1 --help").arg(QLatin1String(m_name)));
-    return ExitUsage;
+    return usageError(m_console, m_name, reason);
 }
 
 } // namespace Tavro::FieldHost
