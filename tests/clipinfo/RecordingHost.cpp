@@ -97,7 +97,9 @@ ProjectUnit::ProjectUnit(Base::DistanceUnit unit)
 ProjectUnit::~ProjectUnit()
 {
     change(Base::DistanceUnit::Undefined);
-    Shared::CProjectLocaleData::instance()->unsetLocale();
+    if (Shared::CProjectLocaleData::instance()->localeValid()) {
+        Shared::CProjectLocaleData::instance()->unsetLocale();
+    }
     QLocale::setDefault(m_localeBefore);
 }
 
