@@ -174,9 +174,8 @@ bool ClipInfoHandler::writeClipInfo()
 {
     m_clipInfo.insert(QStringLiteral("Application"), QCoreApplication::applicationName());
     m_clipInfo.insert(QStringLiteral("ClipRatio"), s_pictureRatio);
-    m_clipInfo.insert(
-        QStringLiteral("CreationDate"),
-        QDateTime::currentDateTime().toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")));
+    m_clipInfo.insert(QStringLiteral("CreationDate"),
+                      QDateTime::currentDateTime().toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")));
     m_clipInfo.insert(QStringLiteral("OriginalClipName"), m_originalClipName);
     m_clipInfo.insert(QStringLiteral("PictureRatio"), s_pictureRatio);
     writeIndexInfo();
@@ -209,10 +208,9 @@ bool ClipInfoHandler::write(double time, double distance, int code, double pan, 
     const QString key =
         QStringLiteral("Val%1").arg(m_nextValueIndex, s_indexDigits, 10, QLatin1Char('0'));
     // no number formatted here holds a "%", so that one pass can fill in all of them
-    const QString value =
-        QStringLiteral("%1;%2;%3;%4;%5")
-            .arg(fixedPoint(time), fixedPoint(distance), QString::number(code), fixedPoint(pan),
-                 fixedPoint(tilt));
+    const QString value = QStringLiteral("%1;%2;%3;%4;%5")
+                              .arg(fixedPoint(time), fixedPoint(distance), QString::number(code),
+                                   fixedPoint(pan), fixedPoint(tilt));
     m_indexing.insert(key, value);
     m_nextValueIndex = numberAfter(m_nextValueIndex);
     return true;

@@ -3,7 +3,6 @@
 #include "host/CPipeObservationObject.h"
 #include "shared/locale/CProjectLocaleData.h"
 
-#include <QLocale>
 #include <QMetaMethod>
 
 using namespace Tavro;
@@ -16,7 +15,8 @@ namespace {
 // entry says how it stands with them at that moment.
 QString withObservation(const QString &entry)
 {
-    return entry + QLatin1String(isObservationConnected() ? ", observation on" : ", observation off");
+    return entry
+        + QLatin1String(isObservationConnected() ? ", observation on" : ", observation off");
 }
 
 QString nameOf(const QMetaMethod &signal)

@@ -7,7 +7,10 @@
 #include "tests/support/FileTree.h"
 
 #include <QByteArrayList>
+#include <QLocale>
 #include <QStringList>
+
+#include <memory>
 
 namespace Test {
 

@@ -255,8 +255,7 @@ void tst_ClipInfoHandler::theRecorderFollowedIsTheCreationHandlers()
     m_host->recorder().setState(FreeRecorder::Recording); // its state is not asked for
     QVERIFY(m_handler->connectToVideoRecorder(&given));
     QCOMPARE(journal, QStringList());
-    QCOMPARE(m_host->journal,
-             QStringList{QStringLiteral("connect stateChanged, observation off")});
+    QCOMPARE(m_host->journal, QStringList{QStringLiteral("connect stateChanged, observation off")});
 
     m_handler->setVideoIndexingFilePath(m_video);
     given.setState(FreeRecorder::Recording);
@@ -477,9 +476,9 @@ void tst_ClipInfoHandler::aDroppedDistanceIsStillTheLast()
     m_host->recorder().setDuration(3000);
     m_host->counter().setDistance(2.04);
     m_host->camera().setPan(9);
-    QCOMPARE(samples(),
-             (QByteArrayList{"00000=2.000;1.000;0;0.000;0.000",
-                             "00001=3.000;2.000;0;9.000;0.000"}));
+    QCOMPARE(
+        samples(),
+        (QByteArrayList{"00000=2.000;1.000;0;0.000;0.000", "00001=3.000;2.000;0;9.000;0.000"}));
 }
 
 void tst_ClipInfoHandler::everyPanIsASample()
@@ -518,10 +517,10 @@ void tst_ClipInfoHandler::panAndTiltStayAtTheLastDistance()
     m_host->camera().setPan(2);
     m_host->camera().setTilt(3);
     m_host->counter().setDistance(4);
-    QCOMPARE(samples(),
-             (QByteArrayList{"00000=0.000;1.000;0;0.000;0.000", "00001=0.000;1.000;0;2.000;0.000",
-                             "00002=0.000;1.000;0;2.000;3.000",
-                             "00003=0.000;4.000;0;2.000;3.000"}));
+    QCOMPARE(
+        samples(),
+        (QByteArrayList{"00000=0.000;1.000;0;0.000;0.000", "00001=0.000;1.000;0;2.000;0.000",
+                        "00002=0.000;1.000;0;2.000;3.000", "00003=0.000;4.000;0;2.000;3.000"}));
 }
 
 void tst_ClipInfoHandler::aDroppedPanIsStillTheLast()
@@ -534,9 +533,9 @@ void tst_ClipInfoHandler::aDroppedPanIsStillTheLast()
     m_host->camera().setTilt(3);
     m_host->recorder().setDuration(2000);
     m_host->counter().setDistance(5);
-    QCOMPARE(samples(),
-             (QByteArrayList{"00000=2.000;0.000;0;1.000;0.000",
-                             "00001=2.000;5.000;0;2.000;3.000"}));
+    QCOMPARE(
+        samples(),
+        (QByteArrayList{"00000=2.000;0.000;0;1.000;0.000", "00001=2.000;5.000;0;2.000;3.000"}));
 }
 
 void tst_ClipInfoHandler::anObservationIsASampleAtTheCountersDistance()
@@ -586,9 +585,9 @@ void tst_ClipInfoHandler::anObservationLeavesTheLastDistance()
     m_host->counter().setDistance(0.04);
     m_host->createObservation();
     m_host->counter().setDistance(0.06); // from 0, not from 0.04
-    QCOMPARE(samples(),
-             (QByteArrayList{"00000=0.000;0.040;0;0.000;0.000",
-                             "00001=0.000;0.060;0;0.000;0.000"}));
+    QCOMPARE(
+        samples(),
+        (QByteArrayList{"00000=0.000;0.040;0;0.000;0.000", "00001=0.000;0.060;0;0.000;0.000"}));
 }
 
 void tst_ClipInfoHandler::withoutARecorderSlotsDoNothing()
@@ -623,9 +622,9 @@ void tst_ClipInfoHandler::theInitialSampleHasNoPanAndTilt()
     record(40);
     QVERIFY(m_handler->writeInitialIndexingDistance());
     m_host->camera().setPan(3); // the tilt is not forgotten
-    QCOMPARE(samples(),
-             (QByteArrayList{"00000=0.040;12.500;0;0.000;0.000",
-                             "00001=0.040;12.500;0;3.000;2.000"}));
+    QCOMPARE(
+        samples(),
+        (QByteArrayList{"00000=0.040;12.500;0;0.000;0.000", "00001=0.040;12.500;0;3.000;2.000"}));
 }
 
 void tst_ClipInfoHandler::theInitialDistanceIsTheLast()
@@ -641,8 +640,7 @@ void tst_ClipInfoHandler::theInitialDistanceIsTheLast()
     m_host->recorder().setDuration(1000);
     m_handler->onPanValueChanged(1);
     QCOMPARE(samples(),
-             (QByteArrayList{"00000=1.000;12.500;0;0.000;0.000",
-                             "00001=1.000;20.000;0;0.000;0.000",
+             (QByteArrayList{"00000=1.000;12.500;0;0.000;0.000", "00001=1.000;20.000;0;0.000;0.000",
                              "00002=1.000;20.000;0;1.000;0.000"}));
 }
 
