@@ -15,6 +15,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringBuilder>
 #include <QTextStream>
 
 #include <cmath>
@@ -207,10 +208,9 @@ bool ClipInfoHandler::write(double time, double distance, int code, double pan, 
     }
     const QString key =
         QStringLiteral("Val%1").arg(m_nextValueIndex, s_indexDigits, 10, QLatin1Char('0'));
-    // no number formatted here holds a "%", so that one pass can fill in all of them
-    const QString value = QStringLiteral("%1;%2;%3;%4;%5")
-                              .arg(fixedPoint(time), fixedPoint(distance), QString::number(code),
-                                   fixedPoint(pan), fixedPoint(tilt));
+    const QLatin1Char separator(';');
+    const QString value = fixedPoint(time) % separator % fixedPoint(distance) % separator
+        % QString::number(code) % separator % fixedPoint(pan) % separator % fixedPoint(tilt);
     m_indexing.insert(key, value);
     m_nextValueIndex = numberAfter(m_nextValueIndex);
     return true;
