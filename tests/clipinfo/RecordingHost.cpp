@@ -171,7 +171,8 @@ bool isObservationConnected()
 QByteArrayList valuesIn(const QString &path)
 {
     QByteArrayList values;
-    for (const QByteArray &line : contentOf(path).split('\n')) {
+    const QByteArrayList lines = contentOf(path).split('\n');
+    for (const QByteArray &line : lines) {
         if (line.startsWith("Val")) {
             values += line;
         }

@@ -27,7 +27,8 @@ const QString s_dateFormat = QStringLiteral("dd.MM.yyyy hh:mm:ss");
 // what stands in a line "key=value" of a file; null when there is no such line
 QByteArray valueOf(const QByteArray &key, const QByteArray &content)
 {
-    for (const QByteArray &line : content.split('\n')) {
+    const QByteArrayList lines = content.split('\n');
+    for (const QByteArray &line : lines) {
         if (line.startsWith(key + '=')) {
             return line.mid(key.size() + 1);
         }
@@ -252,8 +253,9 @@ void tst_ClipInfoFile::numbersAreTheSameInEveryLocale()
     QVERIFY(expected.contains("Val00000=1234567.891;-1234.500;0;-0.250;10.500\n"));
 
     QStringList decimalPoints;
-    for (const QLocale &locale :
-         QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+    const QList<QLocale> locales =
+        QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry);
+    for (const QLocale &locale : locales) {
         decimalPoints += locale.decimalPoint();
         GlobalLocaleData::instance()->setDefaultLocale(locale);
         QLocale withGrouping(locale);
@@ -362,7 +364,8 @@ void tst_ClipInfoFile::keysOfSixDigitsSortAsTexts()
     }
     written();
     QByteArrayList keys;
-    for (const QByteArray &line : valuesIn(m_info)) {
+    const QByteArrayList values = valuesIn(m_info);
+    for (const QByteArray &line : values) {
         keys += line.left(line.indexOf('='));
     }
     QCOMPARE(keys.size(), 1 + 100001 - 9999 + 1);

@@ -68,24 +68,27 @@ private:
 
 namespace {
 
-const QByteArray s_valid = "[ClipInfo]\n"
-                           "Application=Valve\n"
-                           "ClipRatio=1.0591\n"
-                           "CreationDate=21.11.2026 19:11:50\n"
-                           "OriginalClipName=Val00041.mp4\n"
-                           "PictureRatio=1.0591\n"
-                           "\n"
-                           "[IndexInfo]\n"
-                           "DistanceUnit=m\n"
-                           "\n"
-                           "[LaserCalibration]\n"
-                           "Intercept=0.00456\n"
-                           "Slope=1.23\n"
-                           "\n"
-                           "[Indexing]\n"
-                           "Val00010=0.000;0.000;0;0.000;0.000\n"
-                           "Val00011=0.400;0.100;0;0.000;0.000\n"
-                           "Val00012=12.480;3.215;0;-45.000;10.500\n";
+QByteArray validFile()
+{
+    return "[ClipInfo]\n"
+           "Application=Valve\n"
+           "ClipRatio=1.0591\n"
+           "CreationDate=21.11.2026 19:11:50\n"
+           "OriginalClipName=Val00041.mp4\n"
+           "PictureRatio=1.0591\n"
+           "\n"
+           "[IndexInfo]\n"
+           "DistanceUnit=m\n"
+           "\n"
+           "[LaserCalibration]\n"
+           "Intercept=0.00456\n"
+           "Slope=1.23\n"
+           "\n"
+           "[Indexing]\n"
+           "Val00010=0.000;0.000;0;0.000;0.000\n"
+           "Val00011=0.400;0.100;0;0.000;0.000\n"
+           "Val00012=12.480;3.215;0;-45.000;10.500\n";
+}
 
 } // namespace
 
@@ -112,7 +115,8 @@ void tst_ClipInfoResume::theNextNumberIsThatAfterTheLastVal_data()
     const auto row = [](const char *name, const QByteArray &content, const char *key) {
         QTest::newRow(name) << content << QByteArray(key);
     };
-    row("a whole file", s_valid, "Val00013");
+    const QByteArray valid = validFile();
+    row("a whole file", valid, "Val00013");
     row("the last, not the largest", "Val00020=a\nVal00007=b\n", "Val00008");
     row("six digits", "Val100000=a\n", "Val100001");
     row("the step to six digits", "Val99999=a\n", "Val100000");
@@ -127,7 +131,7 @@ void tst_ClipInfoResume::theNextNumberIsThatAfterTheLastVal_data()
     row("no Val, but a number before an equals sign", "12=3\n", "Val00001");
     row("no Val, but a number where one would be behind it", "xx12=3\n", "Val00001");
     row("another case", "VAL00012=a\nval00013=b\n", "Val00001");
-    row("a header alone", s_valid.left(s_valid.indexOf("Val00010")), "Val00001");
+    row("a header alone", valid.left(valid.indexOf("Val00010")), "Val00001");
     row("Val in the header alone", "Application=Valve\nSlope=1\n", "Val00001");
     row("Val and a number in the header", "OriginalClipName=Val00041=3.mp4\n", "Val00042");
     row("Val in a value behind the last sample", "Val00012=a\nApplication=Valve\n", "Val00001");
@@ -160,7 +164,7 @@ void tst_ClipInfoResume::theNextNumberIsThatAfterTheLastVal_data()
     row("more than 64 bits", "Val99999999999999999999999=a\n", "Val00001");
 
     row("zero bytes", QByteArray(4096, '\0'), "Val00001");
-    row("zero bytes behind a whole file", s_valid + QByteArray(4096, '\0'), "Val00013");
+    row("zero bytes behind a whole file", valid + QByteArray(4096, '\0'), "Val00013");
     row("zero bytes before a sample", QByteArray(4096, '\0') + "Val00012=a\n", "Val00013");
     row("bytes of every value", someBytes(100'000), "Val00001");
     row("bytes that are no text around a sample", "\xff\xfe\x80Val00012=\xff\xfe\x80", "Val00013");
@@ -177,9 +181,10 @@ void tst_ClipInfoResume::theNextNumberIsThatAfterTheLastVal()
 
 void tst_ClipInfoResume::aFileCutAnywhereIsContinued()
 {
+    const QByteArray valid = validFile();
     QByteArrayList keys;
-    for (int length = 0; length <= s_valid.size(); ++length) {
-        const QByteArray content = s_valid.left(length);
+    for (int length = 0; length <= valid.size(); ++length) {
+        const QByteArray content = valid.left(length);
         const QByteArray expected = QByteArray::fromStdString(nextKey(content.toStdString()));
         const QByteArray key = keyAfter(content);
         QVERIFY2(key == expected, (QByteArray::number(length) + " bytes: " + key).constData());
@@ -195,7 +200,7 @@ void tst_ClipInfoResume::aFileCutAnywhereIsContinued()
 
 void tst_ClipInfoResume::aLargeFileIsContinued()
 {
-    constexpr qint64 size = 100 * 1024 * 1024;
+    constexpr qint64 size = 100LL * 1024 * 1024;
     const QByteArray end = "\nVal00012=a\n";
     QFile file(m_info);
     QVERIFY(file.open(QIODevice::WriteOnly));
@@ -256,7 +261,7 @@ void tst_ClipInfoResume::aMissingFileCannotBeResumed()
 
 void tst_ClipInfoResume::theFileIsClosedAgain()
 {
-    makeFile(m_info, s_valid);
+    makeFile(m_info, validFile());
     QFile file(m_info);
     QVERIFY(m_handler->resume(file));
     QVERIFY(!file.isOpen());
@@ -286,7 +291,7 @@ void tst_ClipInfoResume::startIsTrueForWhateverIsThere()
     if (folder) {
         QVERIFY(QDir().mkpath(m_info));
     } else {
-        makeFile(m_info, s_valid);
+        makeFile(m_info, validFile());
     }
     m_handler->setVideoIndexingFilePath(m_video);
     QVERIFY(m_handler->start());
@@ -296,7 +301,8 @@ void tst_ClipInfoResume::startIsTrueForWhateverIsThere()
         QVERIFY(QDir().rmdir(m_info));
     }
     QVERIFY(m_handler->stop());
-    QCOMPARE(valuesIn(m_info).last(), key + "=0.000;0.000;0;0.000;0.000");
+    const QByteArrayList values = valuesIn(m_info);
+    QCOMPARE(values.last(), key + "=0.000;0.000;0;0.000;0.000");
     QCOMPARE(contentOf(m_info).count("[Indexing]"), 1);
 }
 

@@ -19,7 +19,8 @@ enum Exit { Done = 0, Failed = 1, Usage = 2, DestinationRefused = 4, Aborted = 6
 QByteArrayList linesThatBegin(const QByteArray &prefix, const QByteArray &content)
 {
     QByteArrayList lines;
-    for (const QByteArray &line : content.split('\n')) {
+    const QByteArrayList all = content.split('\n');
+    for (const QByteArray &line : all) {
         if (line.startsWith(prefix)) {
             lines += line;
         }

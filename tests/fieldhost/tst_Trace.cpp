@@ -17,21 +17,24 @@ namespace {
 
 enum Exit { Done = 0, Failed = 1, Usage = 2, SourceRefused = 3 };
 
-const QByteArray s_header = "[ClipInfo]\n"
-                            "Application=ovo-fieldhost\n"
-                            "ClipRatio=1.0591\n"
-                            "CreationDate=21.11.2026 19:11:50\n"
-                            "OriginalClipName=clip.001.mp4\n"
-                            "PictureRatio=1.0591\n"
-                            "\n"
-                            "[IndexInfo]\n"
-                            "DistanceUnit=ft\n"
-                            "\n"
-                            "[LaserCalibration]\n"
-                            "Intercept=0.00456\n"
-                            "Slope=1.23\n"
-                            "\n"
-                            "[Indexing]\n";
+QByteArray header()
+{
+    return "[ClipInfo]\n"
+           "Application=ovo-fieldhost\n"
+           "ClipRatio=1.0591\n"
+           "CreationDate=21.11.2026 19:11:50\n"
+           "OriginalClipName=clip.001.mp4\n"
+           "PictureRatio=1.0591\n"
+           "\n"
+           "[IndexInfo]\n"
+           "DistanceUnit=ft\n"
+           "\n"
+           "[LaserCalibration]\n"
+           "Intercept=0.00456\n"
+           "Slope=1.23\n"
+           "\n"
+           "[Indexing]\n";
+}
 
 } // namespace
 
@@ -97,7 +100,7 @@ void tst_Trace::cleanup()
 
 void tst_Trace::aWholeFileIsRead()
 {
-    const ClipInfoFile info = readOf(s_header
+    const ClipInfoFile info = readOf(header()
                                      + "Val00000=0.000;0.000;0;0.000;0.000\n"
                                        "Val00001=12.480;3.215;0;-45.000;10.500\n");
     QCOMPARE(info.error, QString());
@@ -169,7 +172,7 @@ void tst_Trace::linesThatCannotBeReadAreCounted()
 
 void tst_Trace::aFileCutAnywhereIsRead()
 {
-    const QByteArray whole = s_header
+    const QByteArray whole = header()
         + "Val00000=0.000;0.000;0;0.000;0.000\n"
           "Val00001=12.480;3.215;0;-45.000;10.500\n";
     for (int length = 0; length <= whole.size(); ++length) {
@@ -254,7 +257,7 @@ void tst_Trace::aCurveIsDrawnInDots()
 void tst_Trace::theTerminalShowsEachCurve()
 {
     makeFile(m_info,
-             s_header
+             header()
                  + "Val00000=0.000;0.000;0;0.000;0.000\n"
                    "Val00001=65.000;3.215;0;-45.000;10.500\n");
     const Outcome outcome = Program::run({QStringLiteral("trace"), m_clip});
@@ -273,7 +276,7 @@ void tst_Trace::theTerminalShowsEachCurve()
 
 void tst_Trace::theFileItselfMayBeNamed()
 {
-    makeFile(m_info, s_header + "Val00000=0.000;0.000;0;0.000;0.000\n");
+    makeFile(m_info, header() + "Val00000=0.000;0.000;0;0.000;0.000\n");
     const Outcome outcome = Program::run({QStringLiteral("trace"), m_info});
     QCOMPARE(outcome.exitCode, int(Done));
     QVERIFY(outcome.output.startsWith(QStringLiteral("\"%1\": 1 sample, ").arg(m_info)));
@@ -293,7 +296,7 @@ void tst_Trace::damageIsSaidAndDrawnAround()
 void tst_Trace::aPictureShowsEachCurve()
 {
     makeFile(m_info,
-             s_header
+             header()
                  + "Val00000=0.000;0.000;0;0.000;0.000\n"
                    "Val00001=10.000;3.215;0;-45.000;10.500\n"
                    "Val00002=20.000;3.215;0;-45.000;10.500\n");
@@ -339,7 +342,7 @@ void tst_Trace::aPictureShowsEachCurve()
 
 void tst_Trace::aPictureThatCannotBeWrittenIsReported()
 {
-    makeFile(m_info, s_header + "Val00000=0.000;0.000;0;0.000;0.000\n");
+    makeFile(m_info, header() + "Val00000=0.000;0.000;0;0.000;0.000\n");
     const QString picture = path(QStringLiteral("missing/picture.png"));
     const Outcome outcome =
         Program::run({QStringLiteral("trace"), m_clip, QStringLiteral("--png=") + picture});
@@ -350,7 +353,7 @@ void tst_Trace::aPictureThatCannotBeWrittenIsReported()
 
 void tst_Trace::nothingToDrawIsAFailure()
 {
-    makeFile(m_info, s_header);
+    makeFile(m_info, header());
     const Outcome outcome = Program::run({QStringLiteral("trace"), m_clip});
     QCOMPARE(outcome.exitCode, int(Failed));
     QCOMPARE(outcome.errors, QStringLiteral("There is no sample to draw.\n"));

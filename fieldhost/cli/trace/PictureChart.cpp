@@ -4,6 +4,7 @@
 
 #include <QPainter>
 
+#include <array>
 #include <cmath>
 
 namespace Tavro::FieldHost {
@@ -16,7 +17,7 @@ constexpr int s_right = 20;
 constexpr int s_bottom = 30;
 constexpr int s_titleHeight = 24;
 constexpr int s_timeMarks = 6;
-constexpr QRgb s_curveColors[] = {0xff1f5fa8, 0xffb0481c, 0xff2e7d32};
+constexpr std::array<QRgb, 3> s_curveColors = {0xff1f5fa8, 0xffb0481c, 0xff2e7d32};
 constexpr QRgb s_frameColor = 0xffb0b0b0;
 
 void drawCurve(QPainter &painter, const Trace &trace, const Curve &curve, const QRect &frame,
@@ -67,7 +68,8 @@ QImage drawPicture(const Trace &trace)
     for (int i = 0; i < trace.curves().size(); ++i) {
         const QRect frame(s_left, i * panelHeight + s_titleHeight, width,
                           panelHeight - s_titleHeight);
-        drawCurve(painter, trace, trace.curves().at(i), frame, s_curveColors[i]);
+        drawCurve(painter, trace, trace.curves().at(i), frame,
+                  s_curveColors.at(static_cast<size_t>(i)));
     }
     for (int i = 0; i <= s_timeMarks; ++i) {
         const int x = s_left + (width - 1) * i / s_timeMarks;
