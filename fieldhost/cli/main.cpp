@@ -108,8 +108,8 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
     if (!drawsPictures(argc, argv)) {
         return std::make_unique<QCoreApplication>(argc, argv);
     }
-    // it loads the fonts, for which it needs no display
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // it loads the fonts; the platform that has nothing else needs no display
+    qputenv("QT_QPA_PLATFORM", "minimal:enable_fonts");
     // it also looks for settings among what belongs to a login; without one it would complain, and
     // leave a folder in /tmp
     const QTemporaryDir instead;
