@@ -21,5 +21,15 @@ extern const Command exportCommand;
 extern const Command recordCommand;
 /** `trace`: draws what a clip information file holds. */
 extern const Command traceCommand;
+/** `clock`: shows and sets the device's clock. */
+extern const Command clockCommand;
+/** `projection`: shows the texts of the map's projection. */
+extern const Command projectionCommand;
+/** `locale`: how a project shows numbers, dates and units. */
+extern const Command localeCommand;
+/** `convert`: lengths from one unit to another. */
+extern const Command convertCommand;
+/** `countries`: the codes of countries and languages. */
+extern const Command countriesCommand;
 
 } // namespace Tavro::FieldHost

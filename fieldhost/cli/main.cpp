@@ -26,6 +26,11 @@ const Command *const s_commands[] = {
     &exportCommand,
     &recordCommand,
     &traceCommand,
+    &clockCommand,
+    &projectionCommand,
+    &localeCommand,
+    &convertCommand,
+    &countriesCommand,
 };
 
 const Command *findCommand(const QString &name)
@@ -49,10 +54,14 @@ QString nearestCommand(const QString &name)
 
 QString helpText()
 {
+    int width = 0;
+    for (const Command *command : s_commands) {
+        width = qMax(width, static_cast<int>(qstrlen(command->name)));
+    }
     QString text = QStringLiteral("Usage: ovo-fieldhost COMMAND ...\n\nCommands:");
     for (const Command *command : s_commands) {
         text += QStringLiteral("\n  %1  %2")
-                    .arg(QLatin1String(command->name), -8)
+                    .arg(QLatin1String(command->name), -width)
                     .arg(QLatin1String(command->summary));
     }
     return text

@@ -369,8 +369,10 @@ void tst_ClipInfoHandler::connectingAgainTakesEachSampleOnce()
     QVERIFY(!m_handler->endVideoIndexing());
     m_host->settings().setVideoIndexingEnabled(true);
 
+    m_host->journal.clear();
     QVERIFY(m_handler->connectToVideoRecorder(&m_host->recorder()));
     begin();
+    QCOMPARE(m_host->journal.filter(QStringLiteral("connect")), QStringList());
     m_host->recorder().setState(FreeRecorder::Recording);
     m_host->camera().setPan(1);
     m_host->camera().setTilt(2);

@@ -3,6 +3,7 @@
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/SignalWatcher.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/record/RecordPlan.h"
 #include "fieldhost/cli/record/RecordRun.h"
 #include "fieldhost/services/FieldApplication.h"
@@ -45,13 +46,6 @@ Exit codes:
 
 // as many milliseconds as fit into any file of this format, and far more than a day
 constexpr double s_longestTime = 1e6; // s
-
-int usageError(Console &console, const QString &reason)
-{
-    console.printError(reason);
-    console.printError(QStringLiteral("Try: ovo-fieldhost record --help"));
-    return ExitUsage;
-}
 
 /** Reads the options one by one and keeps the first complaint. */
 class OptionReader
@@ -158,16 +152,16 @@ int runRecord(const QStringList &arguments)
         return ExitDone;
     }
     if (!understood) {
-        return usageError(console, parser.errorText());
+        return usageError(console, "record", parser.errorText());
     }
     const QStringList clips = parser.positionalArguments();
     if (clips.size() != 1 || clips.first().isEmpty()) {
-        return usageError(console,
+        return usageError(console, "record",
                           clips.size() > 1 ? QStringLiteral("There is more than one CLIP.")
                                            : QStringLiteral("A CLIP is missing."));
     }
     if (!parser.isSet(durationName)) {
-        return usageError(console, QStringLiteral("--duration is missing."));
+        return usageError(console, "record", QStringLiteral("--duration is missing."));
     }
 
     OptionReader reader(parser);
@@ -179,7 +173,7 @@ int runRecord(const QStringList &arguments)
     plan.observations = reader.times(observeName, plan.duration);
     plan.unit = reader.unit(unitName);
     if (!reader.complaint().isEmpty()) {
-        return usageError(console, reader.complaint());
+        return usageError(console, "record", reader.complaint());
     }
     const RecordRefusal refusal = checkPlace(plan);
     if (refusal.code != ExitDone) {

@@ -2,6 +2,7 @@
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/trace/PictureChart.h"
 #include "fieldhost/cli/trace/TextChart.h"
 #include "shared/clipinfo/ClipInfoHandler.h"
@@ -33,13 +34,6 @@ Exit codes:
   1  failed: there is no sample to draw, or the picture was not written
   2  the command line was not understood
   3  there is no clip information file, or it cannot be read)";
-
-int usageError(Console &console, const QString &reason)
-{
-    console.printError(reason);
-    console.printError(QStringLiteral("Try: ovo-fieldhost trace --help"));
-    return ExitUsage;
-}
 
 // what comes from a file may hold anything
 QString headline(const QString &path, const ClipInfoFile &info, const Trace &trace)
@@ -86,16 +80,16 @@ int runTrace(const QStringList &arguments)
         return ExitDone;
     }
     if (!understood) {
-        return usageError(console, parser.errorText());
+        return usageError(console, "trace", parser.errorText());
     }
     const QStringList clips = parser.positionalArguments();
     if (clips.size() != 1 || clips.first().isEmpty()) {
-        return usageError(console,
+        return usageError(console, "trace",
                           clips.size() > 1 ? QStringLiteral("There is more than one CLIP.")
                                            : QStringLiteral("A CLIP is missing."));
     }
     if (parser.isSet(png) && parser.value(png).isEmpty()) {
-        return usageError(console, QStringLiteral("The FILE of --png is empty."));
+        return usageError(console, "trace", QStringLiteral("The FILE of --png is empty."));
     }
 
     const QString path = Shared::ClipInfoHandler::videoPathToFilePath(clips.first());
