@@ -11,6 +11,8 @@ struct Command
     const char *summary; // a line for the list of commands
     /** Gets the program's name, the command's and what follows; returns an ExitCode. */
     int (*run)(const QStringList &arguments);
+    /** Option with which the command draws pictures, for which it needs fonts; null for none. */
+    const char *pictureOption = nullptr;
 };
 
 /** `compare`: whether two files have the same content. */
@@ -27,6 +29,10 @@ extern const Command nameCommand;
 extern const Command safeNameCommand;
 /** `size`: bytes in folders. */
 extern const Command sizeCommand;
+/** `record`: records the clip information of a simulated drive. */
+extern const Command recordCommand;
+/** `trace`: draws what a clip information file holds. */
+extern const Command traceCommand;
 /** `clock`: shows and sets the device's clock. */
 extern const Command clockCommand;
 /** `projection`: shows the texts of the map's projection. */
