@@ -13,11 +13,29 @@ struct Command
     int (*run)(const QStringList &arguments);
 };
 
+/** `compare`: whether two files have the same content. */
+extern const Command compareCommand;
+/** `delete`: deletes folders and files. */
+extern const Command deleteCommand;
 /** `export`: copies folders and files durably. */
 extern const Command exportCommand;
+/** `free`: space left on a volume. */
+extern const Command freeCommand;
+/** `name`: a name that no file in a folder has. */
+extern const Command nameCommand;
+/** `safe-name`: a text as a name that any drive takes. */
+extern const Command safeNameCommand;
+/** `size`: bytes in folders. */
+extern const Command sizeCommand;
 /** `clock`: shows and sets the device's clock. */
 extern const Command clockCommand;
 /** `projection`: shows the texts of the map's projection. */
 extern const Command projectionCommand;
+/** `locale`: how a project shows numbers, dates and units. */
+extern const Command localeCommand;
+/** `convert`: lengths from one unit to another. */
+extern const Command convertCommand;
+/** `countries`: the codes of countries and languages. */
+extern const Command countriesCommand;
 
 } // namespace Tavro::FieldHost

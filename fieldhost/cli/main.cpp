@@ -19,9 +19,9 @@ namespace Tavro::FieldHost {
 namespace {
 
 const Command *const s_commands[] = {
-    &exportCommand,
-    &clockCommand,
-    &projectionCommand,
+    &exportCommand,     &deleteCommand,   &sizeCommand,    &compareCommand,
+    &nameCommand,       &safeNameCommand, &freeCommand,    &clockCommand,
+    &projectionCommand, &localeCommand,   &convertCommand, &countriesCommand,
 };
 
 const Command *findCommand(const QString &name)
@@ -45,10 +45,14 @@ QString nearestCommand(const QString &name)
 
 QString helpText()
 {
+    int width = 0;
+    for (const Command *command : s_commands) {
+        width = qMax(width, static_cast<int>(qstrlen(command->name)));
+    }
     QString text = QStringLiteral("Usage: ovo-fieldhost COMMAND ...\n\nCommands:");
     for (const Command *command : s_commands) {
         text += QStringLiteral("\n  %1  %2")
-                    .arg(QLatin1String(command->name), -10)
+                    .arg(QLatin1String(command->name), -width)
                     .arg(QLatin1String(command->summary));
     }
     return text

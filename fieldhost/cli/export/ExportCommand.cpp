@@ -4,6 +4,7 @@
 #include "fieldhost/cli/KeyInput.h"
 #include "fieldhost/cli/SignalWatcher.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/export/ExportPlan.h"
 #include "fieldhost/cli/export/ExportRun.h"
 
@@ -32,30 +33,25 @@ Options:
                    there, it is made in a hidden folder beside it first, and takes its place,
                    replacing files of the same name, when all of it is whole. An abort or a
                    failure leaves everything there as it was.
+  --verify         Reads every copy back from the device and compares it with its source. One that
+                   differs fails the export, and what was copied is removed.
   -h, --help       Shows this text.
 
 On a terminal, p pauses and resumes, q or Ctrl-C aborts. An abort removes the copy whole.
 
 Exit codes:
   0  everything is copied, and on the device
-  1  failed: a file was not copied; the message names it and the cause
+  1  failed: a file was not copied, or its copy differs; the message names it and the cause
   2  the command line was not understood
   3  nothing copied: a SOURCE is missing, or no whole copy of it is possible
   4  nothing copied: DESTINATION is refused
   5  nothing copied: DESTINATION has not enough free space
   6  aborted; the copy was removed)";
 
-int usageError(Console &console, const QString &reason)
-{
-    console.printError(reason);
-    console.printError(QStringLiteral("Try: ovo-fieldhost export --help"));
-    return ExitUsage;
-}
-
-int carryOut(const ExportPlan &plan, Console &console, SignalWatcher &signalWatcher)
+int carryOut(const ExportPlan &plan, bool verify, Console &console, SignalWatcher &signalWatcher)
 {
     KeyInput keys;
-    ExportRun run(plan, console);
+    ExportRun run(plan, console, verify);
     QObject::connect(&run, &ExportRun::finished, qApp, &QCoreApplication::exit);
     QObject::connect(&signalWatcher, &SignalWatcher::endSignal, &run, &ExportRun::abort);
     QObject::connect(&signalWatcher, &SignalWatcher::aboutToSuspend, &keys, [&] {
@@ -87,6 +83,8 @@ int runExport(const QStringList &arguments)
     const QCommandLineOption intoExisting(QStringLiteral("into-existing"));
     parser.addOption(help);
     parser.addOption(intoExisting);
+    const QCommandLineOption verify(QStringLiteral("verify"));
+    parser.addOption(verify);
 
     QStringList typed = arguments;
     typed.removeAt(1); // the command's own name
@@ -96,17 +94,17 @@ int runExport(const QStringList &arguments)
         return ExitDone;
     }
     if (!understood) {
-        return usageError(console, parser.errorText());
+        return usageError(console, "export", parser.errorText());
     }
     QStringList sources = parser.positionalArguments();
     if (sources.size() < 2) {
-        return usageError(console,
+        return usageError(console, "export",
                           sources.isEmpty()
                               ? QStringLiteral("A SOURCE and a DESTINATION are missing.")
                               : QStringLiteral("A DESTINATION is missing."));
     }
     if (sources.contains(QString())) {
-        return usageError(console, QStringLiteral("A SOURCE or DESTINATION is empty."));
+        return usageError(console, "export", QStringLiteral("A SOURCE or DESTINATION is empty."));
     }
     const QString destination = sources.takeLast();
 
@@ -118,7 +116,7 @@ int runExport(const QStringList &arguments)
         return ExitAborted;
     }
     if (plan.refusal == ExitDone) {
-        return carryOut(plan, console, signalWatcher);
+        return carryOut(plan, parser.isSet(verify), console, signalWatcher);
     }
     for (const QString &reason : plan.reasons) {
         if (plan.refusal == ExitAborted) {
