@@ -1,0 +1,194 @@
+#include "shared/locale/CLocaleSupport.h"
+
+#include "shared/locale/GlobalLocaleData.h"
+#include "shared/locale/detail/DistanceUnitTexts.h"
+
+#include <QDate>
+#include <QDateTime>
+#include <QTime>
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+using Tavro::Base::DistanceUnit;
+
+namespace Tavro::Shared {
+
+namespace {
+
+// The integer that @p value shows as, if it does. Casting what an int cannot hold is undefined,
+// so the range comes first; NaN fails both comparisons.
+std::optional<int> shownAsInteger(double value)
+{
+    if (!(value > -2147483649.0 && value < 2147483648.0)) {
+        return std::nullopt;
+    }
+    const int truncated = static_cast<int>(value);
+    if (std::abs(truncated - value) > 1e-12) {
+        return std::nullopt;
+    }
+    return truncated;
+}
+
+// date, time, or both
+template<typename Moment>
+QString momentToString(const QLocale &locale, const Moment &moment, const QString &format)
+{
+    return format.isEmpty() ? locale.toString(moment, QLocale::ShortFormat)
+                            : locale.toString(moment, format);
+}
+
+} // namespace
+
+const QString CLocaleSupport::speedUnits_m_per_sec = QStringLiteral("m/s");
+const QString CLocaleSupport::speedUnits_ft_per_sec = QStringLiteral("ft/s");
+const QString CLocaleSupport::speedUnits_inch_per_sec = QStringLiteral("inch/s");
+const QString CLocaleSupport::speedUnits_m_per_min = QStringLiteral("m/min");
+const QString CLocaleSupport::speedUnits_ft_per_min = QStringLiteral("ft/min");
+const QString CLocaleSupport::speedUnits_inch_per_min = QStringLiteral("inch/min");
+const QString CLocaleSupport::speedUnits_cm_per_sec = QStringLiteral("cm/s");
+const QString CLocaleSupport::angleUnits_hour = QStringLiteral("hour");
+const QString CLocaleSupport::angleUnits_degree = QStringLiteral("°");
+const QString CLocaleSupport::angleUnits_percent = QStringLiteral("%");
+const QString CLocaleSupport::pressureUnits_mbar = QStringLiteral("mbar");
+const QString CLocaleSupport::pressureUnits_atm = QStringLiteral("atm");
+const QString CLocaleSupport::pressureUnits_pa = QStringLiteral("Pa");
+const QString CLocaleSupport::distanceUnits_m = detail::s_meters;
+const QString CLocaleSupport::distanceUnits_ft = detail::s_feet;
+const QString CLocaleSupport::distanceUnits_inch = detail::s_inches;
+const QString CLocaleSupport::tempUnits_C = QStringLiteral("°C");
+const QString CLocaleSupport::tempUnits_F = QStringLiteral("°F");
+
+const bool CLocaleSupport::decimalRegardlessOfLocale; // a symbol for the host to link with
+
+QLocale CLocaleSupport::getCurrentLocale()
+{
+    return GlobalLocaleData::instance()->locale();
+}
+
+DistanceUnit CLocaleSupport::getDistanceUnit()
+{
+    return GlobalLocaleData::instance()->distanceUnitType();
+}
+
+QString CLocaleSupport::getDistanceUnitString()
+{
+    return getDistanceUnit() == DistanceUnit::Feet ? distanceUnits_ft : distanceUnits_m;
+}
+
+QString CLocaleSupport::getSpeedUnitString()
+{
+    return getDistanceUnit() == DistanceUnit::Feet ? speedUnits_ft_per_min : speedUnits_m_per_min;
+}
+
+QString CLocaleSupport::getTemperatureUnitString()
+{
+    switch (getCurrentLocale().measurementSystem()) {
+    case QLocale::ImperialUSSystem:
+    case QLocale::ImperialUKSystem:
+        return tempUnits_F;
+    case QLocale::MetricSystem:
+        break;
+    }
+    return tempUnits_C;
+}
+
+QString CLocaleSupport::getAngleUnitString()
+{
+    return angleUnits_degree;
+}
+
+QString CLocaleSupport::getPressureUnitString()
+{
+    return pressureUnits_mbar;
+}
+
+QString CLocaleSupport::catalogTemplateColumnUnit(const QString &columnKey)
+{
+    const QString unit = GlobalLocaleData::instance()->catalogTemplateColumnUnit(columnKey);
+    return unit.isEmpty() ? getDistanceUnitString() : unit;
+}
+
+QString CLocaleSupport::getDateFormat()
+{
+    QString format = getCurrentLocale().dateFormat(QLocale::ShortFormat);
+    if (!format.contains(QLatin1String("yyyy"))) {
+        format.replace(QLatin1String("yy"), QLatin1String("yyyy"));
+    }
+    return format;
+}
+
+QString CLocaleSupport::getTimeFormat()
+{
+    return getCurrentLocale().timeFormat(QLocale::LongFormat);
+}
+
+QString CLocaleSupport::getDateTimeFormat()
+{
+    return getCurrentLocale().dateTimeFormat(QLocale::ShortFormat);
+}
+
+bool CLocaleSupport::APStyle()
+{
+    // true without AM and PM: the screens that ask are written for this sense
+    return !getTimeFormat().contains(QLatin1String("AP"));
+}
+
+QString CLocaleSupport::distanceValueToLocalizedString(double value, bool withUnit,
+                                                       bool twoDecimals)
+{
+    QString text = getCurrentLocale().toString(value, 'f', twoDecimals ? 2 : 1);
+    if (withUnit) {
+        text += QLatin1Char(' ');
+        text += getDistanceUnitString();
+    }
+    return text;
+}
+
+double CLocaleSupport::distanceValueFromLocalizedString(const QString &text)
+{
+    const QLocale locale = getCurrentLocale();
+    const QChar decimalPoint = locale.decimalPoint();
+    const auto isDecimalMark = [](QChar c) {
+        return c == QLatin1Char('.') || c == QLatin1Char(',');
+    };
+
+    QVarLengthArray<QChar, 64> number(text.size()); // on the stack for whatever a field holds
+    std::replace_copy_if(text.begin(), text.end(), number.begin(), isDecimalMark, decimalPoint);
+
+    bool ok = false;
+    const double value = locale.toDouble(QStringView(number.constData(), number.size()), &ok);
+    return ok ? value : 0; // toDouble() itself answers infinity for what is too large
+}
+
+QString CLocaleSupport::variantToLocalizedString(const QVariant &value, const QString &format)
+{
+    const QLocale locale = getCurrentLocale();
+    switch (value.userType()) {
+    case QMetaType::Int:
+        return locale.toString(value.toInt());
+    case QMetaType::UInt:
+        return locale.toString(value.toUInt());
+    case QMetaType::LongLong:
+        return locale.toString(value.toLongLong());
+    case QMetaType::ULongLong:
+        return locale.toString(value.toULongLong());
+    case QMetaType::Double: {
+        const double number = value.toDouble();
+        const std::optional<int> integer = shownAsInteger(number);
+        return integer ? locale.toString(*integer) : locale.toString(number, 'f', 2);
+    }
+    case QMetaType::QDate:
+        return momentToString(locale, value.toDate(), format);
+    case QMetaType::QTime:
+        return momentToString(locale, value.toTime(), format);
+    case QMetaType::QDateTime:
+        return momentToString(locale, value.toDateTime(), format);
+    default:
+        return value.toString();
+    }
+}
+
+} // namespace Tavro::Shared

@@ -1,0 +1,87 @@
+#include "shared/locale/DoubleFormater.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace Tavro::Shared {
+
+namespace {
+
+struct Picture
+{
+    QLatin1String text;
+    int width; // at least, filled up with zeros
+    int decimals;
+};
+
+constexpr std::array s_pictures = {
+    Picture{QLatin1String("0"), 1, 0}, //
+    Picture{QLatin1String("00"), 2, 0}, //
+    Picture{QLatin1String("0.00"), 3, 2}, //
+    Picture{QLatin1String("00.00"), 5, 2}, //
+    Picture{QLatin1String("00.000"), 6, 3}, //
+};
+
+// What printf("%0*.*f") writes in the "C" locale. printf itself follows setlocale(), which
+// QCoreApplication calls; QString::number() and asprintf() round halves away from zero.
+QString formatted(double value, const Picture &picture)
+{
+    // sign, digits of the largest double, mark, decimals
+    std::array<char, 1 + std::numeric_limits<double>::max_exponent10 + 1 + 1 + 3> buffer;
+    const std::to_chars_result result =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed,
+                      picture.decimals);
+    const auto length = static_cast<int>(result.ptr - buffer.data());
+
+    QString text = QString::fromLatin1(buffer.data(), length);
+    if (length < picture.width) {
+        const bool finite = std::isfinite(value);
+        const int place = finite && std::signbit(value) ? 1 : 0; // zeros follow the sign
+        text.insert(place, QString(picture.width - length, QLatin1Char(finite ? '0' : ' ')));
+    }
+    return text;
+}
+
+} // namespace
+
+QString DoubleFormater::toString(const double &value, const QString &format)
+{
+    if (format.isEmpty()) {
+        return TrimString(QString::number(value, 'f', 6));
+    }
+    const auto *const picture =
+        std::find_if(s_pictures.begin(), s_pictures.end(),
+                     [&format](const Picture &candidate) { return format == candidate.text; });
+    if (picture == s_pictures.end()) {
+        return QString::number(value, 'g', 6);
+    }
+    return formatted(value, *picture);
+}
+
+QString DoubleFormater::toString(const QString &text, const QString &format)
+{
+    bool ok = false;
+    const double value = text.toDouble(&ok);
+    return ok ? toString(value, format) : text;
+}
+
+QString DoubleFormater::TrimString(QString text)
+{
+    if (!text.contains(QLatin1Char('.'))) {
+        return text;
+    }
+    int size = text.size();
+    while (size > 1 && text.at(size - 1) == QLatin1Char('0')) {
+        --size;
+    }
+    if (text.at(size - 1) == QLatin1Char('.')) {
+        --size;
+    }
+    text.truncate(size);
+    return text;
+}
+
+} // namespace Tavro::Shared

@@ -1,0 +1,66 @@
+#include "shared/locale/LengthUnitsConverter.h"
+
+#include "host/CLogger.h"
+#include "shared/locale/detail/DistanceUnitTexts.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+using Tavro::Logging::CLogger;
+using Tavro::Logging::LogLevel;
+
+namespace Tavro::Shared {
+
+namespace {
+
+struct Unit
+{
+    QLatin1String text;
+    double (*toMeters)(double);
+    double (*fromMeters)(double);
+};
+
+// Divided where a division stands: the product with the reciprocal differs in the last bit.
+constexpr std::array s_units = {
+    Unit{detail::s_meters, [](double x) { return x; }, [](double x) { return x; }},
+    Unit{detail::s_feet, [](double x) { return x * 0.3048; }, [](double x) { return x / 0.3048; }},
+    Unit{detail::s_inches, [](double x) { return x * 0.0254; },
+         [](double x) { return x / 0.0254; }},
+    Unit{QLatin1String("mm"), [](double x) { return x / 1000; }, [](double x) { return x * 1000; }},
+    Unit{QLatin1String("cm"), [](double x) { return x / 100; }, [](double x) { return x * 100; }},
+};
+
+// null when there is no unit of that text
+const Unit *unitOf(const QString &text)
+{
+    for (const Unit &unit : s_units) {
+        if (text == unit.text) {
+            return &unit;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+double LengthUnitsConverter::convert(const QString &fromUnit, const QString &toUnit, double value)
+{
+    if (fromUnit.isEmpty() || toUnit.isEmpty() || std::isnan(value)) {
+        return std::numeric_limits<double>::quiet_NaN();
+    }
+    if (fromUnit == toUnit) {
+        return value;
+    }
+    const Unit *to = unitOf(toUnit);
+    if (!to) {
+        CLogger::logMessage(LogLevel::Error, QStringLiteral("LengthUnitsConverter"),
+                            QStringLiteral("DistanceUnitsConverter - Units converter not found"));
+        return value;
+    }
+    const Unit *from = unitOf(fromUnit);
+    const double meters = from ? from->toMeters(value) : 0; // unknown: nothing, and not a word
+    return to->fromMeters(meters);
+}
+
+} // namespace Tavro::Shared
