@@ -21,7 +21,7 @@ public:
     DateTimeValidator();
     ~DateTimeValidator() override;
 
-    /** The format; empty at first, and no text matches that. */
+    /** The format; empty at first, which only the empty text matches. */
     QString format() const;
     /** Any text; one that QDateTime cannot read by refuses every input. */
     void setFormat(const QString &format);
