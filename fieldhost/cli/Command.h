@@ -15,5 +15,7 @@ struct Command
 
 /** `export`: copies folders and files durably. */
 extern const Command exportCommand;
+/** `validate`: judges texts by the rules of a form. */
+extern const Command validateCommand;
 
 } // namespace Tavro::FieldHost

@@ -20,6 +20,7 @@ namespace {
 
 const Command *const s_commands[] = {
     &exportCommand,
+    &validateCommand,
 };
 
 const Command *findCommand(const QString &name)
