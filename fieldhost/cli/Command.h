@@ -15,6 +15,12 @@ struct Command
 
 /** `export`: copies folders and files durably. */
 extern const Command exportCommand;
+/** `locale`: how a project shows numbers, dates and units. */
+extern const Command localeCommand;
+/** `convert`: lengths from one unit to another. */
+extern const Command convertCommand;
+/** `countries`: the codes of countries and languages. */
+extern const Command countriesCommand;
 /** `validate`: judges texts by the rules of a form. */
 extern const Command validateCommand;
 

@@ -29,19 +29,6 @@ QString hexEscape(uint c)
                      : QStringLiteral("\\u%1").arg(c, 4, 16, QLatin1Char('0'));
 }
 
-QString safe(const QString &text)
-{
-    QString result;
-    for (const QChar c : text) {
-        if (isUnsafe(c.unicode())) {
-            result += hexEscape(c.unicode());
-        } else {
-            result += c;
-        }
-    }
-    return result;
-}
-
 // length of the UTF-8 sequence at the beginning of bytes, 0 when there is no valid one
 int utf8Length(const QByteArray &bytes)
 {
@@ -122,9 +109,22 @@ QString counted(qint64 n, const char *singular, const char *plural)
     return QStringLiteral("%1 %2s").arg(n).arg(QLatin1String(singular));
 }
 
+QString printable(const QString &text)
+{
+    QString result;
+    for (const QChar c : text) {
+        if (isUnsafe(c.unicode())) {
+            result += hexEscape(c.unicode());
+        } else {
+            result += c;
+        }
+    }
+    return result;
+}
+
 QString quoted(const QString &path)
 {
-    return QLatin1Char('"') + safe(path) + QLatin1Char('"');
+    return QLatin1Char('"') + printable(path) + QLatin1Char('"');
 }
 
 QString quoted(const QByteArray &path)
@@ -136,23 +136,29 @@ QString quoted(const QByteArray &path)
         if (length == 0) {
             text += hexEscape(static_cast<uchar>(path.at(i)));
         } else {
-            text += safe(QString::fromUtf8(path.mid(i, length)));
+            text += printable(QString::fromUtf8(path.mid(i, length)));
         }
         i += qMax(length, 1);
     }
     return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
-QString fitToColumns(const QString &line, int columns)
+int columnsOf(const QString &text)
 {
-    const QVector<uint> codePoints = line.toUcs4();
+    const QVector<uint> codePoints = text.toUcs4();
     int width = 0;
     for (const uint codePoint : codePoints) {
         width += columnsOf(codePoint);
     }
-    if (width <= columns) {
+    return width;
+}
+
+QString fitToColumns(const QString &line, int columns)
+{
+    if (columnsOf(line) <= columns) {
         return line;
     }
+    const QVector<uint> codePoints = line.toUcs4();
     QVector<uint> kept;
     int used = 1; // the ellipsis
     for (const uint codePoint : codePoints) {

@@ -17,10 +17,11 @@ QString formatDuration(qint64 milliseconds);
 QString counted(qint64 n, const char *singular, const char *plural = nullptr);
 
 /**
- * @p path in double quotes, as a terminal can show it: control characters and those that change
- * the direction of writing are spelled out, so that a name can neither clear the screen nor pose
- * as another.
+ * @p text as a terminal can show it: control characters and those that change the direction of
+ * writing are spelled out, so that a name can neither clear the screen nor pose as another.
  */
+QString printable(const QString &text);
+/** @p path so, in double quotes. */
 QString quoted(const QString &path);
 /** The same for a name as the file system has it; bytes that are not UTF-8 read \xNN. */
 QString quoted(const QByteArray &path);
@@ -28,6 +29,8 @@ QString quoted(const QByteArray &path);
 /** What the system calls the error number @p error. */
 QString systemText(int error);
 
+/** How many columns of a terminal @p text takes. */
+int columnsOf(const QString &text);
 /** The beginning of @p line that fits into @p columns of a terminal, "…" last where it was cut. */
 QString fitToColumns(const QString &line, int columns);
 

@@ -20,6 +20,9 @@ namespace {
 
 const Command *const s_commands[] = {
     &exportCommand,
+    &localeCommand,
+    &convertCommand,
+    &countriesCommand,
     &validateCommand,
 };
 
@@ -44,10 +47,14 @@ QString nearestCommand(const QString &name)
 
 QString helpText()
 {
+    int width = 0;
+    for (const Command *command : s_commands) {
+        width = qMax(width, static_cast<int>(qstrlen(command->name)));
+    }
     QString text = QStringLiteral("Usage: ovo-fieldhost COMMAND ...\n\nCommands:");
     for (const Command *command : s_commands) {
         text += QStringLiteral("\n  %1  %2")
-                    .arg(QLatin1String(command->name), -8)
+                    .arg(QLatin1String(command->name), -width)
                     .arg(QLatin1String(command->summary));
     }
     return text

@@ -11,7 +11,7 @@ namespace Tavro::Shared {
  * How one catalog column is edited: what a form asks before it builds the field.
  *
  * An interface: the host derives one concrete descriptor from each column definition and answers
- * the pure functions from it. QML reads everything through the properties and the invokable
+ * the pure functions from it. QML reads everything through the properties and the callable
  * functions, which all end in these virtual functions.
  *
  * Belongs to the GUI thread; nothing blocks. Owned by its parent, or by whoever created it.

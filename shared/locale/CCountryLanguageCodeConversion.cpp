@@ -11,98 +11,83 @@ namespace {
 
 struct CountryRow
 {
-    constexpr CountryRow(const char *catalogCode, const char *alpha2Code, const char *alpha3Code,
-                         QLocale::Country qtCountry)
-        : code(catalogCode)
-        , alpha2(alpha2Code)
-        , alpha3(alpha3Code)
-        , country(qtCountry)
-    {
-    }
-
-    QLatin1String code; // of the catalogs
-    QLatin1String alpha2; // ISO 3166-1
-    QLatin1String alpha3; // ISO 3166-1
+    QStringView code; // of the catalogs
+    QStringView alpha2; // ISO 3166-1
+    QStringView alpha3; // ISO 3166-1
     QLocale::Country country;
 };
 
 struct LanguageRow
 {
-    constexpr LanguageRow(const char *isoCode, QLocale::Language qtLanguage)
-        : code(isoCode)
-        , language(qtLanguage)
-    {
-    }
-
-    QLatin1String code; // ISO 639-2, in capitals
+    QStringView code; // ISO 639-2, in capitals
     QLocale::Language language;
 };
 
 // in the order in which screens offer the countries; not quite the alphabet's
 constexpr std::array s_countries = {
-    CountryRow{"A", "AT", "AUT", QLocale::Austria},
-    CountryRow{"AUS", "AU", "AUS", QLocale::Australia},
-    CountryRow{"B", "BE", "BEL", QLocale::Belgium},
-    CountryRow{"BG", "BG", "BGR", QLocale::Bulgaria},
-    CountryRow{"CDN", "CA", "CAN", QLocale::Canada},
-    CountryRow{"CH", "CH", "CHE", QLocale::Switzerland},
-    CountryRow{"CZ", "CZ", "CZE", QLocale::CzechRepublic},
-    CountryRow{"DK", "DK", "DNK", QLocale::Denmark},
-    CountryRow{"D", "DE", "DEU", QLocale::Germany},
-    CountryRow{"E", "ES", "ESP", QLocale::Spain},
-    CountryRow{"EST", "EE", "EST", QLocale::Estonia},
-    CountryRow{"F", "FR", "FRA", QLocale::France},
-    CountryRow{"FIN", "FI", "FIN", QLocale::Finland},
-    CountryRow{"GR", "GR", "GRC", QLocale::Greece},
-    CountryRow{"H", "HU", "HUN", QLocale::Hungary},
-    CountryRow{"HR", "HR", "HRV", QLocale::Croatia},
-    CountryRow{"I", "IT", "ITA", QLocale::Italy},
-    CountryRow{"IL", "IL", "ISR", QLocale::Israel},
-    CountryRow{"J", "JP", "JPN", QLocale::Japan},
-    CountryRow{"LV", "LV", "LVA", QLocale::Latvia},
-    CountryRow{"N", "NO", "NOR", QLocale::Norway},
-    CountryRow{"NL", "NL", "NLD", QLocale::Netherlands},
-    CountryRow{"NZ", "NZ", "NZL", QLocale::NewZealand},
-    CountryRow{"PL", "PL", "POL", QLocale::Poland},
-    CountryRow{"P", "PT", "PRT", QLocale::Portugal},
-    CountryRow{"RC", "CN", "CHN", QLocale::China},
-    CountryRow{"RO", "RO", "ROU", QLocale::Romania},
-    CountryRow{"RUS", "RU", "RUS", QLocale::RussianFederation},
-    CountryRow{"S", "SE", "SWE", QLocale::Sweden},
-    CountryRow{"SK", "SK", "SVK", QLocale::Slovakia},
-    CountryRow{"SLO", "SI", "SVN", QLocale::Slovenia},
-    CountryRow{"SRB", "RS", "SRB", QLocale::Serbia},
-    CountryRow{"TR", "TR", "TUR", QLocale::Turkey},
-    CountryRow{"IRL", "IE", "IRL", QLocale::Ireland},
-    CountryRow{"UK", "GB", "GBR", QLocale::UnitedKingdom},
-    CountryRow{"USA", "US", "USA", QLocale::UnitedStates},
-    CountryRow{"CHL", "CL", "CHL", QLocale::Chile},
-    CountryRow{"AR", "AR", "ARG", QLocale::Argentina},
-    CountryRow{"MX", "MX", "MEX", QLocale::Mexico},
-    CountryRow{"PE", "PE", "PER", QLocale::Peru},
-    CountryRow{"BR", "BR", "BRA", QLocale::Brazil},
-    CountryRow{"IND", "IN", "IND", QLocale::India},
-    CountryRow{"UA", "UA", "UKR", QLocale::Ukraine},
-    CountryRow{"COL", "CO", "COL", QLocale::Colombia},
+    CountryRow{u"A", u"AT", u"AUT", QLocale::Austria},
+    CountryRow{u"AUS", u"AU", u"AUS", QLocale::Australia},
+    CountryRow{u"B", u"BE", u"BEL", QLocale::Belgium},
+    CountryRow{u"BG", u"BG", u"BGR", QLocale::Bulgaria},
+    CountryRow{u"CDN", u"CA", u"CAN", QLocale::Canada},
+    CountryRow{u"CH", u"CH", u"CHE", QLocale::Switzerland},
+    CountryRow{u"CZ", u"CZ", u"CZE", QLocale::CzechRepublic},
+    CountryRow{u"DK", u"DK", u"DNK", QLocale::Denmark},
+    CountryRow{u"D", u"DE", u"DEU", QLocale::Germany},
+    CountryRow{u"E", u"ES", u"ESP", QLocale::Spain},
+    CountryRow{u"EST", u"EE", u"EST", QLocale::Estonia},
+    CountryRow{u"F", u"FR", u"FRA", QLocale::France},
+    CountryRow{u"FIN", u"FI", u"FIN", QLocale::Finland},
+    CountryRow{u"GR", u"GR", u"GRC", QLocale::Greece},
+    CountryRow{u"H", u"HU", u"HUN", QLocale::Hungary},
+    CountryRow{u"HR", u"HR", u"HRV", QLocale::Croatia},
+    CountryRow{u"I", u"IT", u"ITA", QLocale::Italy},
+    CountryRow{u"IL", u"IL", u"ISR", QLocale::Israel},
+    CountryRow{u"J", u"JP", u"JPN", QLocale::Japan},
+    CountryRow{u"LV", u"LV", u"LVA", QLocale::Latvia},
+    CountryRow{u"N", u"NO", u"NOR", QLocale::Norway},
+    CountryRow{u"NL", u"NL", u"NLD", QLocale::Netherlands},
+    CountryRow{u"NZ", u"NZ", u"NZL", QLocale::NewZealand},
+    CountryRow{u"PL", u"PL", u"POL", QLocale::Poland},
+    CountryRow{u"P", u"PT", u"PRT", QLocale::Portugal},
+    CountryRow{u"RC", u"CN", u"CHN", QLocale::China},
+    CountryRow{u"RO", u"RO", u"ROU", QLocale::Romania},
+    CountryRow{u"RUS", u"RU", u"RUS", QLocale::RussianFederation},
+    CountryRow{u"S", u"SE", u"SWE", QLocale::Sweden},
+    CountryRow{u"SK", u"SK", u"SVK", QLocale::Slovakia},
+    CountryRow{u"SLO", u"SI", u"SVN", QLocale::Slovenia},
+    CountryRow{u"SRB", u"RS", u"SRB", QLocale::Serbia},
+    CountryRow{u"TR", u"TR", u"TUR", QLocale::Turkey},
+    CountryRow{u"IRL", u"IE", u"IRL", QLocale::Ireland},
+    CountryRow{u"UK", u"GB", u"GBR", QLocale::UnitedKingdom},
+    CountryRow{u"USA", u"US", u"USA", QLocale::UnitedStates},
+    CountryRow{u"CHL", u"CL", u"CHL", QLocale::Chile},
+    CountryRow{u"AR", u"AR", u"ARG", QLocale::Argentina},
+    CountryRow{u"MX", u"MX", u"MEX", QLocale::Mexico},
+    CountryRow{u"PE", u"PE", u"PER", QLocale::Peru},
+    CountryRow{u"BR", u"BR", u"BRA", QLocale::Brazil},
+    CountryRow{u"IND", u"IN", u"IND", QLocale::India},
+    CountryRow{u"UA", u"UA", u"UKR", QLocale::Ukraine},
+    CountryRow{u"COL", u"CO", u"COL", QLocale::Colombia},
 };
 static_assert(s_countries.size() == 44);
 
 constexpr std::array s_languages = {
-    LanguageRow{"BUL", QLocale::Bulgarian}, LanguageRow{"CES", QLocale::Czech},
-    LanguageRow{"DAN", QLocale::Danish},    LanguageRow{"DEU", QLocale::German},
-    LanguageRow{"ENG", QLocale::English},   LanguageRow{"EST", QLocale::Estonian},
-    LanguageRow{"FIN", QLocale::Finnish},   LanguageRow{"FRA", QLocale::French},
-    LanguageRow{"HEB", QLocale::Hebrew},    LanguageRow{"HRV", QLocale::Croatian},
-    LanguageRow{"HUN", QLocale::Hungarian}, LanguageRow{"ITA", QLocale::Italian},
-    LanguageRow{"JPN", QLocale::Japanese},  LanguageRow{"LAV", QLocale::Latvian},
-    LanguageRow{"NLD", QLocale::Dutch},     LanguageRow{"NOR", QLocale::NorwegianBokmal},
-    LanguageRow{"POL", QLocale::Polish},    LanguageRow{"POR", QLocale::Portuguese},
-    LanguageRow{"RON", QLocale::Romanian},  LanguageRow{"RUS", QLocale::Russian},
-    LanguageRow{"SLK", QLocale::Slovak},    LanguageRow{"SLV", QLocale::Slovenian},
-    LanguageRow{"SPA", QLocale::Spanish},   LanguageRow{"SRP", QLocale::Serbian},
-    LanguageRow{"SWE", QLocale::Swedish},   LanguageRow{"TUR", QLocale::Turkish},
-    LanguageRow{"ZHO", QLocale::Chinese},   LanguageRow{"UKR", QLocale::Ukrainian},
-    LanguageRow{"ELL", QLocale::Greek},
+    LanguageRow{u"BUL", QLocale::Bulgarian}, LanguageRow{u"CES", QLocale::Czech},
+    LanguageRow{u"DAN", QLocale::Danish},    LanguageRow{u"DEU", QLocale::German},
+    LanguageRow{u"ENG", QLocale::English},   LanguageRow{u"EST", QLocale::Estonian},
+    LanguageRow{u"FIN", QLocale::Finnish},   LanguageRow{u"FRA", QLocale::French},
+    LanguageRow{u"HEB", QLocale::Hebrew},    LanguageRow{u"HRV", QLocale::Croatian},
+    LanguageRow{u"HUN", QLocale::Hungarian}, LanguageRow{u"ITA", QLocale::Italian},
+    LanguageRow{u"JPN", QLocale::Japanese},  LanguageRow{u"LAV", QLocale::Latvian},
+    LanguageRow{u"NLD", QLocale::Dutch},     LanguageRow{u"NOR", QLocale::NorwegianBokmal},
+    LanguageRow{u"POL", QLocale::Polish},    LanguageRow{u"POR", QLocale::Portuguese},
+    LanguageRow{u"RON", QLocale::Romanian},  LanguageRow{u"RUS", QLocale::Russian},
+    LanguageRow{u"SLK", QLocale::Slovak},    LanguageRow{u"SLV", QLocale::Slovenian},
+    LanguageRow{u"SPA", QLocale::Spanish},   LanguageRow{u"SRP", QLocale::Serbian},
+    LanguageRow{u"SWE", QLocale::Swedish},   LanguageRow{u"TUR", QLocale::Turkish},
+    LanguageRow{u"ZHO", QLocale::Chinese},   LanguageRow{u"UKR", QLocale::Ukrainian},
+    LanguageRow{u"ELL", QLocale::Greek},
 };
 static_assert(s_languages.size() == 29);
 
@@ -122,8 +107,8 @@ const CodeMap &catalogCodesByIsoCode()
     static const CodeMap map = [] {
         CodeMap codes;
         for (const CountryRow &row : s_countries) {
-            codes.insert(row.alpha2, row.code);
-            codes.insert(row.alpha3, row.code);
+            codes.insert(row.alpha2.toString(), row.code.toString());
+            codes.insert(row.alpha3.toString(), row.code.toString());
         }
         codes.insert(QStringLiteral("419"), QStringLiteral("LATAM")); // a region, UN M49
         return codes;
@@ -136,7 +121,7 @@ const CodeMap &alpha2CodesByCatalogCode()
     static const CodeMap map = [] {
         CodeMap codes;
         for (const CountryRow &row : s_countries) {
-            codes.insert(row.code, row.alpha2);
+            codes.insert(row.code.toString(), row.alpha2.toString());
         }
         return codes;
     }();
@@ -165,13 +150,13 @@ QLocale::Language CCountryLanguageCodeConversion::languageFromLanguageCode(const
 QString CCountryLanguageCodeConversion::countryCodeFromCountry(QLocale::Country country)
 {
     const auto *row = firstRow(s_countries, country, &CountryRow::country);
-    return row ? QString(row->code) : QString();
+    return row ? row->code.toString() : QString();
 }
 
 QString CCountryLanguageCodeConversion::languageCodeFromLanguage(QLocale::Language language)
 {
     const auto *row = firstRow(s_languages, language, &LanguageRow::language);
-    return row ? QString(row->code) : QString();
+    return row ? row->code.toString() : QString();
 }
 
 QStringList CCountryLanguageCodeConversion::getCountryList()
@@ -179,7 +164,7 @@ QStringList CCountryLanguageCodeConversion::getCountryList()
     QStringList codes;
     codes.reserve(static_cast<int>(s_countries.size()));
     for (const CountryRow &row : s_countries) {
-        codes.append(row.code);
+        codes.append(row.code.toString());
     }
     return codes;
 }

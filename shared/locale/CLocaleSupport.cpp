@@ -55,9 +55,9 @@ const QString CLocaleSupport::angleUnits_percent = QStringLiteral("%");
 const QString CLocaleSupport::pressureUnits_mbar = QStringLiteral("mbar");
 const QString CLocaleSupport::pressureUnits_atm = QStringLiteral("atm");
 const QString CLocaleSupport::pressureUnits_pa = QStringLiteral("Pa");
-const QString CLocaleSupport::distanceUnits_m = detail::s_meters;
-const QString CLocaleSupport::distanceUnits_ft = detail::s_feet;
-const QString CLocaleSupport::distanceUnits_inch = detail::s_inches;
+const QString CLocaleSupport::distanceUnits_m = detail::s_meters.toString();
+const QString CLocaleSupport::distanceUnits_ft = detail::s_feet.toString();
+const QString CLocaleSupport::distanceUnits_inch = detail::s_inches.toString();
 const QString CLocaleSupport::tempUnits_C = QStringLiteral("°C");
 const QString CLocaleSupport::tempUnits_F = QStringLiteral("°F");
 

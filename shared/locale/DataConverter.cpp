@@ -8,16 +8,14 @@ namespace {
 
 struct DataType
 {
-    QLatin1String code;
+    QStringView code;
     CInputType::InputType inputType;
 };
 
 constexpr std::array s_dataTypes = {
-    DataType{QLatin1String("INT"), CInputType::InputTypeInteger},
-    DataType{QLatin1String("DEC"), CInputType::InputTypeDecimal},
-    DataType{QLatin1String("TXT"), CInputType::InputTypeText},
-    DataType{QLatin1String("BOL"), CInputType::InputTypeBoolean},
-    DataType{QLatin1String("DAT"), CInputType::InputTypeDate},
+    DataType{u"INT", CInputType::InputTypeInteger}, DataType{u"DEC", CInputType::InputTypeDecimal},
+    DataType{u"TXT", CInputType::InputTypeText},    DataType{u"BOL", CInputType::InputTypeBoolean},
+    DataType{u"DAT", CInputType::InputTypeDate},
 };
 
 } // namespace

@@ -12,17 +12,17 @@ namespace {
 
 struct Picture
 {
-    QLatin1String text;
+    QStringView text;
     int width; // at least, filled up with zeros
     int decimals;
 };
 
 constexpr std::array s_pictures = {
-    Picture{QLatin1String("0"), 1, 0}, //
-    Picture{QLatin1String("00"), 2, 0}, //
-    Picture{QLatin1String("0.00"), 3, 2}, //
-    Picture{QLatin1String("00.00"), 5, 2}, //
-    Picture{QLatin1String("00.000"), 6, 3}, //
+    Picture{u"0", 1, 0}, //
+    Picture{u"00", 2, 0}, //
+    Picture{u"0.00", 3, 2}, //
+    Picture{u"00.00", 5, 2}, //
+    Picture{u"00.000", 6, 3}, //
 };
 
 // What printf("%0*.*f") writes in the "C" locale. printf itself follows setlocale(), which

@@ -16,7 +16,7 @@ namespace {
 
 struct Unit
 {
-    QLatin1String text;
+    QStringView text;
     double (*toMeters)(double);
     double (*fromMeters)(double);
 };
@@ -27,8 +27,8 @@ constexpr std::array s_units = {
     Unit{detail::s_feet, [](double x) { return x * 0.3048; }, [](double x) { return x / 0.3048; }},
     Unit{detail::s_inches, [](double x) { return x * 0.0254; },
          [](double x) { return x / 0.0254; }},
-    Unit{QLatin1String("mm"), [](double x) { return x / 1000; }, [](double x) { return x * 1000; }},
-    Unit{QLatin1String("cm"), [](double x) { return x / 100; }, [](double x) { return x * 100; }},
+    Unit{u"mm", [](double x) { return x / 1000; }, [](double x) { return x * 1000; }},
+    Unit{u"cm", [](double x) { return x / 100; }, [](double x) { return x * 100; }},
 };
 
 // null when there is no unit of that text

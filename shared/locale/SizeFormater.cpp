@@ -7,13 +7,13 @@ namespace Tavro::Shared {
 namespace {
 
 constexpr std::array s_units = {
-    QLatin1String("B"), //
-    QLatin1String("KB"), //
-    QLatin1String("MB"), //
-    QLatin1String("GB"), //
-    QLatin1String("TB"), //
-    QLatin1String("PB"), //
-    QLatin1String("EB"), // 2^63 bytes are 8 of it
+    QStringView(u"B"), //
+    QStringView(u"KB"), //
+    QStringView(u"MB"), //
+    QStringView(u"GB"), //
+    QStringView(u"TB"), //
+    QStringView(u"PB"), //
+    QStringView(u"EB"), // 2^63 bytes are 8 of it
 };
 
 } // namespace
@@ -29,7 +29,7 @@ QString SizeFormater::toString(long long bytes)
     }
     QString text = QString::number(number, 'f', 1);
     text += QLatin1Char(' ');
-    text += s_units.at(unit);
+    text.append(s_units.at(unit).data(), static_cast<int>(s_units.at(unit).size()));
     return text;
 }
 

@@ -32,7 +32,11 @@ void tst_CommandLine::helpListsTheCommands()
         const Outcome outcome = Program::run({QLatin1String(option)});
         QCOMPARE(outcome.exitCode, int(Done));
         QVERIFY(outcome.output.startsWith(QLatin1String("Usage: ovo-fieldhost COMMAND ...\n")));
-        QVERIFY(outcome.output.contains(QLatin1String("\n  export    Copies folders and files")));
+        const QString text = outcome.output.simplified();
+        QVERIFY(text.contains(QLatin1String(" export Copies folders and files durably")));
+        QVERIFY(text.contains(QLatin1String(" locale Shows how a project shows numbers")));
+        QVERIFY(text.contains(QLatin1String(" convert Converts a length")));
+        QVERIFY(text.contains(QLatin1String(" countries Lists the countries")));
         QCOMPARE(outcome.errors, QString());
     }
 }
@@ -61,7 +65,7 @@ void tst_CommandLine::anUnknownCommandNamesTheNearest_data()
 
     QTest::newRow("a letter missing") << QStringLiteral("exprt");
     QTest::newRow("another case") << QStringLiteral("Export");
-    QTest::newRow("an unknown option") << QStringLiteral("--frobnicate");
+    QTest::newRow("an unknown option") << QStringLiteral("--export");
 }
 
 void tst_CommandLine::anUnknownCommandNamesTheNearest()

@@ -4,6 +4,7 @@
 #include "fieldhost/cli/KeyInput.h"
 #include "fieldhost/cli/SignalWatcher.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/export/ExportPlan.h"
 #include "fieldhost/cli/export/ExportRun.h"
 
@@ -44,13 +45,6 @@ Exit codes:
   4  nothing copied: DESTINATION is refused
   5  nothing copied: DESTINATION has not enough free space
   6  aborted; the copy was removed)";
-
-int usageError(Console &console, const QString &reason)
-{
-    console.printError(reason);
-    console.printError(QStringLiteral("Try: ovo-fieldhost export --help"));
-    return ExitUsage;
-}
 
 int carryOut(const ExportPlan &plan, Console &console, SignalWatcher &signalWatcher)
 {
@@ -96,17 +90,17 @@ int runExport(const QStringList &arguments)
         return ExitDone;
     }
     if (!understood) {
-        return usageError(console, parser.errorText());
+        return usageError(console, "export", parser.errorText());
     }
     QStringList sources = parser.positionalArguments();
     if (sources.size() < 2) {
-        return usageError(console,
+        return usageError(console, "export",
                           sources.isEmpty()
                               ? QStringLiteral("A SOURCE and a DESTINATION are missing.")
                               : QStringLiteral("A DESTINATION is missing."));
     }
     if (sources.contains(QString())) {
-        return usageError(console, QStringLiteral("A SOURCE or DESTINATION is empty."));
+        return usageError(console, "export", QStringLiteral("A SOURCE or DESTINATION is empty."));
     }
     const QString destination = sources.takeLast();
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QLatin1String>
+#include <QStringView>
 
 // The unit texts of the catalog templates. They are shown as they are, and name the units of a
 // conversion, too: one text for all three, or a template's unit would be unknown to the converter.
 namespace Tavro::Shared::detail {
 
-constexpr QLatin1String s_meters("m");
-constexpr QLatin1String s_feet("ft");
-constexpr QLatin1String s_inches("inch");
+constexpr QStringView s_meters(u"m");
+constexpr QStringView s_feet(u"ft");
+constexpr QStringView s_inches(u"inch");
 
 } // namespace Tavro::Shared::detail
