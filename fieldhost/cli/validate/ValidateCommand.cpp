@@ -2,6 +2,7 @@
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/validate/RuleText.h"
 #include "shared/input/TextValidator.h"
 #include "shared/input/Validator.h"
@@ -61,13 +62,6 @@ struct Field
     TextValidator together;
     std::vector<Rule> each;
 };
-
-int usageError(Console &console, const QString &reason)
-{
-    console.printError(reason);
-    console.printError(QStringLiteral("Try: ovo-fieldhost validate --help"));
-    return ExitUsage;
-}
 
 void addRule(Field &field, const RuleText &rule)
 {
@@ -150,20 +144,20 @@ int runValidate(const QStringList &arguments)
         return ExitDone;
     }
     if (!understood) {
-        return usageError(console, parser.errorText());
+        return usageError(console, "validate", parser.errorText());
     }
     if (!parser.isSet(rules)) {
-        return usageError(console, QStringLiteral("A --rule is missing."));
+        return usageError(console, "validate", QStringLiteral("A --rule is missing."));
     }
     if (parser.positionalArguments().isEmpty()) {
-        return usageError(console, QStringLiteral("A TEXT is missing."));
+        return usageError(console, "validate", QStringLiteral("A TEXT is missing."));
     }
     Field field;
     const QStringList ruleTexts = parser.values(rules);
     for (const QString &text : ruleTexts) {
         const RuleText rule = parseRule(text);
         if (!rule.error.isEmpty()) {
-            return usageError(console, rule.error);
+            return usageError(console, "validate", rule.error);
         }
         addRule(field, rule);
     }
