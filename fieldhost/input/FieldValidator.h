@@ -10,10 +10,10 @@ namespace Tavro::FieldHost {
 /**
  * Lets a text item of QML go by the rules of a TextValidator: `TextInput { validator: ... }`.
  *
- * What the rules refuse at once cannot be typed. That suits rules for numbers. A date or a minimum
- * length has no unfinished texts, only wrong ones, so that nothing could be typed at all; there,
- * and with a mandatory field that the user must be able to empty, @ref blocking is false: the text
- * can be typed, and is not accepted.
+ * A key that turns a passing text into a refused one does nothing. That suits rules for numbers.
+ * For a date, a pattern or a minimum length every unfinished text is a wrong one: a date that is
+ * complete could no more be corrected, and a mandatory text not be emptied. There @ref blocking
+ * is false: such a text can be typed, and is not accepted.
  */
 class FieldValidator : public QValidator
 {
@@ -29,7 +29,7 @@ public:
     Shared::TextValidator *rules() const;
     /** The text is judged anew, and whenever a rule is added. */
     void setRules(Shared::TextValidator *rules);
-    /** Whether what is refused at once cannot be typed; true at first. */
+    /** Whether keys that make a text wrong do nothing; true at first. */
     bool isBlocking() const;
     /** The text is judged anew. */
     void setBlocking(bool blocking);
