@@ -130,6 +130,7 @@ void tst_DoubleValidator::boundsAndStepsDecide_data()
     row("grid starts at the bottom", 0.05, 1.0, 0.1, "0.15", true);
     row("and not at 0", 0.05, 1.0, 0.1, "0.2", false);
     row("negative step", 0.0, 1.0, -0.1, "0.3", true);
+    row("negative step, off the grid", 0.0, 1.0, -0.1, "0.35", false);
     row("half a step", 0.0, 10.0, 1.0, "0.5", false);
     row("half a step below 0", -10.0, 10.0, 4.0, "-4", false);
 
