@@ -4,6 +4,32 @@
 
 namespace Tavro::Shared {
 
+namespace {
+
+// QRegExp calls itself for each group within a group, and some ten thousand of them end the
+// process; patterns that people write have a handful
+constexpr int s_deepestGroup = 1000;
+
+bool isTooDeep(const QString &pattern)
+{
+    int depth = 0;
+    for (int i = 0; i < pattern.size(); ++i) {
+        const QChar sign = pattern.at(i);
+        if (sign == QLatin1Char('\\')) {
+            ++i; // whatever follows means itself
+        } else if (sign == QLatin1Char('(')) {
+            if (++depth > s_deepestGroup) {
+                return true;
+            }
+        } else if (sign == QLatin1Char(')')) {
+            --depth;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
 RegExpValidator::RegExpValidator(bool numericalMask)
     : m_numericalMask(numericalMask)
 {
@@ -20,7 +46,8 @@ void RegExpValidator::setPattern(const QString &pattern)
 {
     m_pattern = pattern;
     parsePattern();
-    m_regExp.setPattern(m_parsedPattern);
+    m_regExp.setPattern(m_parsedPattern); // compiles nothing before the first match
+    m_isTooDeep = isTooDeep(m_parsedPattern);
     m_hintOutdated = true;
 }
 
@@ -58,7 +85,7 @@ void RegExpValidator::parsePattern()
 QValidator::State RegExpValidator::validate(QString &input, int &pos) const
 {
     Q_UNUSED(pos)
-    if (m_regExp.exactMatch(input)) {
+    if (!m_isTooDeep && m_regExp.exactMatch(input)) {
         return QValidator::Acceptable;
     }
     detail::logRefusedText(QStringLiteral("RegExpValidator"), input);

@@ -14,7 +14,8 @@ namespace Tavro::Shared {
  * "00-00": Acceptable "12-34"; Invalid "1-34". Intermediate: none, so a text that does not match
  * yet is refused while it is typed. Every refusal is logged.
  *
- * The limits are those of QRegExp: a pattern that it cannot compile refuses every text.
+ * The limits are those of QRegExp: a pattern that it cannot compile refuses every text, and so does
+ * one with more than a thousand groups within each other.
  */
 class OVO_SHARED_EXPORT RegExpValidator : public Validator
 {
@@ -55,6 +56,7 @@ private:
     QString m_pattern;
     QString m_parsedPattern;
     QRegExp m_regExp;
+    bool m_isTooDeep = false; // for the engine, which then is not asked
     const bool m_numericalMask;
 };
 

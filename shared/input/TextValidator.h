@@ -57,9 +57,9 @@ public:
      * Adds a rule. @p options are properties of the rule by name (see ValidatorType), in values
      * that QVariant can convert to theirs; unknown names have no effect.
      */
-    // By its bare name: calls from QML find the enumeration by that.
-    // clazy:exclude=fully-qualified-moc-types
-    Q_INVOKABLE void addValidator(ValidatorType type, const QVariantMap &options = QVariantMap());
+    // The enumeration by its bare name: calls from QML find it by that.
+    Q_INVOKABLE void addValidator(ValidatorType type, // clazy:exclude=fully-qualified-moc-types
+                                  const QVariantMap &options = QVariantMap());
 
     /**
      * Whether @p input passes every rule; without rules every text does. While a text is being

@@ -96,6 +96,8 @@ private Q_SLOTS:
     void explodingPatternsEnd();
     void patternsThatDoNotCompileRefuseEveryText_data();
     void patternsThatDoNotCompileRefuseEveryText();
+    void deepPatternsStillMatch_data();
+    void deepPatternsStillMatch();
     void masksOfPatternSignsSurvive();
     void everyOptionSurvivesEveryValue();
     void formatsSurvive_data();
@@ -190,6 +192,10 @@ void tst_HostileInput::patternsThatDoNotCompileRefuseEveryText_data()
     QTest::newRow("repetition too high") << QStringLiteral("a{99999999999}");
     QTest::newRow("backslash at the end") << QStringLiteral("a\\");
     QTest::newRow("look-behind") << QStringLiteral("(?<=a)b");
+    // compiling them takes more stack than there is
+    QTest::newRow("groups within groups") << QStringLiteral("(").repeated(200000)
+            + QStringLiteral("a") + QStringLiteral(")").repeated(200000);
+    QTest::newRow("groups that are never closed") << QStringLiteral("(").repeated(200000);
 }
 
 void tst_HostileInput::patternsThatDoNotCompileRefuseEveryText()
@@ -203,6 +209,36 @@ void tst_HostileInput::patternsThatDoNotCompileRefuseEveryText()
     for (const QString &text : {QString(), QStringLiteral("a"), pattern}) {
         QCOMPARE(verdictOf(validator, text), QValidator::Invalid);
     }
+}
+
+void tst_HostileInput::deepPatternsStillMatch_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("a thousand groups within each other") << QStringLiteral("(").repeated(1000)
+            + QStringLiteral("a")
+            + QStringLiteral(")").repeated(1000) << QStringLiteral("a");
+    QTest::newRow("many groups one after the other")
+        << QStringLiteral("(a)").repeated(3000) << QStringLiteral("a").repeated(3000);
+    QTest::newRow("parentheses that mean themselves")
+        << QStringLiteral("\\(").repeated(3000) << QStringLiteral("(").repeated(3000);
+    QTest::newRow("backslashes before groups")
+        << QStringLiteral("\\\\(a)").repeated(1500) << QStringLiteral("\\a").repeated(1500);
+}
+
+void tst_HostileInput::deepPatternsStillMatch()
+{
+    QFETCH(QString, pattern);
+    QFETCH(QString, text);
+
+    RegExpValidator validator(false);
+    validator.setPattern(pattern);
+    QCOMPARE(verdictOf(validator, text), QValidator::Acceptable);
+    // a shallow pattern after a deep one is asked again
+    validator.setPattern(QStringLiteral("(").repeated(2000));
+    validator.setPattern(pattern);
+    QCOMPARE(verdictOf(validator, text), QValidator::Acceptable);
 }
 
 void tst_HostileInput::masksOfPatternSignsSurvive()

@@ -77,7 +77,7 @@ QString takeOption(QString &text)
     const bool reachesToTheEnd =
         text.startsWith(QLatin1String("pattern=")) || text.startsWith(QLatin1String("format="));
     const int comma = reachesToTheEnd ? -1 : text.indexOf(QLatin1Char(','));
-    const QString option = text.left(comma);
+    QString option = text.left(comma);
     text = comma < 0 ? QString() : text.mid(comma + 1);
     return option;
 }
