@@ -76,7 +76,7 @@ void tst_DoubleValidator::textIsReadAsANumber_data()
     QTest::addColumn<QValidator::State>("verdict");
 
     QTest::newRow("null") << QString() << QValidator::Intermediate;
-    QTest::newRow("empty") << QStringLiteral("") << QValidator::Intermediate;
+    QTest::newRow("empty") << QString(QLatin1String("")) << QValidator::Intermediate;
     QTest::newRow("point") << QStringLiteral("1.5") << QValidator::Acceptable;
     QTest::newRow("comma") << QStringLiteral("1,5") << QValidator::Acceptable;
     QTest::newRow("both") << QStringLiteral("1,000.5") << QValidator::Invalid;

@@ -292,7 +292,8 @@ void tst_HostileInput::everyOptionSurvivesEveryValue()
                               QStringLiteral("pattern"), QStringLiteral("objectName"),
                               QString(QChar(0xD83D)),    QString(1, QChar(0)),
                               QStringLiteral("parent"),  QString(70000, QLatin1Char('k'))};
-    for (const Rule &rule : everyRule()) {
+    const QVector<Rule> rules = everyRule();
+    for (const Rule &rule : rules) {
         for (const QString &key : keys) {
             for (const QVariant &value : values) {
                 TextValidator validator;
@@ -350,7 +351,8 @@ void tst_HostileInput::toolkitsValidatorSurvivesEveryText()
 {
     const CurrentLocale locale(QLocale::c());
     const Tavro::Shared::Validation::DoubleValidator validator(0.0, 10.0, 2, nullptr);
-    for (const Text &hostile : hostileTexts()) {
+    const QVector<Text> texts = hostileTexts();
+    for (const Text &hostile : texts) {
         QString text = hostile.text;
         int pos = text.size();
         const QValidator::State verdict = validator.validate(text, pos);

@@ -60,7 +60,7 @@ void tst_IntValidator::textIsReadAsANumber_data()
     QTest::addColumn<QValidator::State>("verdict");
 
     QTest::newRow("null") << QString() << QValidator::Intermediate;
-    QTest::newRow("empty") << QStringLiteral("") << QValidator::Intermediate;
+    QTest::newRow("empty") << QString(QLatin1String("")) << QValidator::Intermediate;
     QTest::newRow("digits") << QStringLiteral("42") << QValidator::Acceptable;
     QTest::newRow("percent") << QStringLiteral("42%") << QValidator::Acceptable;
     QTest::newRow("percent twice") << QStringLiteral("42%%") << QValidator::Invalid;

@@ -26,7 +26,7 @@ void tst_NotEmptyValidator::oneCharacterIsEnough_data()
     QTest::addColumn<QValidator::State>("verdict");
 
     QTest::newRow("null") << QString() << QValidator::Invalid;
-    QTest::newRow("empty") << QStringLiteral("") << QValidator::Invalid;
+    QTest::newRow("empty") << QString(QLatin1String("")) << QValidator::Invalid;
     QTest::newRow("a letter") << QStringLiteral("a") << QValidator::Acceptable;
     QTest::newRow("a blank") << QStringLiteral(" ") << QValidator::Acceptable;
     QTest::newRow("a NUL") << QString(1, QChar(0)) << QValidator::Acceptable;

@@ -98,7 +98,7 @@ void tst_RegExpValidator::maskBecomesAPattern_data()
     QTest::newRow("decimals") << QStringLiteral("000.00")
                               << QStringLiteral("^[0-9]{3}\\.[0-9]{2}$");
     QTest::newRow("hyphen") << QStringLiteral("00-00") << QStringLiteral("^[0-9]{2}-[0-9]{2}$");
-    QTest::newRow("empty") << QStringLiteral("") << QStringLiteral("^$");
+    QTest::newRow("empty") << QString(QLatin1String("")) << QStringLiteral("^$");
     QTest::newRow("one zero") << QStringLiteral("0") << QStringLiteral("^[0-9]{1}$");
     QTest::newRow("twelve zeros") << QString(12, QLatin1Char('0')) << QStringLiteral("^[0-9]{12}$");
     QTest::newRow("no zero") << QStringLiteral("ab") << QStringLiteral("^ab$");
