@@ -15,7 +15,7 @@ namespace Tavro::FieldHost {
 namespace {
 
 // as much as a tablet reads at once without a thought; real catalogs have some hundred KiB
-constexpr qint64 s_largestFile = 16 * 1024 * 1024;
+constexpr qint64 s_largestFile = Q_INT64_C(16) * 1024 * 1024;
 
 constexpr int s_format = 1;
 
@@ -152,7 +152,7 @@ private:
     QString idOf(const JsonNode &object, const QString &what,
                  const std::function<QString(const QString &)> &fileThatHas)
     {
-        const QString id = textOf(object, "id");
+        QString id = textOf(object, "id");
         const QString other = fileThatHas(id);
         if (!other.isEmpty()) {
             fail(object.member(QStringLiteral("id"))->offset,
@@ -187,7 +187,7 @@ private:
     QString textOf(const JsonNode &object, const char *key)
     {
         const JsonNode *node = object.member(QLatin1String(key));
-        const QString text = anyTextOf(node, key);
+        QString text = anyTextOf(node, key);
         if (node && text.isEmpty()) {
             fail(node->offset, QStringLiteral("\"%1\" is empty").arg(QLatin1String(key)));
         }
@@ -252,7 +252,7 @@ QByteArray contentOf(const QString &path, QString &cause)
         return {};
     }
     // one more than allowed: a file may grow between the question and the reading
-    const QByteArray content = file.read(s_largestFile + 1);
+    QByteArray content = file.read(s_largestFile + 1);
     if (file.error() != QFileDevice::NoError) {
         cause = file.errorString();
         return {};
@@ -287,9 +287,9 @@ std::optional<Catalog> readCatalog(const QString &path, const TakenIds &taken, C
         mistake = builder.mistake();
     }
     if (!mistake.cause.isEmpty()) {
-        const TextPosition position = positionOf(content, mistake.offset);
-        error.line = position.line;
-        error.column = position.column;
+        const TextPlace place = placeOf(content, mistake.offset);
+        error.line = place.line;
+        error.column = place.column;
         error.cause = mistake.cause;
         return {};
     }

@@ -206,7 +206,7 @@ JsonNode parseJson(const QByteArray &json, JsonMistake &mistake)
     return {};
 }
 
-TextPosition positionOf(const QByteArray &text, int offset)
+TextPlace placeOf(const QByteArray &text, int offset)
 {
     const QByteArray before = text.left(offset);
     const int lineBegin = before.lastIndexOf('\n') + 1;

@@ -38,7 +38,7 @@ struct JsonMistake
 };
 
 /** Line and column of a place in a text, both from 1. */
-struct TextPosition
+struct TextPlace
 {
     int line = 1;
     int column = 1; // in characters, not in bytes
@@ -48,6 +48,6 @@ struct TextPosition
 JsonNode parseJson(const QByteArray &json, JsonMistake &mistake);
 
 /** Where the byte at @p offset stands in the UTF-8 text @p text. */
-TextPosition positionOf(const QByteArray &text, int offset);
+TextPlace placeOf(const QByteArray &text, int offset);
 
 } // namespace Tavro::FieldHost

@@ -15,6 +15,10 @@ struct Command
 
 /** `export`: copies folders and files durably. */
 extern const Command exportCommand;
+/** `clock`: shows and sets the device's clock. */
+extern const Command clockCommand;
+/** `projection`: shows the texts of the map's projection. */
+extern const Command projectionCommand;
 /** `locale`: how a project shows numbers, dates and units. */
 extern const Command localeCommand;
 /** `convert`: lengths from one unit to another. */

@@ -20,6 +20,8 @@ namespace {
 
 const Command *const s_commands[] = {
     &exportCommand,
+    &clockCommand,
+    &projectionCommand,
     &localeCommand,
     &convertCommand,
     &countriesCommand,

@@ -342,6 +342,7 @@ void CFileCopyWorker::enumerateFiles()
         const detail::TreeListing listing = detail::listTree(job.sourcePath);
         job.directories += listing.directories;
         job.files += listing.files;
+        request->specialFiles += listing.specialFiles;
         request->totalBytes += listing.bytes;
     }
 }
@@ -418,10 +419,10 @@ bool CFileCopyWorker::copyTree(detail::CopyRequest &request, const CFileCopyData
             isAsked = true;
             makeDirectory(job.destinationPath);
         }
-        request.error = copyFile(file.path(), target);
+        request.error = copyFile(request, file.path(), target, Source::FoundByWalk);
         if (request.error == CFileCopyController::ErrorDestinationFileOpenFailed
             && makeDirectory(job.destinationPath)) {
-            request.error = copyFile(file.path(), target);
+            request.error = copyFile(request, file.path(), target, Source::FoundByWalk);
         }
         if (request.error != CFileCopyController::ErrorNone) {
             Q_EMIT errorOccurred(request.error);
@@ -447,10 +448,19 @@ void CFileCopyWorker::copySingleFile(detail::CopyRequest &request)
 
 int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinationPath)
 {
-    const Request request = m_d->activeRequest();
+    return copyFile(*m_d->activeRequest(), sourcePath, destinationPath, Source::Unknown);
+}
 
+int CFileCopyWorker::copyFile(detail::CopyRequest &request, const QString &sourcePath,
+                              const QString &destinationPath, Source kind)
+{
     struct stat sourceInfo = {};
-    auto source = detail::FileDescriptor::openRegularFile(sourcePath, sourceInfo);
+    detail::FileDescriptor source;
+    if (kind == Source::Unknown) {
+        source = detail::FileDescriptor::openRegularFile(sourcePath, sourceInfo);
+    } else if (!request.specialFiles.contains(sourcePath)) {
+        source = detail::FileDescriptor::openFoundFile(sourcePath, sourceInfo);
+    }
     if (!source.isOpen()) {
         return CFileCopyController::ErrorSourceFileOpenFailed;
     }
@@ -463,7 +473,7 @@ int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinat
 
     takeOverPermissions(destination, destinationInfo, sourceInfo);
 
-    int error = copyChunks(*request, source, destination, sourceInfo.st_size);
+    int error = copyChunks(request, source, destination, sourceInfo.st_size);
     if (!destination.close() && error == CFileCopyController::ErrorNone) {
         error = CFileCopyController::ErrorDestinationFileWriteFailed;
     }
@@ -522,7 +532,7 @@ int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescri
         if (request.processedBytes + n >= request.totalBytes) {
             syncSystem();
         }
-        updateProcessedBytes(n);
+        Q_EMIT processedBytesChanged(request.processedBytes += n);
     }
 }
 

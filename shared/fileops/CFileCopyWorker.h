@@ -132,6 +132,9 @@ private:
     void copyTrees(detail::CopyRequest &request);
     bool copyTree(detail::CopyRequest &request, const CFileCopyData &job);
     void copySingleFile(detail::CopyRequest &request);
+    enum class Source { Unknown, FoundByWalk };
+    int copyFile(detail::CopyRequest &request, const QString &sourcePath,
+                 const QString &destinationPath, Source kind);
     int copyChunks(detail::CopyRequest &request, detail::FileDescriptor &source,
                    detail::FileDescriptor &destination, qint64 sourceSize);
 

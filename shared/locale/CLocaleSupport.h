@@ -91,6 +91,9 @@ public:
      * without regard to the locale, empty for what has no text.
      */
     static QString variantToLocalizedString(const QVariant &value, const QString &format);
+
+private:
+    Q_DECL_HIDDEN static const QLocale &currentLocale();
 };
 
 } // namespace Tavro::Shared

@@ -101,6 +101,8 @@ public Q_SLOTS:
                              const QString &langCode);
 
 private:
+    friend class GlobalLocaleData; // reads the locale without a copy
+
     CProjectLocaleData();
 
     void logLocale() const;

@@ -25,24 +25,35 @@ constexpr std::array s_pictures = {
     Picture{u"00.000", 6, 3}, //
 };
 
+constexpr std::size_t s_maxWidth = 6;
+constexpr std::size_t s_maxDecimals = 3;
+
 // What printf("%0*.*f") writes in the "C" locale. printf itself follows setlocale(), which
 // QCoreApplication calls; QString::number() and asprintf() round halves away from zero.
 QString formatted(double value, const Picture &picture)
 {
-    // sign, digits of the largest double, mark, decimals
-    std::array<char, 1 + std::numeric_limits<double>::max_exponent10 + 1 + 1 + 3> buffer;
-    const std::to_chars_result result =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed,
-                      picture.decimals);
-    const auto length = static_cast<int>(result.ptr - buffer.data());
+    // room to fill up, sign, digits of the largest double, mark, decimals
+    constexpr std::size_t size =
+        s_maxWidth + 1 + std::numeric_limits<double>::max_exponent10 + 1 + 1 + s_maxDecimals;
+    std::array<char, size> buffer;
+    char *begin = buffer.data() + s_maxWidth;
+    const char *const end = std::to_chars(begin, buffer.data() + buffer.size(), value,
+                                          std::chars_format::fixed, picture.decimals)
+                                .ptr;
 
-    QString text = QString::fromLatin1(buffer.data(), length);
-    if (length < picture.width) {
-        const bool finite = std::isfinite(value);
-        const int place = finite && std::signbit(value) ? 1 : 0; // zeros follow the sign
-        text.insert(place, QString(picture.width - length, QLatin1Char(finite ? '0' : ' ')));
+    const bool finite = std::isfinite(value);
+    const bool signBeforeZeros = finite && *begin == '-';
+    if (signBeforeZeros) {
+        ++begin;
     }
-    return text;
+    const int width = signBeforeZeros ? picture.width - 1 : picture.width;
+    while (end - begin < width) {
+        *--begin = finite ? '0' : ' ';
+    }
+    if (signBeforeZeros) {
+        *--begin = '-';
+    }
+    return QString::fromLatin1(begin, static_cast<int>(end - begin));
 }
 
 } // namespace

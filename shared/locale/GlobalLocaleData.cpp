@@ -25,8 +25,13 @@ GlobalLocaleData *GlobalLocaleData::instance()
 
 QLocale GlobalLocaleData::locale() const
 {
+    return currentLocale();
+}
+
+const QLocale &GlobalLocaleData::currentLocale() const
+{
     const auto *project = CProjectLocaleData::instance();
-    return project->localeValid() ? project->locale() : m_deviceLocale;
+    return project->m_localeValid ? project->m_locale : m_deviceLocale;
 }
 
 DistanceUnit GlobalLocaleData::distanceUnitType() const

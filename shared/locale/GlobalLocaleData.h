@@ -60,7 +60,11 @@ public Q_SLOTS:
     void projectLocaleChanged();
 
 private:
+    friend class CLocaleSupport; // reads the locale without a copy
+
     GlobalLocaleData();
+
+    Q_DECL_HIDDEN const QLocale &currentLocale() const;
 
     static GlobalLocaleData *m_pInstance;
 

@@ -6,14 +6,15 @@ namespace Tavro::Shared {
 
 namespace {
 
+// each with the blank that parts it from the number
 constexpr std::array s_units = {
-    QStringView(u"B"), //
-    QStringView(u"KB"), //
-    QStringView(u"MB"), //
-    QStringView(u"GB"), //
-    QStringView(u"TB"), //
-    QStringView(u"PB"), //
-    QStringView(u"EB"), // 2^63 bytes are 8 of it
+    QStringView(u" B"), //
+    QStringView(u" KB"), //
+    QStringView(u" MB"), //
+    QStringView(u" GB"), //
+    QStringView(u" TB"), //
+    QStringView(u" PB"), //
+    QStringView(u" EB"), // 2^63 bytes are 8 of it
 };
 
 } // namespace
@@ -28,8 +29,8 @@ QString SizeFormater::toString(long long bytes)
         number *= 1.0 / 1024; // exact
     }
     QString text = QString::number(number, 'f', 1);
-    text += QLatin1Char(' ');
-    text.append(s_units.at(unit).data(), static_cast<int>(s_units.at(unit).size()));
+    const QStringView unitText = s_units.at(unit);
+    text.append(unitText.data(), static_cast<int>(unitText.size()));
     return text;
 }
 

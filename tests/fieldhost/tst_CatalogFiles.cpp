@@ -23,7 +23,7 @@ namespace {
 const char s_wholeCatalog[] = R"({
   "format": 1,
   "id": "c",
-  "name": "Nam\u00e9",
+  "name": "Caf\u00e9",
   "country": "CH",
   "language": "DEU",
   "template": {
@@ -77,6 +77,7 @@ private Q_SLOTS:
     void descriptorsStayWhereTheyAre();
     void theSamplesAreGood_data();
     void theSamplesAreGood();
+    void theDocumentedCatalogIsGood();
     void aMissingUnitIsEmpty();
     void aByteOrderMarkIsNoCharacter();
 
@@ -130,7 +131,7 @@ void tst_CatalogFiles::aCatalogIsReadWhole()
     const CatalogDescriptor *catalog = load(s_wholeCatalog);
     QVERIFY2(catalog, qPrintable(m_error.cause));
     QCOMPARE(catalog->id, QStringLiteral("c"));
-    QCOMPARE(catalog->name, QStringLiteral("Nam\u00e9"));
+    QCOMPARE(catalog->name, QStringLiteral("Caf\u00e9"));
     QCOMPARE(catalog->countryCode, QStringLiteral("CH"));
     QCOMPARE(catalog->languageCode, QStringLiteral("DEU"));
     QCOMPARE(catalog->templateId, QStringLiteral("t"));
@@ -230,6 +231,16 @@ void tst_CatalogFiles::theSamplesAreGood()
     QVERIFY(details.contains(heightUnit));
 }
 
+void tst_CatalogFiles::theDocumentedCatalogIsGood()
+{
+    const QByteArray page = Test::contentOf(QStringLiteral(OVO_CATALOG_PAGE));
+    const QByteArray fence = "\n```json\n";
+    QCOMPARE(page.count(fence), 1);
+    const int begin = page.indexOf(fence) + fence.size();
+    const QByteArray example = page.mid(begin, page.indexOf("\n```\n", begin) - begin);
+    QVERIFY2(load(example), qPrintable(m_error.cause));
+}
+
 void tst_CatalogFiles::aMissingUnitIsEmpty()
 {
     QVERIFY2(load(catalogWith("\"unit\": \"ft\",", "")), qPrintable(m_error.cause));
@@ -318,7 +329,7 @@ void tst_CatalogFiles::mistakesAreNamedWithTheirPlace_data()
                                  << R"(a catalog needs the key "template")";
     QTest::newRow("an empty id") << catalogWith("\"c\"", "\"\"") << "3:9"
                                  << R"("id" is empty)";
-    QTest::newRow("a number for a name") << catalogWith("\"Nam\\u00e9\"", "7") << "4:11"
+    QTest::newRow("a number for a name") << catalogWith("\"Caf\\u00e9\"", "7") << "4:11"
                                          << R"("name" is a text, this is a number)";
     QTest::newRow("null for a country") << catalogWith("\"CH\"", "null") << "5:14"
                                         << R"("country" is a text, this is null)";

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void failedFileIsRemovedAndEarlierOnesStay();
     void shortReadsAreFilledUpToAChunk();
     void whatIsNoRegularFileIsNotEvenOpened();
+    void linkToWhatIsNoFileIsNotOpenedInATree_data();
+    void linkToWhatIsNoFileIsNotOpenedInATree();
     void requestThatGetsNoThreadEndsAllTheSame();
 
 private:
@@ -284,6 +286,36 @@ void tst_CopyFaults::whatIsNoRegularFileIsNotEvenOpened()
         QCOMPARE(worker.copyFile(path(name), path("copy")),
                  static_cast<int>(CFileCopyController::ErrorSourceFileOpenFailed));
     }
+    QCOMPARE(Faults::count(Call::Open), 0);
+    Faults::stop();
+}
+
+void tst_CopyFaults::linkToWhatIsNoFileIsNotOpenedInATree_data()
+{
+    QTest::addColumn<QString>("secondName");
+    QTest::newRow("alone") << QString();
+    // whose order is asked of QDir
+    QTest::newRow("beside a name that differs in case") << QStringLiteral("src/LINK");
+}
+
+void tst_CopyFaults::linkToWhatIsNoFileIsNotOpenedInATree()
+{
+    QFETCH(QString, secondName);
+
+    QVERIFY(::mkfifo(path("fifo").toUtf8().constData(), 0644) == 0);
+    QVERIFY(QDir().mkpath(path("src")));
+    QVERIFY(QFile::link(path("fifo"), path("src/link")));
+    if (!secondName.isEmpty()) {
+        QVERIFY(QFile::link(path("fifo"), m_folder->filePath(secondName)));
+    }
+    Faults::watch(m_folder->path());
+    CFileCopyWorker worker;
+    QList<int> errors;
+    connect(&worker, &CFileCopyWorker::errorOccurred, &worker,
+            [&errors](int error) { errors.append(error); });
+    worker.copyDirectory(path("src"), path("dst"));
+    worker.doWork();
+    QCOMPARE(errors, QList<int>({CFileCopyController::ErrorSourceFileOpenFailed}));
     QCOMPARE(Faults::count(Call::Open), 0);
     Faults::stop();
 }

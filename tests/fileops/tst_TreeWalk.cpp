@@ -49,6 +49,11 @@ TreeListing listByQDir(const QString &root)
     }
     for (const QFileInfo &info : qAsConst(found)) {
         listing.files.append(CFileEntry(info.absoluteFilePath(), info.size()));
+        // asked anew: what the directory said of an entry is not all that counts here
+        const QFileInfo target(info.absoluteFilePath());
+        if (target.exists() && !target.isFile()) {
+            listing.specialFiles.insert(info.absoluteFilePath());
+        }
         listing.bytes += info.size();
     }
     return listing;
@@ -58,7 +63,10 @@ QStringList filesOf(const TreeListing &listing)
 {
     QStringList lines;
     for (const CFileEntry &file : listing.files) {
-        lines.append(QStringLiteral("%1 %2").arg(file.size()).arg(file.path()));
+        const bool isSpecial = listing.specialFiles.contains(file.path());
+        lines.append(QStringLiteral("%1 %2%3")
+                         .arg(file.size())
+                         .arg(file.path(), QLatin1String(isSpecial ? " (special)" : "")));
     }
     return lines;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "fieldhost/cli/Progress.h"
 #include "fieldhost/cli/export/CopyCheck.h"
 #include "fieldhost/cli/export/ExportPlan.h"
-#include "fieldhost/cli/Progress.h"
 #include "fieldhost/cli/export/StagedCopy.h"
 #include "shared/fileops/CFileCopyController.h"
 

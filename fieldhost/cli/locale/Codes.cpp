@@ -103,7 +103,7 @@ QStringList languageCodes()
 QString nearestCountryCode(const QString &typed)
 {
     const QString upper = typed.toUpper();
-    const QString ofIso = CCountryLanguageCodeConversion::countryCode(upper);
+    QString ofIso = CCountryLanguageCodeConversion::countryCode(upper);
     if (!isCountryCode(upper) && isCountryCode(ofIso)) {
         return ofIso;
     }
@@ -123,7 +123,7 @@ QString nearestLanguageCode(const QString &typed)
     }
     if (typed.size() == 2) { // ISO 639-1
         const QLocale::Language language = QLocale(typed.toLower()).language();
-        const QString code = CCountryLanguageCodeConversion::languageCodeFromLanguage(language);
+        QString code = CCountryLanguageCodeConversion::languageCodeFromLanguage(language);
         if (!code.isEmpty()) {
             return code;
         }

@@ -97,7 +97,8 @@ int runConvert(const QStringList &arguments)
             QStringLiteral("%1 is not a number that can be converted.").arg(quoted(typed.at(0))));
     }
     // the library takes a unit that it does not know for 0, or leaves the value as it is
-    for (const QString &unit : typed.mid(1)) {
+    const QStringList namedUnits = typed.mid(1);
+    for (const QString &unit : namedUnits) {
         if (!units().contains(unit)) {
             return refuse(QStringLiteral("There is no unit %1. The nearest one is \"%2\", of %3.")
                               .arg(quoted(unit), nearest(unit.toLower(), units()),

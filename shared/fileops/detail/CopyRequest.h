@@ -3,6 +3,8 @@
 #include "shared/fileops/CFileCopyController.h"
 #include "shared/fileops/CFileCopyData.h"
 
+#include <QSet>
+
 #include <atomic>
 
 namespace Tavro::Shared::detail {
@@ -17,6 +19,7 @@ namespace Tavro::Shared::detail {
 struct CopyRequest
 {
     QList<CFileCopyData> jobs;
+    QSet<QString> specialFiles; // those of the jobs' files that are not to be opened
     std::atomic<int> step{CFileCopyController::StateIdle};
     std::atomic<int> error{CFileCopyController::ErrorNone};
     std::atomic<qint64> processedBytes{0};

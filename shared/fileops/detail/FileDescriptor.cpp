@@ -39,10 +39,18 @@ FileDescriptor FileDescriptor::openRegularFile(const QString &path, struct stat 
     if (!isNameable(path)) {
         return {};
     }
-    const QByteArray name = QFile::encodeName(path);
-    if (::stat(name.constData(), &info) != 0 || !S_ISREG(info.st_mode)) {
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0 || !S_ISREG(info.st_mode)) {
         return {};
     }
+    return openFoundFile(path, info);
+}
+
+FileDescriptor FileDescriptor::openFoundFile(const QString &path, struct stat &info)
+{
+    if (!isNameable(path)) {
+        return {};
+    }
+    const QByteArray name = QFile::encodeName(path);
     // non-blocking, and asked again: the path may have come to mean a FIFO in between
     const auto open = [&name] {
         return ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);

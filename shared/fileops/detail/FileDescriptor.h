@@ -33,6 +33,8 @@ public:
      * FIFO would wait for a writer, and some devices act on being opened. @p info describes it.
      */
     static FileDescriptor openRegularFile(const QString &path, struct stat &info);
+    /** The same for what a walk has just found to be a regular file, and with one question less. */
+    static FileDescriptor openFoundFile(const QString &path, struct stat &info);
 
     /**
      * Opens or creates a file for writing, empty, unless it is the file that @p source describes

@@ -38,6 +38,7 @@ struct Entry
     Piece name;
     Piece foldedName; // what it is sorted by
     qint64 size;
+    bool isSpecial; // neither regular file nor directory
 };
 using Entries = std::vector<Entry>;
 
@@ -81,6 +82,7 @@ public:
     void listFiles(TreeListing &listing);
 
 private:
+    static void appendFile(TreeListing &listing, const CFileEntry &file, bool isSpecial);
     void add(int directoryFd, const dirent &entry);
     Examined examine(int directoryFd, const dirent &entry, qsizetype nameLength) const;
     Examined examineLink(const char *name) const;
@@ -144,6 +146,7 @@ void FolderReader::add(int directoryFd, const dirent &entry)
                          : append(QFile::decodeName(m_nativePath + name).mid(m_prefix.size()));
     found.foldedName = isAscii && !hasCapitals ? found.name : appendFolded(found.name, isAscii);
     found.size = examined.size;
+    found.isSpecial = examined.kind == Kind::Other;
     if (examined.kind != Kind::Directory) {
         m_files.push_back(found);
     }
@@ -272,15 +275,22 @@ void FolderReader::listFiles(TreeListing &listing)
 {
     if (sort(m_files)) {
         for (const Entry &entry : m_files) {
-            listing.files.append(CFileEntry(pathOf(entry, 0), entry.size));
-            listing.bytes += entry.size;
+            appendFile(listing, CFileEntry(pathOf(entry, 0), entry.size), entry.isSpecial);
         }
         return;
     }
     const QFileInfoList files = QDir(m_prefix).entryInfoList(QDir::Files, QDir::NoSort);
     for (const QFileInfo &file : files) {
-        listing.files.append(CFileEntry(file.absoluteFilePath(), file.size()));
-        listing.bytes += file.size();
+        appendFile(listing, CFileEntry(file.absoluteFilePath(), file.size()), !file.isFile());
+    }
+}
+
+void FolderReader::appendFile(TreeListing &listing, const CFileEntry &file, bool isSpecial)
+{
+    listing.files.append(file);
+    listing.bytes += file.size();
+    if (isSpecial) {
+        listing.specialFiles.insert(file.path());
     }
 }
 

@@ -3,6 +3,7 @@
 #include "shared/fileops/CFileEntry.h"
 
 #include <QList>
+#include <QSet>
 #include <QStringList>
 
 namespace Tavro::Shared::detail {
@@ -12,6 +13,7 @@ struct TreeListing
 {
     QStringList directories; // relative to the directory, breadth first
     QList<CFileEntry> files; // the directory's own first, then each subdirectory's in that order
+    QSet<QString> specialFiles; // paths of those that are no regular files: links to FIFOs, devices
     qint64 bytes = 0; // sum of the files' sizes
 };
 

@@ -1,0 +1,86 @@
+// Short tasks through each mode of Async, beside a bare pool that gives the same promise.
+#include "benchmarks/MicroBenchmark.h"
+#include "shared/system/Async.h"
+
+#include <QRunnable>
+#include <QThreadPool>
+
+#include <atomic>
+
+using Tavro::Shared::Async;
+
+namespace {
+
+constexpr int s_tasks = 1000;
+constexpr int s_threads = 8; // as many as Async has
+
+std::atomic<int> s_work{0};
+
+class BareTask : public QRunnable
+{
+public:
+    void run() override { s_work.fetch_add(1, std::memory_order_relaxed); }
+};
+
+class AsyncTask : public QRunnable
+{
+public:
+    explicit AsyncTask(Async &async)
+        : m_async(async)
+    {
+    }
+
+    void run() override
+    {
+        s_work.fetch_add(1, std::memory_order_relaxed);
+        m_async.startNext();
+    }
+
+private:
+    Async &m_async;
+};
+
+void throughAsync(Async &async)
+{
+    for (int i = 0; i < s_tasks; ++i) {
+        async.startTask(new AsyncTask(async));
+    }
+    while (async.isRunning()) {
+        async.waitDone();
+    }
+}
+
+void throughPool(QThreadPool &pool)
+{
+    for (int i = 0; i < s_tasks; ++i) {
+        pool.start(new BareTask);
+    }
+    pool.waitForDone();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    using Tavro::Benchmarks::MicroBenchmark;
+
+    Async parallel(Async::Parallel);
+    Async sequential(Async::Sequential);
+    Async latest(Async::SequentialLatest);
+    QThreadPool eightThreads;
+    eightThreads.setMaxThreadCount(s_threads);
+    QThreadPool oneThread;
+    oneThread.setMaxThreadCount(1);
+
+    MicroBenchmark page("Background tasks, 1000 at a time", MicroBenchmark::Time::Clock);
+    page.compare(
+        "Async, parallel", [&] { throughAsync(parallel); }, "QThreadPool, 8 threads",
+        [&] { throughPool(eightThreads); }, 2.0);
+    page.compare(
+        "Async, sequential", [&] { throughAsync(sequential); }, "QThreadPool, 1 thread",
+        [&] { throughPool(oneThread); }, 2.0);
+    page.compare(
+        "Async, latest", [&] { throughAsync(latest); }, "QThreadPool, 1 thread",
+        [&] { throughPool(oneThread); }, 2.0);
+    return page.run(argc, argv);
+}

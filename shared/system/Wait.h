@@ -1,0 +1,36 @@
+#pragma once
+
+#include "shared/OvoSharedBaseExport.h"
+
+#include <QObject>
+#include <QString>
+
+namespace Tavro::Shared {
+
+/**
+ * A text and a signal, by which a part of the host tells another that what it waits for is over.
+ *
+ * Does nothing by itself: who emits the signal, on which thread, and what the text says is the
+ * host's.
+ */
+class OVO_SHARED_EXPORT Wait : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Wait(QObject *parent = nullptr);
+
+    /** The host's text; empty until it is set. */
+    QString text() const;
+    /** Keeps @p text; tells nobody. */
+    void setText(const QString &text);
+
+Q_SIGNALS:
+    /** Emitted by the host. */
+    void waitFinished();
+
+private:
+    QString m_text;
+};
+
+} // namespace Tavro::Shared

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QList>
+#include <QRunnable>
+
+#include <mutex>
+#include <optional>
+#include <utility>
+
+namespace Tavro::Shared::detail {
+
+/**
+ * Tasks that wait to be started, oldest first. Every function from any thread.
+ *
+ * The tasks that are left at the end are not deleted.
+ */
+class TaskQueue
+{
+public:
+    void append(QRunnable *task)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_tasks.append(task);
+    }
+
+    /** Removes the oldest, which may be null; nothing when the queue is empty. */
+    std::optional<QRunnable *> takeFirst()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_tasks.isEmpty()) {
+            return std::nullopt;
+        }
+        return m_tasks.takeFirst();
+    }
+
+    /** Deletes all of them. */
+    void clear()
+    {
+        QList<QRunnable *> tasks;
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            std::swap(tasks, m_tasks);
+        }
+        // outside the lock: what a host's destructor does is not known here
+        qDeleteAll(tasks);
+    }
+
+private:
+    std::mutex m_mutex; // guards m_tasks
+    QList<QRunnable *> m_tasks;
+};
+
+} // namespace Tavro::Shared::detail

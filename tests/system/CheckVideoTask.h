@@ -1,0 +1,43 @@
+#pragma once
+
+#include "shared/system/Async.h"
+
+#include <QFile>
+#include <QRunnable>
+
+/** Finds out whether a video can be read to its end. */
+class CheckVideoTask : public QRunnable
+{
+public:
+    CheckVideoTask(Tavro::Shared::Async &async, const QString &path)
+        : m_async(async)
+        , m_path(path)
+    {
+    }
+
+    void run() override
+    {
+        const bool readable = isReadable();
+        Q_EMIT m_async.taskDone(readable); // arrives on the owner's thread
+        m_async.startNext(); // whatever came out, and exactly once
+        m_async.asyncDeleteLater(); // does nothing unless the owner has asked for it
+    }
+
+private:
+    bool isReadable() const
+    {
+        QFile file(m_path);
+        if (!file.open(QIODevice::ReadOnly)) {
+            return false;
+        }
+        constexpr qint64 chunk = 1024 * 1024;
+        QByteArray bytes;
+        do {
+            bytes = file.read(chunk);
+        } while (!bytes.isEmpty());
+        return file.error() == QFile::NoError;
+    }
+
+    Tavro::Shared::Async &m_async; // whose destructor waits for this task
+    const QString m_path;
+};

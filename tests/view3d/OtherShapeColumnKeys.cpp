@@ -1,0 +1,8 @@
+#include "tests/view3d/OtherShapeColumnKeys.h"
+
+#include "shared/view3d/ShapeColumnKeys.h"
+
+const QString *otherShapeViewColumnM()
+{
+    return &Tavro::View3d::shapeViewColumnM;
+}

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QString>
+
+/** The key as a second source has it. */
+const QString *otherShapeViewColumnM();
