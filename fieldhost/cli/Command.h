@@ -45,5 +45,7 @@ extern const Command convertCommand;
 extern const Command countriesCommand;
 /** `usb`: shows the USB drive, mounts, marks and unmounts it. */
 extern const Command usbCommand;
+/** `validate`: judges texts by the rules of a form. */
+extern const Command validateCommand;
 
 } // namespace Tavro::FieldHost

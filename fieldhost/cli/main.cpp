@@ -37,6 +37,7 @@ const Command *const s_commands[] = {
     &localeCommand,
     &convertCommand,
     &countriesCommand,
+    &validateCommand,
     &clockCommand,
     &projectionCommand,
 };

@@ -37,6 +37,7 @@ void tst_CommandLine::helpListsTheCommands()
         QVERIFY(text.contains(QLatin1String(" locale Shows how a project shows numbers")));
         QVERIFY(text.contains(QLatin1String(" convert Converts a length")));
         QVERIFY(text.contains(QLatin1String(" countries Lists the countries")));
+        QVERIFY(text.contains(QLatin1String(" validate Tells whether texts pass")));
         QCOMPARE(outcome.errors, QString());
     }
 }

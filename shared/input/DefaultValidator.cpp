@@ -1,0 +1,21 @@
+#include "shared/input/DefaultValidator.h"
+
+namespace Tavro::Shared {
+
+DefaultValidator::DefaultValidator() = default;
+
+DefaultValidator::~DefaultValidator() = default;
+
+QValidator::State DefaultValidator::validate(QString &input, int &pos) const
+{
+    Q_UNUSED(input)
+    Q_UNUSED(pos)
+    return QValidator::Acceptable;
+}
+
+void DefaultValidator::updateHint()
+{
+    m_hint.clear();
+}
+
+} // namespace Tavro::Shared

@@ -1,0 +1,20 @@
+#include "shared/input/NotEmptyValidator.h"
+
+namespace Tavro::Shared {
+
+NotEmptyValidator::NotEmptyValidator() = default;
+
+NotEmptyValidator::~NotEmptyValidator() = default;
+
+QValidator::State NotEmptyValidator::validate(QString &input, int &pos) const
+{
+    Q_UNUSED(pos)
+    return input.isEmpty() ? QValidator::Invalid : QValidator::Acceptable;
+}
+
+void NotEmptyValidator::updateHint()
+{
+    m_hint = QStringLiteral("Expression can not be empty\n");
+}
+
+} // namespace Tavro::Shared

@@ -1,0 +1,79 @@
+#include "shared/input/QmlStringListModel.h"
+
+namespace Tavro::Shared {
+
+namespace {
+
+constexpr int s_minLineNumber = 1;
+
+} // namespace
+
+QmlStringListModel::QmlStringListModel() = default;
+
+QmlStringListModel::~QmlStringListModel() = default;
+
+void QmlStringListModel::push_front(const QString &str)
+{
+    beginResetModel();
+    insertRows(0, 1); // announces the row within the reset; views read everything after it anyway
+    QStringListModel::setData(index(0), str, Qt::EditRole); // clazy:exclude=skipped-base-method
+    endResetModel();
+}
+
+void QmlStringListModel::push_back(const QString &str)
+{
+    insertRows(rowCount(), 1);
+    // not the override: views are to keep their place
+    QStringListModel::setData(index(rowCount() - 1), str, Qt::EditRole);
+}
+
+bool QmlStringListModel::remove(int index)
+{
+    // removeRows() adds 1 to the row before it compares: the highest number would wrap around
+    return index < rowCount() && removeRows(index, 1);
+}
+
+bool QmlStringListModel::contains(const QString &str, Qt::CaseSensitivity cs) const
+{
+    return stringList().contains(str, cs);
+}
+
+bool QmlStringListModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    beginResetModel();
+    const bool isSet = QStringListModel::setData(index, value, role);
+    endResetModel();
+    return isSet;
+}
+
+int QmlStringListModel::getMaxLineNumber() const
+{
+    return m_maxLineNumber;
+}
+
+void QmlStringListModel::setMaxLineNumber(int maxLineNumber)
+{
+    // the number asked for is compared, so one above the bound is announced each time
+    if (maxLineNumber == m_maxLineNumber) {
+        return;
+    }
+    m_maxLineNumber = maxLineNumber < m_maxLineNumberAllFavorites
+        ? qMax(maxLineNumber, s_minLineNumber)
+        : m_maxLineNumberAllFavorites;
+    Q_EMIT maxLineNumberChanged();
+}
+
+int QmlStringListModel::getMaxLineNumberAllFavorites() const
+{
+    return m_maxLineNumberAllFavorites;
+}
+
+void QmlStringListModel::setMaxLineNumberAllFavorites(int maxLineNumberAllFavorites)
+{
+    if (maxLineNumberAllFavorites > m_maxLineNumberAllFavorites) {
+        m_maxLineNumberAllFavorites = maxLineNumberAllFavorites;
+        Q_EMIT maxLineNumberAllFavoritesChanged();
+    }
+}
+
+} // namespace Tavro::Shared

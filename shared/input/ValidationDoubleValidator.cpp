@@ -1,0 +1,32 @@
+#include "shared/input/ValidationDoubleValidator.h"
+
+#include "shared/input/detail/DecimalPoint.h"
+
+namespace Tavro::Shared::Validation {
+
+DoubleValidator::DoubleValidator(QObject *parent)
+    : QDoubleValidator(parent)
+{
+}
+
+DoubleValidator::DoubleValidator(double bottom, double top, int decimals, QObject *parent)
+    : QDoubleValidator(bottom, top, decimals, parent)
+{
+}
+
+DoubleValidator::~DoubleValidator() = default;
+
+QValidator::State DoubleValidator::validate(QString &input, int &pos) const
+{
+    fixup(input);
+    return QDoubleValidator::validate(input, pos);
+}
+
+void DoubleValidator::fixup(QString &input) const
+{
+    // past QDoubleValidator: its own repairs, where it has any, are not wanted here
+    QValidator::fixup(input); // clazy:exclude=skipped-base-method
+    detail::useCurrentDecimalPoint(input);
+}
+
+} // namespace Tavro::Shared::Validation

@@ -1,0 +1,18 @@
+#include "shared/input/Validator.h"
+
+namespace Tavro::Shared {
+
+Validator::Validator() = default;
+
+Validator::~Validator() = default;
+
+QString Validator::hint()
+{
+    // The flag stays set: a subclass whose setters forget it still gets its hint made anew.
+    if (m_hintOutdated) {
+        updateHint();
+    }
+    return m_hint;
+}
+
+} // namespace Tavro::Shared

@@ -1,0 +1,16 @@
+#include "shared/input/detail/RefusedText.h"
+
+#include "host/CLogger.h"
+
+#include <QString>
+
+namespace Tavro::Shared::detail {
+
+void logRefusedText(const QString &category, const QString &text)
+{
+    // two blanks before the full stop: the log's readers look for the line as it always was
+    Logging::CLogger::logMessage(Logging::LogLevel::Debug, category,
+                                 QLatin1String("Cannot validate '") + text + QLatin1String("'  ."));
+}
+
+} // namespace Tavro::Shared::detail

@@ -1,0 +1,98 @@
+#include "shared/input/Validator.h"
+#include "tests/input/Declared.h"
+#include "tests/input/VirtualSlot.h"
+
+#include <QTest>
+
+using namespace Test;
+using Tavro::Shared::Validator;
+
+namespace {
+
+/** A rule of a host's own, which takes upper case only. */
+class UpperCaseValidator : public Validator
+{
+public:
+    QValidator::State validate(QString &input, int &pos) const override
+    {
+        Q_UNUSED(pos)
+        return input == input.toUpper() ? QValidator::Acceptable : QValidator::Intermediate;
+    }
+
+    void updateHint() override
+    {
+        ++updates;
+        m_hint = QStringLiteral("Upper case, told %1 times\n").arg(updates);
+    }
+
+    void freeze() { m_hintOutdated = false; }
+    bool isOutdated() const { return m_hintOutdated; }
+    const QString &storedHint() const { return m_hint; }
+
+    int updates = 0;
+};
+
+} // namespace
+
+class tst_Validator : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void hintIsEmptyAndOutdatedAtFirst();
+    void hintIsMadeAnewByEachCall();
+    void hintThatIsNotOutdatedIsKept();
+    void virtualFunctionsStandInTheirOrder();
+    void metaObjectAddsNothing();
+    void hasNoParent();
+};
+
+void tst_Validator::hintIsEmptyAndOutdatedAtFirst()
+{
+    const UpperCaseValidator validator;
+    QCOMPARE(validator.storedHint(), QString());
+    QVERIFY(validator.isOutdated());
+    QCOMPARE(validator.updates, 0);
+}
+
+void tst_Validator::hintIsMadeAnewByEachCall()
+{
+    UpperCaseValidator validator;
+    QCOMPARE(validator.hint(), QStringLiteral("Upper case, told 1 times\n"));
+    QVERIFY(validator.isOutdated());
+    QCOMPARE(validator.hint(), QStringLiteral("Upper case, told 2 times\n"));
+}
+
+void tst_Validator::hintThatIsNotOutdatedIsKept()
+{
+    UpperCaseValidator validator;
+    validator.updateHint();
+    validator.freeze();
+    QCOMPARE(validator.hint(), QStringLiteral("Upper case, told 1 times\n"));
+    QCOMPARE(validator.updates, 1);
+}
+
+void tst_Validator::virtualFunctionsStandInTheirOrder()
+{
+    QCOMPARE(virtualSlot(&Validator::validate), 1);
+    QCOMPARE(virtualSlot(&Validator::updateHint), 2);
+}
+
+void tst_Validator::metaObjectAddsNothing()
+{
+    const QMetaObject &meta = Validator::staticMetaObject;
+    QCOMPARE(meta.className(), "Tavro::Shared::Validator");
+    QCOMPARE(meta.superClass()->className(), "QObject");
+    QCOMPARE(declaredMethods(meta), QStringList());
+    QCOMPARE(declaredProperties(meta), QStringList());
+    QCOMPARE(meta.enumeratorCount(), meta.enumeratorOffset());
+}
+
+void tst_Validator::hasNoParent()
+{
+    QCOMPARE(UpperCaseValidator().parent(), nullptr);
+}
+
+QTEST_APPLESS_MAIN(tst_Validator)
+
+#include "tst_Validator.moc"
