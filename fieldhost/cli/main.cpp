@@ -22,6 +22,8 @@ namespace Tavro::FieldHost {
 
 namespace {
 
+// one row a line
+// clang-format off
 const Command *const s_commands[] = {
     &exportCommand,
     &recordCommand,
@@ -32,6 +34,7 @@ const Command *const s_commands[] = {
     &convertCommand,
     &countriesCommand,
 };
+// clang-format on
 
 const Command *findCommand(const QString &name)
 {
