@@ -1,7 +1,7 @@
 // Has the clip information handler continue a file of arbitrary bytes, and holds the line that it
 // appends against a second reading of the same bytes.
 //
-//     fuzz_clipinfo_resume NEW tests/fuzz/clipinfo/corpus
+//     fuzz_clipinfo_resume -dict=tests/fuzz/clipinfo/resume.dict NEW tests/fuzz/clipinfo/corpus
 //
 // keeps in the folder NEW what reaches anything that the corpus does not.
 
