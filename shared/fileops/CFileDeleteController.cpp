@@ -24,10 +24,12 @@ CFileDeleteController::CFileDeleteController(QObject *parent)
     m_handle->onReport(&Worker::totalBytesChanged,
                        [this](qlonglong value) { setTotalBytes(value); });
     m_handle->onReport(&Worker::stateChanged, [this](int state) {
-        const QPointer<QObject> self(this); // a slot may be the end of it
+        const bool isMoreToDo =
+            state == StateIdle && m_handle->runs().hasClaimedRequest(); // the run is over, not all
+        const QPointer<CFileDeleteController> self(this); // a slot may be the end of it
         setState(state);
-        if (self && state == StateIdle && m_handle->runs().hasClaimedRequest()) {
-            setState(StateEnumeratingFiles); // that run is over, but not the work
+        if (isMoreToDo && self) {
+            self->setState(StateEnumeratingFiles);
         }
     });
     m_handle->onThreadEnd([this] { startNextRun(); });
