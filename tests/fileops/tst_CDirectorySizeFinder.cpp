@@ -268,16 +268,16 @@ void tst_CDirectorySizeFinder::destroyedWhileRequestsRun()
 void tst_CDirectorySizeFinder::destroyedInTheSlotThatHearsTheResult()
 {
     auto *finder = new CDirectorySizeFinder;
-    bool isGone = false;
-    connect(finder, &CDirectorySizeFinder::gotSizeOfPath, this, [&] {
-        if (!std::exchange(isGone, true)) {
+    const auto isGone = std::make_shared<bool>(false);
+    connect(finder, &CDirectorySizeFinder::gotSizeOfPath, this, [finder, isGone] {
+        if (!std::exchange(*isGone, true)) {
             delete finder;
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
     });
     finder->startDirectorySizeCalculation(path("missing"));
     finder->startDirectorySizeCalculation(path("missing"));
-    QVERIFY(QTest::qWaitFor([&] { return isGone; }, 30000));
+    QVERIFY(QTest::qWaitFor([&] { return *isGone; }, 30000));
     QThreadPool::globalInstance()->waitForDone();
     QTest::qWait(20);
 }

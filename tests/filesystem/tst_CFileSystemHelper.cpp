@@ -219,7 +219,7 @@ void tst_CFileSystemHelper::oneDirectoryIsCreated_data()
     QTest::addColumn<bool>("created");
     QTest::newRow("new") << QStringLiteral("new") << true;
     QTest::newRow("null") << QString() << false;
-    QTest::newRow("empty") << QStringLiteral("") << false;
+    QTest::newRow("empty") << QString(QLatin1String("")) << false;
     QTest::newRow("there already") << QStringLiteral("there") << false;
     QTest::newRow("two levels") << QStringLiteral("two/levels") << false;
     QTest::newRow("second level") << QStringLiteral("there/second") << true;
