@@ -23,13 +23,7 @@ CFileDeleteController::CFileDeleteController(QObject *parent)
                        [this](qlonglong value) { setProcessedBytes(value); });
     m_handle->onReport(&Worker::totalBytesChanged,
                        [this](qlonglong value) { setTotalBytes(value); });
-    m_handle->onReport(&Worker::stateChanged, [this](int state) {
-        const QPointer<QObject> self(this); // a slot may be the end of it
-        setState(state);
-        if (self && state == StateIdle && m_handle->runs().hasClaimedRequest()) {
-            setState(StateEnumeratingFiles); // that run is over, but not the work
-        }
-    });
+    m_handle->onReport(&Worker::stateChanged, [this](int state) { onWorkerState(state); });
     m_handle->onThreadEnd([this] { startNextRun(); });
 }
 
@@ -102,6 +96,17 @@ void CFileDeleteController::resume()
 void CFileDeleteController::abort()
 {
     m_handle->worker().cancelWork();
+}
+
+// The end of one run is idle, and not the last word as long as there is another to begin.
+void CFileDeleteController::onWorkerState(int state)
+{
+    const bool isMoreToDo = state == StateIdle && m_handle->runs().hasClaimedRequest();
+    const QPointer<CFileDeleteController> self(this); // a slot may be the end of it
+    setState(state);
+    if (isMoreToDo && self) {
+        self->setState(StateEnumeratingFiles);
+    }
 }
 
 void CFileDeleteController::setProcessedBytes(qlonglong processedBytes)

@@ -111,6 +111,7 @@ private Q_SLOTS:
     void onErrorOccurred(int errorCode);
 
 private:
+    void onWorkerState(int state);
     void request();
     void startNextRun();
 

@@ -5,12 +5,15 @@
 #include <QDir>
 #include <QFile>
 #include <QMetaMethod>
+#include <QRunnable>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
 #include <QThread>
 #include <QThreadPool>
 
 #include <memory>
+#include <vector>
 
 using Tavro::Shared::CDirectorySizeFinder;
 
@@ -44,30 +47,56 @@ private:
 
 namespace {
 
-/** Takes every thread of the global pool away, so that no request can begin. */
+/**
+ * Keeps every thread of the global pool busy, so that no request can begin.
+ *
+ * Reserving them would not do, as the pool always lends one more. The occupants have nothing of
+ * their own and stay with the thread that made them: a sanitizer does not see how Qt's pool
+ * hands them over.
+ */
 class BusyPool
 {
 public:
     BusyPool()
-        : m_threads(QThreadPool::globalInstance()->maxThreadCount())
+        : m_occupants(static_cast<size_t>(QThreadPool::globalInstance()->maxThreadCount()))
     {
-        QThreadPool::globalInstance()->waitForDone();
-        for (int i = 0; i < m_threads; ++i) {
-            QThreadPool::globalInstance()->reserveThread();
+        for (Occupant &occupant : m_occupants) {
+            occupant.setAutoDelete(false);
+            QThreadPool::globalInstance()->start(&occupant);
         }
+        begun().acquire(static_cast<int>(m_occupants.size()));
     }
     ~BusyPool()
     {
-        for (int i = 0; i < m_threads; ++i) {
-            QThreadPool::globalInstance()->releaseThread();
-        }
+        end().release(static_cast<int>(m_occupants.size()));
+        QThreadPool::globalInstance()->waitForDone();
     }
 
     BusyPool(const BusyPool &) = delete;
     BusyPool &operator=(const BusyPool &) = delete;
 
 private:
-    const int m_threads;
+    struct Occupant : QRunnable
+    {
+        void run() override
+        {
+            begun().release();
+            end().acquire();
+        }
+    };
+
+    static QSemaphore &begun()
+    {
+        static QSemaphore semaphore;
+        return semaphore;
+    }
+    static QSemaphore &end()
+    {
+        static QSemaphore semaphore;
+        return semaphore;
+    }
+
+    std::vector<Occupant> m_occupants;
 };
 
 } // namespace
@@ -239,16 +268,16 @@ void tst_CDirectorySizeFinder::destroyedWhileRequestsRun()
 void tst_CDirectorySizeFinder::destroyedInTheSlotThatHearsTheResult()
 {
     auto *finder = new CDirectorySizeFinder;
-    bool isGone = false;
-    connect(finder, &CDirectorySizeFinder::gotSizeOfPath, this, [&] {
-        if (!std::exchange(isGone, true)) {
+    const auto isGone = std::make_shared<bool>(false);
+    connect(finder, &CDirectorySizeFinder::gotSizeOfPath, this, [finder, isGone] {
+        if (!std::exchange(*isGone, true)) {
             delete finder;
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
     });
     finder->startDirectorySizeCalculation(path("missing"));
     finder->startDirectorySizeCalculation(path("missing"));
-    QVERIFY(QTest::qWaitFor([&] { return isGone; }, 30000));
+    QVERIFY(QTest::qWaitFor([&] { return *isGone; }, 30000));
     QThreadPool::globalInstance()->waitForDone();
     QTest::qWait(20);
 }

@@ -347,7 +347,7 @@ void tst_CFileDeleteController::progressIsAnnouncedForEachFileAndEndsAtZero()
     QVERIFY(QTest::qWaitFor([&] { return progress.size() >= 51; }));
     QList<qlonglong> expected;
     for (int i = 1; i <= 50; ++i) {
-        expected.append(7 * i);
+        expected.append(7LL * i);
     }
     expected.append(0);
     QCOMPARE(progress, expected);
@@ -374,7 +374,7 @@ void tst_CFileDeleteController::emptyPathRemovesNothing()
     StateLog states(controller);
     controller.deleteDirectory(QString());
     QVERIFY(states.waitForEnds(1));
-    controller.deleteDirectories({QString(), QStringLiteral("")});
+    controller.deleteDirectories({QString(), QLatin1String("")});
     QVERIFY(states.waitForEnds(2));
     QCOMPARE(states.states(), QStringLiteral("1 2 0 1 2 0"));
     QVERIFY(exists("tree/sub0/0"));
@@ -537,7 +537,7 @@ void tst_CFileDeleteController::requestInTheMomentOfTheEndIsNotLost()
         controller.deleteDirectory(path("missing"));
         QElapsedTimer elapsed;
         elapsed.start();
-        while (elapsed.nsecsElapsed() < i * 1000) { // a little later each time
+        while (elapsed.nsecsElapsed() < i * 1000LL) { // a little later each time
         }
         controller.deleteDirectory(path("tree"));
         for (elapsed.restart(); exists("tree") && elapsed.elapsed() < 60000;) {
@@ -600,15 +600,15 @@ void tst_CFileDeleteController::destroyedInTheSlotThatHearsTheEnd()
 {
     makeTree(QStringLiteral("tree"));
     auto *controller = new CFileDeleteController;
-    bool isGone = false;
-    connect(controller, &CFileDeleteController::stateChanged, controller, [&] {
+    const auto isGone = std::make_shared<bool>(false);
+    connect(controller, &CFileDeleteController::stateChanged, controller, [controller, isGone] {
         if (controller->state() == CFileDeleteController::StateIdle) {
-            isGone = true;
+            *isGone = true;
             delete controller;
         }
     });
     controller->deleteDirectory(path("tree"));
-    QVERIFY(QTest::qWaitFor([&] { return isGone; }, 60000));
+    QVERIFY(QTest::qWaitFor([&] { return *isGone; }, 60000));
     QVERIFY(!exists("tree"));
 }
 

@@ -117,7 +117,11 @@ void tst_CFileSystemHelper::textsAreTakenApart_data()
     rows(Helper::extractDirectoryName, "directory name",
          {{"/a/b", "b"}, {"a", "a"}, {"/a/b.c", "b.c"}, {"/", ""}, {"/a/b/", "b"}});
     rows(Helper::extractPath, "path",
-         {{"/a/b.txt", "/a/"}, {"/b.txt", "/"}, {"/a/b/", "/a/b/"}, {"/a/./x/../b", "/a/"}});
+         {{"/a/b.txt", "/a/"},
+          {"/b.txt", "/"},
+          {"/a/b/", "/a/b/"},
+          {"/a/./x/../b", "/a/"},
+          {"", ""}});
     rows(projectName, "project name",
          {{"/data/projects/P1/", "P1"},
           {"/data/projects/P1", "P1"},
@@ -215,7 +219,7 @@ void tst_CFileSystemHelper::oneDirectoryIsCreated_data()
     QTest::addColumn<bool>("created");
     QTest::newRow("new") << QStringLiteral("new") << true;
     QTest::newRow("null") << QString() << false;
-    QTest::newRow("empty") << QStringLiteral("") << false;
+    QTest::newRow("empty") << QString(QLatin1String("")) << false;
     QTest::newRow("there already") << QStringLiteral("there") << false;
     QTest::newRow("two levels") << QStringLiteral("two/levels") << false;
     QTest::newRow("second level") << QStringLiteral("there/second") << true;
