@@ -188,7 +188,7 @@ void tst_TextValidator::unknownTypePassesEveryTextAndKeepsTheHint()
     QCOMPARE(validator.hint(), hint);
     QVERIFY(passes(validator, QStringLiteral("abc")));
     QVERIFY(!passes(validator, QStringLiteral("abcd"))); // still by the other rule
-    QCOMPARE(static_cast<int>(validator.validatorTypes().last()), 7);
+    QCOMPARE(static_cast<int>(validator.validatorTypes().constLast()), 7);
 }
 
 void tst_TextValidator::unknownTypeAloneHasAnEmptyHint()
