@@ -71,6 +71,7 @@ private Q_SLOTS:
     void patternAndMaskDiffer();
     void rulesAreJudgedTogether();
     void hintsAreJoinedInTheOrderOfTheRules();
+    void nothingButTheLastLineFeedIsRemoved();
     void unknownTypePassesEveryTextAndKeepsTheHint();
     void unknownTypeAloneHasAnEmptyHint();
     void everyRuleIsAnnouncedTwice();
@@ -177,6 +178,18 @@ void tst_TextValidator::hintsAreJoinedInTheOrderOfTheRules()
     const QVector<ValidatorType> types = {TextValidator::ValidatorNotEmpty,
                                           TextValidator::ValidatorLength};
     QCOMPARE(validator.validatorTypes(), types);
+}
+
+void tst_TextValidator::nothingButTheLastLineFeedIsRemoved()
+{
+    TextValidator validator;
+    validator.addValidator(TextValidator::ValidatorDateTimeMask); // without a format
+    QCOMPARE(validator.hint(), QStringLiteral("Date have to match format: "));
+    validator.addValidator(TextValidator::ValidatorRegExp,
+                           option("pattern", QStringLiteral("a\n\n")));
+    QCOMPARE(validator.hint(),
+             QStringLiteral("Date have to match format: \n"
+                            "Expression have to match pattern: a\n\n"));
 }
 
 void tst_TextValidator::unknownTypePassesEveryTextAndKeepsTheHint()
