@@ -119,6 +119,7 @@ void tst_QmlStringListModel::lineNumberIsClamped_data()
     QTest::newRow("lowest of all") << -2147483647 - 1 << 1 << true;
     QTest::newRow("below the bound") << 13 << 13 << true;
     QTest::newRow("the bound") << 14 << 14 << true;
+    QTest::newRow("just above the bound") << 15 << 14 << true;
     QTest::newRow("above the bound") << 20 << 14 << true;
     QTest::newRow("highest of all") << 2147483647 << 14 << true;
 }

@@ -71,6 +71,7 @@ private Q_SLOTS:
     void patternAndMaskDiffer();
     void rulesAreJudgedTogether();
     void hintsAreJoinedInTheOrderOfTheRules();
+    void nothingButTheLastLineFeedIsRemoved();
     void unknownTypePassesEveryTextAndKeepsTheHint();
     void unknownTypeAloneHasAnEmptyHint();
     void everyRuleIsAnnouncedTwice();
@@ -179,6 +180,18 @@ void tst_TextValidator::hintsAreJoinedInTheOrderOfTheRules()
     QCOMPARE(validator.validatorTypes(), types);
 }
 
+void tst_TextValidator::nothingButTheLastLineFeedIsRemoved()
+{
+    TextValidator validator;
+    validator.addValidator(TextValidator::ValidatorDateTimeMask); // without a format
+    QCOMPARE(validator.hint(), QStringLiteral("Date have to match format: "));
+    validator.addValidator(TextValidator::ValidatorRegExp,
+                           option("pattern", QStringLiteral("a\n\n")));
+    QCOMPARE(validator.hint(),
+             QStringLiteral("Date have to match format: \n"
+                            "Expression have to match pattern: a\n\n"));
+}
+
 void tst_TextValidator::unknownTypePassesEveryTextAndKeepsTheHint()
 {
     TextValidator validator;
@@ -188,7 +201,7 @@ void tst_TextValidator::unknownTypePassesEveryTextAndKeepsTheHint()
     QCOMPARE(validator.hint(), hint);
     QVERIFY(passes(validator, QStringLiteral("abc")));
     QVERIFY(!passes(validator, QStringLiteral("abcd"))); // still by the other rule
-    QCOMPARE(static_cast<int>(validator.validatorTypes().last()), 7);
+    QCOMPARE(static_cast<int>(validator.validatorTypes().constLast()), 7);
 }
 
 void tst_TextValidator::unknownTypeAloneHasAnEmptyHint()
