@@ -162,11 +162,11 @@ bool FileRemoval::enterFolder(const QString &path, int length)
     if (!m_root.isOpen() || !m_folderPath.startsWith(m_prefix)) {
         return false;
     }
-    m_folder = FolderHandle::openIn(m_root.get(), ".");
+    m_folder = FolderHandle::openBelow(m_root.get(), ".");
     for (int begin = m_prefix.size(); m_folder.isOpen() && begin < length;) {
         const int end = path.indexOf(QLatin1Char('/'), begin);
         const NativeName name(path.mid(begin, end - begin), 0);
-        m_folder = FolderHandle::openIn(m_folder.get(), name.get());
+        m_folder = FolderHandle::openBelow(m_folder.get(), name.get());
         begin = end + 1;
     }
     return m_folder.isOpen();

@@ -50,11 +50,11 @@ bool FolderDescent::run(FolderHandle root)
     while (!m_levels.empty()) {
         const Level &level = m_levels.back();
         if (level.isDone()) {
-            goUp();
+            ascend();
             continue;
         }
         const int folder = level.folder.get();
-        FolderHandle below = FolderHandle::openIn(folder, level.current());
+        FolderHandle below = FolderHandle::openBelow(folder, level.current());
         if (below.isOpen()) {
             enter(std::move(below));
         } else {
@@ -125,7 +125,7 @@ void FolderDescent::closeFarthest()
     }
 }
 
-void FolderDescent::goUp()
+void FolderDescent::ascend()
 {
     const Level below = std::move(m_levels.back());
     m_levels.pop_back();
@@ -134,7 +134,7 @@ void FolderDescent::goUp()
     }
     Level &level = m_levels.back();
     if (!level.folder.isOpen() && below.folder.isOpen()) {
-        level.folder = FolderHandle::openIn(below.folder.get(), "..");
+        level.folder = FolderHandle::openBelow(below.folder.get(), "..");
         struct stat info = {};
         if (!level.folder.isOpen() || ::fstat(level.folder.get(), &info) != 0
             || info.st_dev != level.device || info.st_ino != level.inode) {

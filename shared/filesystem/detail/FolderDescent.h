@@ -50,7 +50,7 @@ private:
     bool readFolder(Level &level);
     bool isFolder(int folder, const dirent64 &entry) const;
     void closeFarthest();
-    void goUp();
+    void ascend();
 
     std::vector<Level> m_levels; // from the root to the folder at hand
     std::unique_ptr<char[]> m_buffer;

@@ -28,7 +28,7 @@ FolderHandle FolderHandle::open(const char *path, Links links)
         openFolder(AT_FDCWD, path, links == Links::Follow ? s_flags : s_flags | O_NOFOLLOW));
 }
 
-FolderHandle FolderHandle::openIn(int folder, const char *name)
+FolderHandle FolderHandle::openBelow(int folder, const char *name)
 {
     return FolderHandle(openFolder(folder, name, s_flags | O_NOFOLLOW));
 }

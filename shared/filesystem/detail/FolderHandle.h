@@ -25,7 +25,7 @@ public:
     /** Opens a folder by its path; @p links says what to do when the path itself is a link. */
     static FolderHandle open(const char *path, Links links);
     /** Opens what @p name means in @p folder, unless it is a link. */
-    static FolderHandle openIn(int folder, const char *name);
+    static FolderHandle openBelow(int folder, const char *name);
 
     bool isOpen() const { return m_fd >= 0; }
     int get() const { return m_fd; }
