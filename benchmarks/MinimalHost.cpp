@@ -1,15 +1,75 @@
-// The one thing that the library asks of its host while it copies: where its messages go.
+// The least that the library needs of a host: messages go to standard error, video indexing is
+// on, and the camera stands still where the pipe begins.
 
+#include "host/AppState.h"
+#include "host/CApplicationSettings.h"
+#include "host/CDistanceCounter.h"
 #include "host/CLogger.h"
+#include "host/CoreApplication.h"
+#include "host/PanTiltProvider.h"
 
 #include <cstdio>
 
-namespace Tavro::Logging {
+namespace {
 
-void CLogger::logMessage(LogLevel level, const QString &category, const QString &message)
+class Settings : public CApplicationSettings
+{
+public:
+    bool videoIndexingEnabled() const override { return true; }
+};
+
+class DistanceCounter : public Tavro::AppLogic::CDistanceCounter
+{
+public:
+    double distanceValue() const override { return 0.0; }
+};
+
+class PanTilt : public Tavro::AppLogic::PanTiltProvider
+{
+public:
+    double getPan() const override { return 0.0; }
+    double getTilt() const override { return 0.0; }
+    double getCameraConstant() const override { return 0.0; }
+    double getDistanceOffset() const override { return 0.0; }
+};
+
+class Application : public Tavro::AppLogic::CoreApplication
+{
+public:
+    Tavro::AppLogic::CDistanceCounter *sectionDistanceCounter() const override
+    {
+        return &m_distanceCounter;
+    }
+    Tavro::AppLogic::PanTiltProvider *panTiltProvider() const override { return &m_panTilt; }
+
+private:
+    mutable DistanceCounter m_distanceCounter;
+    mutable PanTilt m_panTilt;
+};
+
+} // namespace
+
+void Tavro::Logging::CLogger::logMessage(LogLevel level, const QString &category,
+                                         const QString &message)
 {
     std::fprintf(stderr, "%d %s: %s\n", static_cast<int>(level), qUtf8Printable(category),
                  qUtf8Printable(message));
 }
 
-} // namespace Tavro::Logging
+CApplicationSettings *CApplicationSettings::instance()
+{
+    static Settings settings;
+    return &settings;
+}
+
+Tavro::AppLogic::CoreApplication *Tavro::AppLogic::CoreApplication::instance()
+{
+    static Application application;
+    return &application;
+}
+
+Tavro::AppState *Tavro::AppState::instance()
+{
+    static AppState state;
+    return &state;
+}

@@ -35,15 +35,6 @@ void writeAll(int fd, const QByteArray &bytes)
     }
 }
 
-int terminalColumns()
-{
-    winsize size{};
-    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
-        return 80;
-    }
-    return size.ws_col;
-}
-
 } // namespace
 
 Console::Console()
@@ -56,6 +47,15 @@ Console::~Console()
 {
     HostLog::setSink(m_sinkBefore);
     clearLiveLine();
+}
+
+int Console::columns()
+{
+    winsize size{};
+    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
+        return 80;
+    }
+    return size.ws_col;
 }
 
 void Console::print(const QString &text)
@@ -102,8 +102,7 @@ void Console::redraw()
 {
     // the last column stays free: a line that fills it wraps on some terminals
     if (!m_line.isEmpty()) {
-        writeAll(STDOUT_FILENO,
-                 "\r" + fitToColumns(m_line, terminalColumns() - 1).toUtf8() + "\x1b[K");
+        writeAll(STDOUT_FILENO, "\r" + fitToColumns(m_line, columns() - 1).toUtf8() + "\x1b[K");
     }
 }
 

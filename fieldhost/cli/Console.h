@@ -23,6 +23,8 @@ public:
 
     /** True when standard output is a terminal that can rewrite a line. */
     bool isLive() const { return m_live; }
+    /** Characters that a line of the terminal holds; 80 without one. */
+    static int columns();
 
     /** One line, or several, for the user; to standard output. */
     void print(const QString &text);

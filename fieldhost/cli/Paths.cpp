@@ -1,6 +1,8 @@
 #include "fieldhost/cli/Paths.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <sys/stat.h>
 
@@ -23,6 +25,39 @@ bool existsOrIsLink(const QString &path)
     {
     };
     return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+}
+
+QString absolutePath(const QString &typed)
+{
+    // QDir's own way reads ":/x" and "prefix:x" as something else
+    QString path = typed;
+    if (!path.startsWith(QLatin1Char('/'))) {
+        path.prepend(QDir::currentPath() + QLatin1Char('/'));
+    }
+    // "a/.." is not "." where a is a link, so only the file system can resolve it
+    const bool goesUp = path.endsWith(QLatin1String("/..")) || path.contains(QLatin1String("/../"));
+    const QString resolved = goesUp ? QFileInfo(path).canonicalFilePath() : QString();
+    return resolved.isEmpty() ? QDir::cleanPath(path) : resolved;
+}
+
+bool isSameOrBelow(const QString &path, const QString &folder)
+{
+    return path == folder || path.startsWith(below(folder, QString()));
+}
+
+QString nearestExisting(QString path)
+{
+    while (path != QLatin1String("/") && !existsOrIsLink(path)) {
+        path = parentOf(path);
+    }
+    return path;
+}
+
+QString futureCanonicalPath(const QString &path)
+{
+    const QString existing = nearestExisting(path);
+    const QString canonical = QFileInfo(existing).canonicalFilePath();
+    return QDir::cleanPath(canonical + QLatin1Char('/') + path.mid(existing.size()));
 }
 
 } // namespace Tavro::FieldHost

@@ -6,11 +6,15 @@
 #include "fieldhost/cli/export/SourceSurvey.h"
 #include "fieldhost/services/FieldApplication.h"
 
-#include <QCoreApplication>
+#include <QFile>
+#include <QGuiApplication>
+#include <QTemporaryDir>
 #include <QTextCodec>
 
+#include <algorithm>
 #include <clocale>
 #include <csignal>
+#include <memory>
 
 #include <langinfo.h>
 
@@ -18,15 +22,26 @@ namespace Tavro::FieldHost {
 
 namespace {
 
+// clang-format off
 const Command *const s_commands[] = {
     &exportCommand,
-    &clockCommand,
-    &projectionCommand,
+    &deleteCommand,
+    &sizeCommand,
+    &compareCommand,
+    &nameCommand,
+    &safeNameCommand,
+    &freeCommand,
+    &usbCommand,
+    &recordCommand,
+    &traceCommand,
     &localeCommand,
     &convertCommand,
     &countriesCommand,
     &validateCommand,
+    &clockCommand,
+    &projectionCommand,
 };
+// clang-format on
 
 const Command *findCommand(const QString &name)
 {
@@ -93,6 +108,41 @@ int run(const QStringList &arguments)
     return ExitUsage;
 }
 
+bool isOption(const char *argument, const QByteArray &option)
+{
+    return option == argument || QByteArray(argument).startsWith(option + '=');
+}
+
+bool drawsPictures(int argc, char **argv)
+{
+    const Command *command = argc > 1 ? findCommand(QString::fromLocal8Bit(argv[1])) : nullptr;
+    return command && command->pictureOption
+        && std::any_of(argv + 2, argv + argc, [command](const char *argument) {
+               return isOption(argument, command->pictureOption);
+           });
+}
+
+std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
+{
+    if (!drawsPictures(argc, argv)) {
+        return std::make_unique<QCoreApplication>(argc, argv);
+    }
+    // it loads the fonts; the platform that has nothing else needs no display
+    qputenv("QT_QPA_PLATFORM", "minimal:enable_fonts");
+    // it also looks for settings among what belongs to a login; without one it would complain, and
+    // leave a folder in /tmp
+    const QTemporaryDir instead;
+    const bool isLoggedIn = qEnvironmentVariableIsSet("XDG_RUNTIME_DIR");
+    if (!isLoggedIn) {
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(instead.path()));
+    }
+    auto application = std::make_unique<QGuiApplication>(argc, argv);
+    if (!isLoggedIn) {
+        qunsetenv("XDG_RUNTIME_DIR");
+    }
+    return application;
+}
+
 // names that no text stands for would reach the file system changed
 int firstUnusableArgument(int argc, char **argv)
 {
@@ -115,7 +165,7 @@ int main(int argc, char *argv[])
     // A reader that went away, as in "| head", must not end a copy half way.
     std::signal(SIGPIPE, SIG_IGN);
 
-    QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("ovo-fieldhost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(OVO_VERSION));
     // Names on disks are UTF-8. Debian's Qt takes them so; one that was built without ICU goes by

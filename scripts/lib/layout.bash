@@ -7,7 +7,7 @@
 declare -A uses_of=(
     [base]=''
     [clipinfo]='locale host'
-    [fileops]='base host'
+    [fileops]='base filesystem host'
     [filesystem]='host'
     [input]='locale host'
     [locale]='base host shared/input/CInputType.h' # the enumeration that DataConverter answers with

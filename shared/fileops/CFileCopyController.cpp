@@ -2,9 +2,8 @@
 
 #include "host/CLogger.h"
 #include "shared/fileops/CFileCopyWorker.h"
-#include "shared/fileops/detail/ReportQueue.h"
 #include "shared/fileops/detail/TrimmedDestination.h"
-#include "shared/fileops/detail/WorkerThreadOwner.h"
+#include "shared/fileops/detail/WorkerHandle.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,56 +19,27 @@ constexpr quint32 s_moduleAndComponent = 0x000B0100; // this library, copying
 
 CFileCopyController::CFileCopyController(QObject *parent)
     : QObject(parent)
-    , m_worker(new CFileCopyWorker)
-    , m_thread(std::make_unique<detail::WorkerThreadOwner>(m_worker))
-    , m_reports(detail::ReportQueue::create(this))
+    , m_handle(std::make_unique<detail::WorkerHandle<CFileCopyWorker>>(this))
 {
-    QThread *thread = m_thread->thread();
-    connect(thread, &QThread::started, m_worker, &CFileCopyWorker::doWork);
-    // direct: the next request may be waiting for the thread's end in the thread that would have
-    // to deliver a queued call
-    connect(m_worker, &CFileCopyWorker::finished, thread, &QThread::quit, Qt::DirectConnection);
     connectReports();
 }
+
+CFileCopyController::~CFileCopyController() = default;
 
 // The worker's signals reach the slots as if by queued connections, in order and one by one, but
 // without a wake-up for each. errorOccurred() ends here: a run that failed is announced as
 // completed.
 void CFileCopyController::connectReports()
 {
-    const auto reports = m_reports;
-    connect(
-        m_worker, &CFileCopyWorker::finished, m_worker,
-        [this, reports] { reports->reportUrgently([this] { onWorkerFinished(); }); },
-        Qt::DirectConnection);
-    connect(
-        m_worker, &CFileCopyWorker::processedBytesChanged, m_worker,
-        [this, reports](qlonglong value) {
-            reports->report([this, value] { setProcessedBytes(value); });
-        },
-        Qt::DirectConnection);
-    connect(
-        m_worker, &CFileCopyWorker::processingDirectoryChanged, m_worker,
-        [this, reports](const QString &directory) {
-            reports->report([this, directory] { setProcessingDirectory(directory); });
-        },
-        Qt::DirectConnection);
-    connect(
-        m_worker, &CFileCopyWorker::totalBytesChanged, m_worker,
-        [this, reports](qlonglong value) {
-            reports->report([this, value] { setTotalBytes(value); });
-        },
-        Qt::DirectConnection);
-    connect(
-        m_worker, &CFileCopyWorker::stateChanged, m_worker,
-        [this, reports](int state) { reports->report([this, state] { setState(state); }); },
-        Qt::DirectConnection);
-}
-
-CFileCopyController::~CFileCopyController()
-{
-    m_reports->close();
-    m_worker->abandonWork();
+    using Worker = CFileCopyWorker;
+    m_handle->onRunEnd([this] { onWorkerFinished(); });
+    m_handle->onReport(&Worker::processedBytesChanged,
+                       [this](qlonglong value) { setProcessedBytes(value); });
+    m_handle->onReport(&Worker::processingDirectoryChanged,
+                       [this](const QString &directory) { setProcessingDirectory(directory); });
+    m_handle->onReport(&Worker::totalBytesChanged,
+                       [this](qlonglong value) { setTotalBytes(value); });
+    m_handle->onReport(&Worker::stateChanged, [this](int state) { setState(state); });
 }
 
 qlonglong CFileCopyController::processedBytes() const
@@ -100,7 +70,7 @@ quint32 CFileCopyController::createErrorCode(Error error)
 void CFileCopyController::copyDirectory(const QString &sourcePath, const QString &destinationPath)
 {
     m_destinations.append(destinationPath); // earlier ones stay: an abort removes them as well
-    m_worker->copyDirectory(sourcePath, destinationPath);
+    m_handle->worker().copyDirectory(sourcePath, destinationPath);
     startRun();
 }
 
@@ -108,7 +78,7 @@ void CFileCopyController::copyDirectories(const QStringList &sourcePath,
                                           const QStringList &destinationPath)
 {
     m_destinations = destinationPath;
-    m_worker->copyDirectories(sourcePath, destinationPath);
+    m_handle->worker().copyDirectories(sourcePath, destinationPath);
     startRun();
 }
 
@@ -116,15 +86,14 @@ void CFileCopyController::copyDatabaseFile(const QString &sourcePath,
                                            const QString &destinationPath)
 {
     m_destinations = QStringList(destinationPath);
-    m_worker->copyLargeFile(sourcePath, destinationPath);
+    m_handle->worker().copyLargeFile(sourcePath, destinationPath);
     startRun();
 }
 
 // Waits for the run in progress, which works on what was loaded before, and starts the next.
 void CFileCopyController::startRun()
 {
-    QThread *thread = m_thread->thread();
-    thread->wait();
+    m_handle->thread()->wait();
 
     if (!m_runs.isEmpty()) {
         // Their ends are still to be delivered. What an abort removes has to go now, or it
@@ -133,8 +102,8 @@ void CFileCopyController::startRun()
         for (Run &run : m_runs) {
             removeDestinations(run);
         }
-        const int loadedState = m_worker->state();
-        m_reports->reportUrgently([this, loadedState] {
+        const int loadedState = m_handle->worker().state();
+        m_handle->reports()->reportUrgently([this, loadedState] {
             setState(loadedState);
             setProcessedBytes(0);
             setTotalBytes(0);
@@ -142,12 +111,11 @@ void CFileCopyController::startRun()
     }
 
     m_runs.append({m_destinations});
-    m_worker->claimLoadedRequest();
-    thread->start(QThread::InheritPriority);
-    if (!thread->isRunning() && !thread->isFinished()) {
-        // the system has no thread to give: the run ends, like any that failed, without a byte
-        m_worker->reset();
-        m_reports->reportUrgently([this] { onWorkerFinished(); });
+    m_handle->runs().claimLoadedRequest();
+    if (!m_handle->startThread()) {
+        // the run ends, like any that failed, without a byte
+        m_handle->worker().reset();
+        m_handle->reports()->reportUrgently([this] { onWorkerFinished(); });
     }
 }
 
@@ -166,12 +134,12 @@ void CFileCopyController::copyFile(const QString &sourcePath, const QString &des
 
 void CFileCopyController::pause()
 {
-    m_worker->pause();
+    m_handle->worker().pause();
 }
 
 void CFileCopyController::resume()
 {
-    m_worker->resume();
+    m_handle->worker().resume();
 }
 
 void CFileCopyController::abort()
@@ -180,12 +148,12 @@ void CFileCopyController::abort()
     if (!m_runs.isEmpty()) {
         m_runs.last().aborted = true;
     }
-    m_worker->cancelWork();
+    m_handle->worker().cancelWork();
 }
 
 void CFileCopyController::reset()
 {
-    m_worker->reset();
+    m_handle->worker().reset();
 }
 
 void CFileCopyController::setProcessedBytes(qlonglong processedBytes)
@@ -220,7 +188,8 @@ void CFileCopyController::setState(int newState)
 
 void CFileCopyController::onWorkerFinished()
 {
-    Run run = m_runs.isEmpty() ? Run{m_destinations, m_worker->isCanceled()} : m_runs.takeFirst();
+    Run run = m_runs.isEmpty() ? Run{m_destinations, m_handle->worker().isCanceled()}
+                               : m_runs.takeFirst();
     if (!run.aborted) { // not the worker's word: it speaks of what was loaded last
         Q_EMIT operationCompleted();
         return;

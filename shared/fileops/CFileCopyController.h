@@ -12,8 +12,7 @@ namespace Tavro::Shared {
 class CFileCopyWorker;
 
 namespace detail {
-class ReportQueue;
-class WorkerThreadOwner;
+template<typename Worker> class WorkerHandle;
 } // namespace detail
 
 /**
@@ -159,9 +158,7 @@ private:
     void startRun();
     static void removeDestinations(Run &run);
 
-    CFileCopyWorker *m_worker; // owned by m_thread's owner, lives in its thread
-    std::unique_ptr<detail::WorkerThreadOwner> m_thread;
-    std::shared_ptr<detail::ReportQueue> m_reports; // from the worker
+    std::unique_ptr<detail::WorkerHandle<CFileCopyWorker>> m_handle; // worker and thread
     qlonglong m_totalBytes = 0;
     qlonglong m_processedBytes = 0;
     QString m_processingDirectory;

@@ -3,24 +3,19 @@
 #include "shared/fileops/CFileCopyData.h"
 #include "shared/fileops/detail/CopyRequest.h"
 #include "shared/fileops/detail/FileDescriptor.h"
-#include "shared/fileops/detail/PauseGate.h"
 #include "shared/fileops/detail/TreeWalk.h"
 #include "shared/fileops/detail/TrimmedDestination.h"
+#include "shared/fileops/detail/WorkerCore.h"
 
-#include <QAbstractEventDispatcher>
-#include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
-#include <QThread>
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
-#include <mutex>
 
 namespace Tavro::Shared {
 
@@ -28,11 +23,10 @@ namespace {
 
 constexpr qint64 s_chunkSize = 4LL * 1024 * 1024;
 constexpr qint64 s_pageSize = 4096; // the kernel copies whole pages fastest
-constexpr qint64 s_pollInterval = 1'000'000; // ns
 constexpr qint64 s_prefetchSize = 128LL * 1024; // what the kernel starts to read at one request
 
 using State = CFileCopyController::State;
-using Request = std::shared_ptr<detail::CopyRequest>;
+using Core = detail::WorkerCore<CFileCopyWorker, detail::CopyRequest>;
 
 // true when it was missing and is there now
 bool makeDirectory(const QString &path)
@@ -133,62 +127,14 @@ void syncSystem()
 
 } // namespace
 
-struct CFileCopyWorker::Private
+struct CFileCopyWorker::Private : Core
 {
-    detail::PauseGate gate;
-
-    std::mutex mutex; // guards the three requests, not what is in them
-    Request current = std::make_shared<detail::CopyRequest>(); // loaded last
-    Request claimed; // for the run about to begin; null when that is to take what is loaded then
-    Request running; // null outside doWork()
-
-    std::atomic<int> shownState{CFileCopyController::StateIdle};
-    QElapsedTimer sincePoll; // of the thread that works
-
-    Request currentRequest()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return current;
-    }
-
-    // what the helpers work on: the run they are part of, or what is loaded
-    Request activeRequest()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        return running ? running : current;
-    }
-
-    template<typename Function> void forEachRequest(Function function)
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        for (const Request &request : {current, claimed, running}) {
-            if (request) {
-                function(*request);
-            }
-        }
-    }
-
-    // null when a run is in progress already
-    Request beginRun()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        if (running) {
-            return {};
-        }
-        running = claimed ? std::exchange(claimed, {}) : current;
-        return running;
-    }
-
-    void endRun()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        running.reset();
-    }
+    using Core::Core;
 };
 
 CFileCopyWorker::CFileCopyWorker(QObject *parent)
     : QObject(parent)
-    , m_d(std::make_unique<Private>())
+    , m_d(std::make_unique<Private>(this))
 {
 }
 
@@ -196,17 +142,17 @@ CFileCopyWorker::~CFileCopyWorker() = default;
 
 int CFileCopyWorker::state() const
 {
-    return m_d->shownState;
+    return m_d->shownState();
 }
 
 int CFileCopyWorker::error() const
 {
-    return m_d->currentRequest()->error;
+    return m_d->requests().loaded()->error;
 }
 
 bool CFileCopyWorker::isCanceled() const
 {
-    return m_d->currentRequest()->canceled;
+    return m_d->requests().loaded()->canceled;
 }
 
 void CFileCopyWorker::copyDirectory(const QString &sourcePath, const QString &destinationPath)
@@ -222,7 +168,7 @@ void CFileCopyWorker::copyDirectories(const QStringList &sourcePaths,
     for (int i = 0; i < count; ++i) {
         request->jobs.append(directoryJob(sourcePaths.at(i), destinationPaths.at(i)));
     }
-    load(CFileCopyController::StateEnumeratingFiles, std::move(request));
+    m_d->load(CFileCopyController::StateEnumeratingFiles, std::move(request));
 }
 
 void CFileCopyWorker::copyLargeFile(const QString &sourcePath, const QString &destinationPath)
@@ -232,84 +178,42 @@ void CFileCopyWorker::copyLargeFile(const QString &sourcePath, const QString &de
     job.destinationPath = detail::trimmedDestination(destinationPath);
     auto request = std::make_shared<detail::CopyRequest>();
     request->jobs.append(job);
-    load(CFileCopyController::StateCopyingLargeFile, std::move(request));
+    m_d->load(CFileCopyController::StateCopyingLargeFile, std::move(request));
 }
 
 void CFileCopyWorker::reset()
 {
-    load(CFileCopyController::StateIdle, std::make_shared<detail::CopyRequest>());
-}
-
-// Puts a request in place of the loaded one, as a clean slate. A run in progress keeps its own,
-// with its own counters and its own cancellation, and is let out of a pause.
-void CFileCopyWorker::load(State step, Request request)
-{
-    request->step = step;
-    {
-        const std::lock_guard<std::mutex> lock(m_d->mutex);
-        m_d->current = std::move(request);
-    }
-    show(CFileCopyController::StateIdle);
-    m_d->gate.open();
-    Q_EMIT processedBytesChanged(0);
-    Q_EMIT totalBytesChanged(0);
-    show(step);
+    m_d->reset();
 }
 
 void CFileCopyWorker::pause()
 {
-    m_d->gate.close();
+    m_d->gate().close();
 }
 
 void CFileCopyWorker::resume()
 {
-    m_d->gate.open();
+    m_d->gate().open();
 }
 
 void CFileCopyWorker::cancelWork()
 {
-    m_d->forEachRequest([](detail::CopyRequest &request) { request.canceled = true; });
-    resume(); // a paused run has to wake up to see it
+    m_d->cancel();
 }
 
-// Sets what is loaded aside for the next run: loading another request in the moment before that
-// run begins must not take its place.
-void CFileCopyWorker::claimLoadedRequest()
+detail::RunControl &CFileCopyWorker::runs()
 {
-    const std::lock_guard<std::mutex> lock(m_d->mutex);
-    m_d->claimed = m_d->current;
-}
-
-// cancels like cancelWork(), and leaves no file behind that looks whole and is not
-void CFileCopyWorker::abandonWork()
-{
-    m_d->forEachRequest([](detail::CopyRequest &request) { request.abandoned = true; });
-    cancelWork();
+    return *m_d;
 }
 
 void CFileCopyWorker::setState(State state)
 {
-    m_d->activeRequest()->step = state;
-    show(state);
-}
-
-void CFileCopyWorker::show(int state)
-{
-    if (m_d->shownState.exchange(state) != state) {
-        Q_EMIT stateChanged(state);
-    }
-}
-
-void CFileCopyWorker::advance(detail::CopyRequest &request, State step)
-{
-    request.step = step;
-    show(step);
+    m_d->setState(state);
 }
 
 void CFileCopyWorker::updateProcessedBytes(qint64 n)
 {
-    const qint64 processed = m_d->activeRequest()->processedBytes += n;
-    Q_EMIT processedBytesChanged(processed);
+    m_d->updateProcessedBytes(n);
 }
 
 void CFileCopyWorker::updateProcessingDirectory(const QString &processingDirectory)
@@ -326,7 +230,7 @@ bool CFileCopyWorker::createFolderStructure(const QString &root, const QStringLi
 
 void CFileCopyWorker::prepareFile()
 {
-    const Request request = m_d->activeRequest();
+    const auto request = m_d->requests().active();
     if (!request->jobs.isEmpty()) {
         request->totalBytes = QFileInfo(request->jobs.constFirst().sourcePath).size();
     }
@@ -334,7 +238,7 @@ void CFileCopyWorker::prepareFile()
 
 void CFileCopyWorker::enumerateFiles()
 {
-    const Request request = m_d->activeRequest();
+    const auto request = m_d->requests().active();
     for (CFileCopyData &job : request->jobs) {
         if (job.sourcePath.isEmpty()) {
             continue;
@@ -349,46 +253,34 @@ void CFileCopyWorker::enumerateFiles()
 
 void CFileCopyWorker::doWork()
 {
-    // the events processed below may ask for another start
-    const Request request = m_d->beginRun();
-    if (!request) {
-        return;
-    }
-    // the end of an older run may have shown another state since this request was loaded
-    show(request->step);
+    m_d->run([this](detail::CopyRequest &request) { return takeStep(request); },
+             [this](const Core::RequestPointer &request) {
+                 m_d->advance(*request, CFileCopyController::StateIdle);
+             });
+}
 
-    for (bool atWork = true; atWork;) {
-        processPendingEvents();
-        m_d->gate.pass();
-        if (request->canceled) {
-            break;
-        }
-        switch (request->step) {
-        case CFileCopyController::StateEnumeratingFiles:
-            enumerateFiles();
-            Q_EMIT totalBytesChanged(request->totalBytes);
-            advance(*request, CFileCopyController::StateCheckingSize);
-            break;
-        case CFileCopyController::StateCheckingSize:
-            advance(*request, CFileCopyController::StateCopying);
-            break;
-        case CFileCopyController::StateCopying:
-            copyTrees(*request);
-            atWork = false;
-            break;
-        case CFileCopyController::StateCopyingLargeFile:
-            copySingleFile(*request);
-            atWork = false;
-            break;
-        default: // nothing is loaded
-            request->canceled = true;
-            break;
-        }
+// false when the run is over
+bool CFileCopyWorker::takeStep(detail::CopyRequest &request)
+{
+    switch (request.step) {
+    case CFileCopyController::StateEnumeratingFiles:
+        enumerateFiles();
+        Q_EMIT totalBytesChanged(request.totalBytes);
+        m_d->advance(request, CFileCopyController::StateCheckingSize);
+        return true;
+    case CFileCopyController::StateCheckingSize:
+        m_d->advance(request, CFileCopyController::StateCopying);
+        return true;
+    case CFileCopyController::StateCopying:
+        copyTrees(request);
+        return false;
+    case CFileCopyController::StateCopyingLargeFile:
+        copySingleFile(request);
+        return false;
+    default: // nothing is loaded
+        request.canceled = true;
+        return true;
     }
-
-    advance(*request, CFileCopyController::StateIdle);
-    m_d->endRun();
-    Q_EMIT finished();
 }
 
 void CFileCopyWorker::copyTrees(detail::CopyRequest &request)
@@ -448,7 +340,7 @@ void CFileCopyWorker::copySingleFile(detail::CopyRequest &request)
 
 int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinationPath)
 {
-    return copyFile(*m_d->activeRequest(), sourcePath, destinationPath, Source::Unknown);
+    return copyFile(*m_d->requests().active(), sourcePath, destinationPath, Source::Unknown);
 }
 
 int CFileCopyWorker::copyFile(detail::CopyRequest &request, const QString &sourcePath,
@@ -493,13 +385,13 @@ int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescri
     }
     qint64 copied = 0;
     for (;;) {
-        processPendingEvents();
+        m_d->processEvents();
         if (request.canceled) {
             // cut off: whoever cancelled removes it, unless nobody is left to
             return request.abandoned ? CFileCopyController::ErrorDestinationFileWriteFailed
                                      : CFileCopyController::ErrorNone;
         }
-        m_d->gate.pass();
+        m_d->gate().pass();
 
         qint64 n = source.read(buffer.data(), buffer.size(), sourceSize - copied);
         if (n > 0 && copied + n > sourceSize && buffer.size() < s_chunkSize) {
@@ -533,25 +425,6 @@ int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescri
             syncSystem();
         }
         Q_EMIT processedBytesChanged(request.processedBytes += n);
-    }
-}
-
-// those of the worker's own thread; when somebody works in its stead, there are none to deliver
-void CFileCopyWorker::processPendingEvents()
-{
-    if (thread() != QThread::currentThread()) {
-        return;
-    }
-    // What was queued is delivered every time. Timers and sockets cost a system call, as much as
-    // a small file's own, so they have to wait for a millisecond to pass: less than any chunk
-    // takes.
-    QCoreApplication::sendPostedEvents();
-    QElapsedTimer &sincePoll = m_d->sincePoll;
-    if (!sincePoll.isValid() || sincePoll.nsecsElapsed() >= s_pollInterval) {
-        sincePoll.start();
-        if (QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance()) {
-            dispatcher->processEvents(QEventLoop::AllEvents);
-        }
     }
 }
 

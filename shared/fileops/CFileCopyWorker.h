@@ -14,7 +14,9 @@ struct CFileCopyData;
 
 namespace detail {
 class FileDescriptor;
+class RunControl;
 struct CopyRequest;
+template<typename Worker> class WorkerHandle;
 } // namespace detail
 
 /**
@@ -120,15 +122,11 @@ Q_SIGNALS:
     void totalBytesChanged(qlonglong value);
 
 private:
-    friend class CFileCopyController; // claims what it starts, abandons what it leaves behind
+    friend class detail::WorkerHandle<CFileCopyWorker>; // the controller's side of the runs
     struct Private;
 
-    void load(CFileCopyController::State step, std::shared_ptr<detail::CopyRequest> request);
-    void claimLoadedRequest();
-    void abandonWork();
-    void show(int state);
-    void advance(detail::CopyRequest &request, CFileCopyController::State step);
-    void processPendingEvents();
+    detail::RunControl &runs();
+    bool takeStep(detail::CopyRequest &request);
     void copyTrees(detail::CopyRequest &request);
     bool copyTree(detail::CopyRequest &request, const CFileCopyData &job);
     void copySingleFile(detail::CopyRequest &request);

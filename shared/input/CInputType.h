@@ -85,7 +85,7 @@ public:
     virtual QString boundColumn() const = 0;
     /** Unit text shown with the value; empty when the column has none. */
     virtual QString unit() const = 0;
-    /** Picture by which a value is shown, as DoubleFormater::toString() takes it. */
+    /** How the template has a value shown; empty when it says nothing. */
     virtual QString displayFormat() const = 0;
     /** Whether the field may not stay empty. */
     virtual bool mandatory() const = 0;

@@ -85,7 +85,7 @@ QString DoubleFormater::TrimString(QString text)
         return text;
     }
     int size = text.size();
-    while (size > 1 && text.at(size - 1) == QLatin1Char('0')) {
+    while (text.at(size - 1) == QLatin1Char('0')) { // ends at the mark at the latest
         --size;
     }
     if (text.at(size - 1) == QLatin1Char('.')) {

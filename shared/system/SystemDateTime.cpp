@@ -72,6 +72,8 @@ bool SystemDateTime::setTime(QTime time)
     return setClocks(*this, inPlainDigits(time, QStringLiteral("hh:mm:ss")), QString());
 }
 
+// by value, as the hosts call it
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 bool SystemDateTime::setDateTime(QDateTime dateTime)
 {
     return setClocks(*this, inPlainDigits(dateTime, QStringLiteral("yyyy-MM-dd hh:mm:ss")),

@@ -17,8 +17,6 @@ class OVO_SHARED_EXPORT TransformFlags
 public:
     /** Takes the bits as they are, also those above the seventh. */
     TransformFlags(int flags);
-    TransformFlags(const TransformFlags &) = default;
-    TransformFlags &operator=(const TransformFlags &) = default;
     virtual ~TransformFlags();
 
     /** All seven bits: 127. */

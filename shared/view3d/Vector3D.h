@@ -62,8 +62,6 @@ public:
         , z(v.z * scale)
     {
     }
-    Vector3D(const Vector3D &) = default;
-    Vector3D &operator=(const Vector3D &) = default;
 
     /** Sum, component by component. */
     Vector3D operator+(const Vector3D &other) const

@@ -15,22 +15,25 @@
 #include <cstring>
 
 using Tavro::Shared::CFileEntry;
+using Tavro::Shared::detail::Links;
 using Tavro::Shared::detail::listTree;
 using Tavro::Shared::detail::TreeListing;
 
 namespace {
 
 // The walk as its contract words it, by QDir and nothing else.
-TreeListing listByQDir(const QString &root)
+TreeListing listByQDir(const QString &root, Links links = Links::Follow)
 {
+    const QDir::Filters more =
+        links == Links::LeaveOut ? QDir::Filters(QDir::NoSymLinks) : QDir::Filters();
     const QString source = root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/');
-    const auto filesOf = [](const QDir &directory) {
-        return directory.entryInfoList(QDir::Files, QDir::NoSort);
+    const auto filesOf = [more](const QDir &directory) {
+        return directory.entryInfoList(QDir::Files | more, QDir::NoSort);
     };
-    const auto directoriesOf = [](const QDir &directory) {
+    const auto directoriesOf = [more](const QDir &directory) {
         QStringList paths;
         const QStringList names =
-            directory.entryList(QDir::AllDirs | QDir::NoDotAndDotDot, QDir::NoSort);
+            directory.entryList(QDir::AllDirs | QDir::NoDotAndDotDot | more, QDir::NoSort);
         for (const QString &name : names) {
             paths.append(directory.absoluteFilePath(name));
         }
@@ -370,8 +373,12 @@ void tst_TreeWalk::equalsQDirOnRandomTrees()
         }
         const QString root = folder + QStringLiteral("/tree");
         const QByteArray difference = differenceBetween(listTree(root), listByQDir(root));
+        const QByteArray differenceWithoutLinks =
+            differenceBetween(listTree(root, Links::LeaveOut), listByQDir(root, Links::LeaveOut));
         user.reset();
         QVERIFY2(difference.isEmpty(), "seed " + QByteArray::number(seed) + ": " + difference);
+        QVERIFY2(differenceWithoutLinks.isEmpty(),
+                 "seed " + QByteArray::number(seed) + ", no links: " + differenceWithoutLinks);
     }
 }
 
@@ -387,8 +394,13 @@ void tst_TreeWalk::equalsQDirWhereNamesDifferOnlyInCase()
         }
         Test::makeFile(path("t/" + name + ".mp4"), "1");
         Test::makeFile(path("t/" + name + "/f"), "1");
+        QVERIFY(QFile::link(path("t/" + name + "/f"), path("t/" + name + ".link")));
+        QVERIFY(QFile::link(path("t/" + name), path("t/" + name + ".folder")));
     }
     QCOMPARE(differenceBetween(listTree(path("t")), listByQDir(path("t"))), QByteArray());
+    QCOMPARE(differenceBetween(listTree(path("t"), Links::LeaveOut),
+                               listByQDir(path("t"), Links::LeaveOut)),
+             QByteArray());
 }
 
 void tst_TreeWalk::linkToTheFolderAboveEndsWhereQDirEnds()

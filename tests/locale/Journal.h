@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
 #include <utility>
 
 namespace Test {
@@ -35,8 +36,15 @@ public:
     template<typename Sender, typename Signal>
     void follow(Sender *sender, Signal signal, const char *name)
     {
-        const QString entry = QLatin1String("signal ") + QLatin1String(name);
-        QObject::connect(sender, signal, &m_context, [this, entry] { add(entry); });
+        follow(sender, signal, [name] { return QLatin1String("signal ") + QLatin1String(name); });
+    }
+
+    /** Has what @p describe answers at each emission of @p signal added. */
+    template<typename Sender, typename Signal>
+    void follow(Sender *sender, Signal signal, std::function<QString()> describe)
+    {
+        QObject::connect(sender, signal, &m_context,
+                         [this, describe = std::move(describe)] { add(describe()); });
     }
 
     /** Adds an entry of the test's own. */

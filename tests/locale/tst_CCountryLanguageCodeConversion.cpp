@@ -191,7 +191,7 @@ void tst_CCountryLanguageCodeConversion::unknownCodesGiveNothing_data()
     QTest::addColumn<QString>("code");
 
     QTest::newRow("null") << QString();
-    QTest::newRow("empty") << QStringLiteral("");
+    QTest::newRow("empty") << QString::fromLatin1("");
     QTest::newRow("country in small letters") << QStringLiteral("ch");
     QTest::newRow("ISO code in small letters") << QStringLiteral("gbr");
     QTest::newRow("language in small letters") << QStringLiteral("deu");

@@ -530,7 +530,7 @@ void tst_CLocaleSupport::datesAndTimesAreWrittenInTheShortForm()
     const QDate date(2024, 3, 9);
     const QTime time(14, 5, 6);
     const QDateTime both(date, time);
-    for (const QString &none : {QString(), QStringLiteral("")}) {
+    for (const QString &none : {QString(), QString::fromLatin1("")}) {
         QCOMPARE(CLocaleSupport::variantToLocalizedString(date, none),
                  locale.toString(date, QLocale::ShortFormat));
         QCOMPARE(CLocaleSupport::variantToLocalizedString(time, none),

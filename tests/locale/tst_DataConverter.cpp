@@ -37,7 +37,7 @@ void tst_DataConverter::codesBecomeInputTypes_data()
     QTest::newRow("boolean") << QStringLiteral("BOL") << 4;
     QTest::newRow("date") << QStringLiteral("DAT") << 5;
     QTest::newRow("null") << QString() << 0;
-    QTest::newRow("empty") << QStringLiteral("") << 0;
+    QTest::newRow("empty") << QString::fromLatin1("") << 0;
     QTest::newRow("small letters") << QStringLiteral("txt") << 0;
     QTest::newRow("mixed letters") << QStringLiteral("Int") << 0;
     QTest::newRow("blank behind") << QStringLiteral("DEC ") << 0;

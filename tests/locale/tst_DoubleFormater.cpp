@@ -231,7 +231,8 @@ void tst_DoubleFormater::pictures()
 
 void tst_DoubleFormater::picturesAreAsTheLibraryPrintsThem()
 {
-    for (const double value : values()) {
+    const QVector<double> list = values();
+    for (const double value : list) {
         for (const Picture &picture : s_pictures) {
             QCOMPARE(DoubleFormater::toString(value, QString::fromLatin1(picture.text)),
                      printed(value, picture));

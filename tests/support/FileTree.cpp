@@ -6,9 +6,12 @@
 #include <QFileInfo>
 #include <QtDebug>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
+#include <utility>
 
 namespace Test {
 
@@ -16,6 +19,54 @@ TemporaryFolder::~TemporaryFolder()
 {
     std::error_code ignored; // the base class says what is left
     std::filesystem::remove_all(QFile::encodeName(path()).toStdString(), ignored);
+}
+
+namespace {
+
+int openFolder(int folder, const char *name)
+{
+    return ::openat(folder, name, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+} // namespace
+
+DeepTree::DeepTree(const QString &path, int levels, const QByteArray &content)
+    : m_path(QFile::encodeName(path))
+{
+    const char *name = m_path.constData();
+    int folder = AT_FDCWD;
+    for (int i = 0; i < levels; ++i) {
+        const bool isMade = ::mkdirat(folder, name, 0777) == 0;
+        const int below = openFolder(folder, std::exchange(name, "d"));
+        const int file = ::openat(below, "f", O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+        if (!isMade
+            || ::write(file, content.constData(), static_cast<size_t>(content.size())) < 0) {
+            qFatal("cannot create level %d of %s", i, m_path.constData());
+        }
+        ::close(file);
+        ::close(folder);
+        folder = below;
+    }
+    ::close(folder);
+}
+
+DeepTree::~DeepTree()
+{
+    int folder = openFolder(AT_FDCWD, m_path.constData());
+    int levels = 0;
+    for (int below = folder; below >= 0; below = openFolder(folder, "d")) {
+        if (below != folder) {
+            ::close(std::exchange(folder, below));
+        }
+        ::unlinkat(folder, "f", 0);
+        ++levels;
+    }
+    for (; levels > 1; --levels) {
+        ::close(std::exchange(folder, openFolder(folder, "..")));
+        ::unlinkat(folder, "d", AT_REMOVEDIR);
+    }
+    ::close(folder);
+    ::rmdir(m_path.constData());
 }
 
 void makeFile(const QString &path, const QByteArray &content)

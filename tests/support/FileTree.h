@@ -14,6 +14,24 @@ public:
     ~TemporaryFolder();
 };
 
+/**
+ * A chain of folders, each in the one before, far deeper than a path reaches; gone with the object.
+ * Every folder holds a file with the same content.
+ */
+class DeepTree
+{
+public:
+    /** @p path is the first of @p levels folders; aborts the test when it cannot create one. */
+    DeepTree(const QString &path, int levels, const QByteArray &content);
+    ~DeepTree();
+
+    DeepTree(const DeepTree &) = delete;
+    DeepTree &operator=(const DeepTree &) = delete;
+
+private:
+    const QByteArray m_path;
+};
+
 /** Creates a file, and the folders above it, with that content; aborts the test when it cannot. */
 void makeFile(const QString &path, const QByteArray &content = QByteArray());
 

@@ -166,6 +166,7 @@ private Q_SLOTS:
     void thePoolIsNotTheGlobalOne();
     void latestDiscardsWhatWaits();
     void latestStartsAtOnceWhenIdle();
+    void latestStartsWhatIsNewWhenTheRunningOneEndsMeanwhile();
     void discardedTasksAreDeletedEitherWay();
     void unknownModeLeavesTheTaskAlone();
 
@@ -194,6 +195,7 @@ private Q_SLOTS:
 
     void destructorWaitsForEveryTask();
     void destructorStartsAndDeletesNothingOfTheQueue();
+    void destructorWaitsForATaskThatFinishesElsewhere();
     void destructorWaitsUntilNoTaskCanCall();
 
 private:
@@ -409,6 +411,34 @@ void tst_Async::latestStartsAtOnceWhenIdle()
     m_letGo->release();
     waitUntilIdle(m_async);
     QCOMPARE(m_journal->lines(), list({"1 runs", "1 deleted"}));
+}
+
+void tst_Async::latestStartsWhatIsNewWhenTheRunningOneEndsMeanwhile()
+{
+    // the task that is discarded takes so long to go that nothing runs any more
+    class LingeringTask : public QRunnable
+    {
+    public:
+        explicit LingeringTask(std::function<void()> farewell)
+            : m_farewell(std::move(farewell))
+        {
+        }
+        ~LingeringTask() override { m_farewell(); }
+        void run() override { }
+
+    private:
+        std::function<void()> m_farewell;
+    };
+    make(Async::SequentialLatest);
+    m_async->startTask(heldTask("1"));
+    QVERIFY(haveBegun(1));
+    m_async->startTask(new LingeringTask([this] {
+        m_letGo->release();
+        m_async->waitDone();
+    }));
+    m_async->startTask(task("3"));
+    waitUntilIdle(m_async);
+    QCOMPARE(m_journal->lines().filter(QStringLiteral("runs")), list({"1 runs", "3 runs"}));
 }
 
 void tst_Async::discardedTasksAreDeletedEitherWay()
@@ -699,14 +729,14 @@ void tst_Async::deletesItselfOnlyWhenAllowed()
 void tst_Async::deletesItselfOnTheOwnersThread()
 {
     auto *async = new Async(Async::Sequential);
-    std::atomic<QThread *> deletedBy{nullptr};
+    const auto deletedBy = std::make_shared<std::atomic<QThread *>>(nullptr);
     connect(
-        async, &QObject::destroyed, async, [&] { deletedBy = QThread::currentThread(); },
+        async, &QObject::destroyed, async, [deletedBy] { *deletedBy = QThread::currentThread(); },
         Qt::DirectConnection);
     async->setDeleteLater(true);
     async->startTask(
         (new Task(*async, *m_journal, "1"))->then([async] { async->asyncDeleteLater(); }));
-    QTRY_COMPARE_WITH_TIMEOUT(deletedBy.load(), QThread::currentThread(), s_patience);
+    QTRY_COMPARE_WITH_TIMEOUT(deletedBy->load(), QThread::currentThread(), s_patience);
     QCOMPARE(m_journal->lines(), list({"1 runs", "1 deleted"}));
 }
 
@@ -758,6 +788,29 @@ void tst_Async::destructorStartsAndDeletesNothingOfTheQueue()
         startedNothing = m_journal->lines() == list({"1 runs"}); // and has deleted nothing
     }
     QVERIFY(startedNothing);
+}
+
+void tst_Async::destructorWaitsForATaskThatFinishesElsewhere()
+{
+    class LeavingTask : public QRunnable
+    {
+    public:
+        void run() override { }
+    };
+    make(Async::Parallel);
+    Async *async = m_async.get();
+    m_async->startTask(new LeavingTask);
+    QSemaphore destroyed;
+    std::thread destroyer([&] {
+        m_async.reset();
+        destroyed.release();
+    });
+    const bool early = destroyed.tryAcquire(1, 100);
+    if (!early) {
+        async->startNext();
+    }
+    destroyer.join();
+    QVERIFY(!early);
 }
 
 void tst_Async::destructorWaitsUntilNoTaskCanCall()

@@ -82,6 +82,7 @@ class tst_AsyncStress : public QObject
 
 private Q_SLOTS:
     void sequentialLosesNoneAndDoublesNone();
+    void startsThatMeetAnEnd();
     void parallelLosesNoneAndDoublesNone();
     void latestRunsOrDeletesEach();
     void noWaitIsMissed();
@@ -110,6 +111,25 @@ void tst_AsyncStress::sequentialLosesNoneAndDoublesNone()
         QCOMPARE(record.order[static_cast<size_t>(i)], i);
         QCOMPARE(record.deletions[static_cast<size_t>(i)].load(), 1);
     }
+}
+
+void tst_AsyncStress::startsThatMeetAnEnd()
+{
+    // A task that is started while the last one ends may be seen by nobody, or by two. Nothing
+    // follows here that would start a forgotten one after all.
+    Record record(s_tasks);
+    Async async(Async::Sequential);
+    int next = 0;
+    while (next + 3 <= s_tasks) {
+        async.startTask(new Task(async, record, next++, false));
+        async.startTask(new Task(async, record, next++, false));
+        std::atomic<int> moments{0};
+        while (moments++ < next % 1000) { } // so that the third comes a little later each time
+        async.startTask(new Task(async, record, next++, false));
+        waitUntilIdle(async);
+        QCOMPARE(record.runs[static_cast<size_t>(next - 1)].load(), 1);
+    }
+    QCOMPARE(record.mostAtOnce.load(), 1);
 }
 
 void tst_AsyncStress::parallelLosesNoneAndDoublesNone()

@@ -1,17 +1,11 @@
 #pragma once
 
+#include "fieldhost/cli/export/CopyFault.h"
 #include "fieldhost/cli/export/ExportPlan.h"
 
 #include <optional>
 
 namespace Tavro::FieldHost {
-
-/** The first file or folder that a copy lacks. */
-struct CopyFault
-{
-    QString source;
-    QString cause; // a sentence without its full stop
-};
 
 /** What a look at the destination says of a copy. */
 struct CopyCheck

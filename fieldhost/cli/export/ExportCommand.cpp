@@ -7,6 +7,7 @@
 #include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/export/ExportPlan.h"
 #include "fieldhost/cli/export/ExportRun.h"
+#include "fieldhost/cli/usb/DriveAccess.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -25,6 +26,9 @@ before the next one: a drive pulled out loses no file that was copied before.
                into DESTINATION itself.
   DESTINATION  A folder. It is created when it does not exist, and otherwise must be empty.
 
+A DESTINATION at or below /media/usbdrive is on the USB drive. The drive is mounted and marked as
+in use before the copy, unmounted and marked clean after it, however the copy ends.
+
 Links are followed. Hidden entries, links that lead nowhere, pipes, sockets and devices are left
 out, and counted. Names are taken as UTF-8.
 
@@ -33,23 +37,25 @@ Options:
                    there, it is made in a hidden folder beside it first, and takes its place,
                    replacing files of the same name, when all of it is whole. An abort or a
                    failure leaves everything there as it was.
+  --verify         Reads every copy back from the device and compares it with its source. One that
+                   differs fails the export, and what was copied is removed.
   -h, --help       Shows this text.
 
 On a terminal, p pauses and resumes, q or Ctrl-C aborts. An abort removes the copy whole.
 
 Exit codes:
   0  everything is copied, and on the device
-  1  failed: a file was not copied; the message names it and the cause
+  1  failed: a file was not copied, or its copy differs; the message names it and the cause
   2  the command line was not understood
   3  nothing copied: a SOURCE is missing, or no whole copy of it is possible
   4  nothing copied: DESTINATION is refused
   5  nothing copied: DESTINATION has not enough free space
   6  aborted; the copy was removed)";
 
-int carryOut(const ExportPlan &plan, Console &console, SignalWatcher &signalWatcher)
+int carryOut(const ExportPlan &plan, bool verify, Console &console, SignalWatcher &signalWatcher)
 {
     KeyInput keys;
-    ExportRun run(plan, console);
+    ExportRun run(plan, console, verify);
     QObject::connect(&run, &ExportRun::finished, qApp, &QCoreApplication::exit);
     QObject::connect(&signalWatcher, &SignalWatcher::endSignal, &run, &ExportRun::abort);
     QObject::connect(&signalWatcher, &SignalWatcher::aboutToSuspend, &keys, [&] {
@@ -81,6 +87,8 @@ int runExport(const QStringList &arguments)
     const QCommandLineOption intoExisting(QStringLiteral("into-existing"));
     parser.addOption(help);
     parser.addOption(intoExisting);
+    const QCommandLineOption verify(QStringLiteral("verify"));
+    parser.addOption(verify);
 
     QStringList typed = arguments;
     typed.removeAt(1); // the command's own name
@@ -104,7 +112,12 @@ int runExport(const QStringList &arguments)
     }
     const QString destination = sources.takeLast();
 
+    DriveAccess drive(destination, console);
+    // it goes before the drive: a signal ends the wait for one that stays in use
     SignalWatcher signalWatcher;
+    if (!drive.begin()) {
+        return ExitDestinationRefused;
+    }
     const ExportPlan plan =
         planExport(sources, destination, parser.isSet(intoExisting), SignalWatcher::endRequested);
     if (plan.refusal == ExitDone && SignalWatcher::endRequested()) {
@@ -112,7 +125,8 @@ int runExport(const QStringList &arguments)
         return ExitAborted;
     }
     if (plan.refusal == ExitDone) {
-        return carryOut(plan, console, signalWatcher);
+        drive.warnOfLargeFiles(plan);
+        return carryOut(plan, parser.isSet(verify), console, signalWatcher);
     }
     for (const QString &reason : plan.reasons) {
         if (plan.refusal == ExitAborted) {

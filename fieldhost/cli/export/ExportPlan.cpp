@@ -25,46 +25,12 @@ constexpr int s_shownProblems = 5;
 // what a folder for the copy inside an existing one adds to the length of a path at most
 constexpr int s_stagingLength = 24;
 
-// A path as typed, made absolute. QDir's own way reads ":/x" and "prefix:x" as something else.
-QString absolutePath(const QString &typed)
-{
-    QString path = typed;
-    if (!path.startsWith(QLatin1Char('/'))) {
-        path.prepend(QDir::currentPath() + QLatin1Char('/'));
-    }
-    // "a/.." is not "." where a is a link, so only the file system can resolve it
-    const bool goesUp = path.endsWith(QLatin1String("/..")) || path.contains(QLatin1String("/../"));
-    const QString resolved = goesUp ? QFileInfo(path).canonicalFilePath() : QString();
-    return resolved.isEmpty() ? QDir::cleanPath(path) : resolved;
-}
-
 // "dir/", "." and "..": the user means what is inside
 bool meansContents(const QString &typed)
 {
     return typed.endsWith(QLatin1Char('/')) || typed == QLatin1String(".")
         || typed == QLatin1String("..") || typed.endsWith(QLatin1String("/."))
         || typed.endsWith(QLatin1String("/.."));
-}
-
-QString nearestExisting(QString path)
-{
-    while (path != QLatin1String("/") && !existsOrIsLink(path)) {
-        path = parentOf(path);
-    }
-    return path;
-}
-
-// the canonical path that something not yet existing is going to have
-QString futureCanonicalPath(const QString &path)
-{
-    const QString existing = nearestExisting(path);
-    const QString canonical = QFileInfo(existing).canonicalFilePath();
-    return QDir::cleanPath(canonical + QLatin1Char('/') + path.mid(existing.size()));
-}
-
-bool isSameOrBelow(const QString &path, const QString &folder)
-{
-    return path == folder || path.startsWith(below(folder, QString()));
 }
 
 bool isFilledFolder(const QString &path)

@@ -54,10 +54,11 @@ QString quotedList(const QStringList &paths)
 
 } // namespace
 
-ExportRun::ExportRun(ExportPlan plan, Console &console, QObject *parent)
+ExportRun::ExportRun(ExportPlan plan, Console &console, bool verify, QObject *parent)
     : QObject(parent)
     , m_plan(std::move(plan))
     , m_console(console)
+    , m_verify(verify)
 {
     Step folders;
     std::vector<Step> files;
@@ -153,7 +154,7 @@ void ExportRun::beginStep()
 
 void ExportRun::togglePause()
 {
-    if (!m_running || m_aborting) {
+    if (!m_running || m_aborting || m_verification) {
         return;
     }
     m_paused = !m_paused;
@@ -173,7 +174,11 @@ void ExportRun::abort()
         return;
     }
     m_aborting = true;
-    m_controller.abort();
+    if (m_verification) {
+        m_verification->cancel(); // onVerified() follows
+    } else {
+        m_controller.abort();
+    }
     showProgress();
 }
 
@@ -201,6 +206,41 @@ void ExportRun::onStepCompleted()
     } else if (++m_step < m_steps.size()) {
         beginStep();
     } else {
+        m_copyTime = m_progress.elapsed();
+        if (m_verify) {
+            verify();
+        } else {
+            complete();
+        }
+    }
+}
+
+void ExportRun::verify()
+{
+    std::vector<CopiedFile> files;
+    for (const auto &task : m_tasks) {
+        const std::vector<CopiedFile> some = copiedFiles(task->job, task->copy.root());
+        files.insert(files.end(), some.begin(), some.end());
+    }
+    m_progress = Progress();
+    m_progress.start(m_wholeBytes);
+    m_paused = false; // a comparison is not worth a pause
+    m_verification = std::make_unique<CopyVerification>();
+    connect(m_verification.get(), &CopyVerification::finished, this, &ExportRun::onVerified);
+    m_verification->start(std::move(files));
+}
+
+void ExportRun::onVerified()
+{
+    const std::optional<CopyFault> fault = m_verification->fault();
+    if (m_aborting) {
+        onStepCanceled();
+    } else if (fault) {
+        // of files that were all counted as whole, none can be trusted now
+        m_wholeFiles = 0;
+        fail(QStringLiteral("The copy of %1 is not good: %2.")
+                 .arg(quoted(fault->source), fault->cause));
+    } else {
         complete();
     }
 }
@@ -227,10 +267,13 @@ void ExportRun::complete()
             return;
         }
     }
-    const qint64 elapsed = m_progress.elapsed();
+    const qint64 elapsed = m_copyTime;
     const double rate =
         static_cast<double>(m_wholeBytes) * 1000 / static_cast<double>(qMax<qint64>(elapsed, 1));
     m_console.clearLiveLine();
+    if (m_verification) {
+        m_console.print(QStringLiteral("Verified: every copy equals its source"));
+    }
     m_console.print(QStringLiteral("Done: %1, %2 in %3 (%4)")
                         .arg(counted(m_wholeFiles, "file"), formatBytes(m_wholeBytes),
                              formatDuration(elapsed), formatRate(rate)));
@@ -290,14 +333,16 @@ bool ExportRun::anyStaged() const
 
 void ExportRun::showProgress()
 {
-    m_progress.update(m_wholeBytes + m_stepBytes);
+    m_progress.update(m_verification ? m_verification->comparedBytes()
+                                     : m_wholeBytes + m_stepBytes);
     QString line = m_progress.text();
     if (m_aborting) {
         line = QStringLiteral("Aborting, once the data on its way is written");
     } else if (m_paused) {
         line += QStringLiteral("  paused, p resumes");
     }
-    const QString directory = m_controller.processingDirectory();
+    const QString directory =
+        m_verification ? QStringLiteral("verifying") : m_controller.processingDirectory();
     if (!m_console.isLive()) {
         m_console.print(line);
         return;

@@ -2,6 +2,7 @@
 
 #include "fieldhost/cli/Progress.h"
 #include "fieldhost/cli/export/CopyCheck.h"
+#include "fieldhost/cli/export/CopyVerification.h"
 #include "fieldhost/cli/export/ExportPlan.h"
 #include "fieldhost/cli/export/StagedCopy.h"
 #include "shared/fileops/CFileCopyController.h"
@@ -25,7 +26,8 @@ class ExportRun : public QObject
     Q_OBJECT
 
 public:
-    ExportRun(ExportPlan plan, Console &console, QObject *parent = nullptr);
+    /** With @p verify, every copy is read back and compared before it counts. */
+    ExportRun(ExportPlan plan, Console &console, bool verify, QObject *parent = nullptr);
     ~ExportRun() override;
 
     /** Begins; finished() follows through the event loop, however it goes. */
@@ -52,6 +54,8 @@ private:
     void beginStep();
     void onStepCompleted();
     void onStepCanceled();
+    void verify();
+    void onVerified();
     void complete();
     void fail(const QString &reason);
     void finish(ExitCode code);
@@ -61,11 +65,14 @@ private:
 
     const ExportPlan m_plan;
     Console &m_console;
+    const bool m_verify;
     Shared::CFileCopyController m_controller;
     std::vector<std::unique_ptr<Task>> m_tasks;
     std::vector<Step> m_steps;
     size_t m_step = 0;
     Progress m_progress;
+    std::unique_ptr<CopyVerification> m_verification; // once all is copied
+    qint64 m_copyTime = 0; // ms, without the verification
     QTimer m_display;
     qint64 m_wholeFiles = 0;
     qint64 m_wholeBytes = 0; // of the steps before the current one

@@ -24,6 +24,12 @@ public:
         m_opened.notify_all();
     }
 
+    bool isClosed() const
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_closed;
+    }
+
     /** Returns when the gate is open; waits without time-out. */
     void pass()
     {
@@ -32,7 +38,7 @@ public:
     }
 
 private:
-    std::mutex m_mutex; // guards m_closed
+    mutable std::mutex m_mutex; // guards m_closed
     std::condition_variable m_opened;
     bool m_closed = false;
 };

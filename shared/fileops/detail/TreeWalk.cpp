@@ -1,5 +1,7 @@
 #include "shared/fileops/detail/TreeWalk.h"
 
+#include "shared/filesystem/detail/NativeName.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -58,14 +60,6 @@ Kind kindOf(mode_t mode)
     return S_ISDIR(mode) ? Kind::Directory : Kind::Other;
 }
 
-// a name that is not UTF-8 has no QString that means it
-bool isAddressable(const char *name)
-{
-    // behind a "/": decoding would take a byte order mark at the very beginning off
-    const QByteArray bytes = QByteArray("/") + name;
-    return QFile::encodeName(QFile::decodeName(bytes)) == bytes;
-}
-
 /**
  * Reads and sorts one directory.
  *
@@ -75,6 +69,11 @@ bool isAddressable(const char *name)
 class FolderReader
 {
 public:
+    explicit FolderReader(Links links)
+        : m_links(links)
+    {
+    }
+
     void read(const QString &path);
 
     // subdirectories and files, in order; some entries are both
@@ -93,6 +92,9 @@ private:
     bool sort(Entries &entries) const;
     QString pathOf(const Entry &entry, int begin) const;
 
+    QDir::Filters filters(QDir::Filters kinds) const;
+
+    const Links m_links;
     QString m_prefix; // the directory's path, ending in "/"
     QByteArray m_nativePath; // the same as the system takes it
     std::u16string m_text;
@@ -189,6 +191,9 @@ Examined FolderReader::examine(int directoryFd, const dirent &entry, qsizetype n
 Examined FolderReader::examineLink(const char *name) const
 {
     struct stat info = {};
+    if (m_links == Links::LeaveOut) {
+        return {};
+    }
     if (::stat((m_nativePath + name).constData(), &info) != 0) {
         return {}; // broken
     }
@@ -252,6 +257,11 @@ QString FolderReader::pathOf(const Entry &entry, int begin) const
     return path;
 }
 
+QDir::Filters FolderReader::filters(QDir::Filters kinds) const
+{
+    return m_links == Links::LeaveOut ? kinds | QDir::NoSymLinks : kinds;
+}
+
 // Names that differ only in case stand in the order in which QDir's own sorting happens to
 // leave them, so QDir is asked for these rare directories.
 
@@ -265,7 +275,7 @@ void FolderReader::listDirectories(int rootLength, QStringList &directories)
     }
     const QDir directory(m_prefix);
     const QStringList names =
-        directory.entryList(QDir::AllDirs | QDir::NoDotAndDotDot, QDir::NoSort);
+        directory.entryList(filters(QDir::AllDirs | QDir::NoDotAndDotDot), QDir::NoSort);
     for (const QString &name : names) {
         directories.append(directory.absoluteFilePath(name).mid(rootLength));
     }
@@ -279,7 +289,7 @@ void FolderReader::listFiles(TreeListing &listing)
         }
         return;
     }
-    const QFileInfoList files = QDir(m_prefix).entryInfoList(QDir::Files, QDir::NoSort);
+    const QFileInfoList files = QDir(m_prefix).entryInfoList(filters(QDir::Files), QDir::NoSort);
     for (const QFileInfo &file : files) {
         appendFile(listing, CFileEntry(file.absoluteFilePath(), file.size()), !file.isFile());
     }
@@ -296,11 +306,11 @@ void FolderReader::appendFile(TreeListing &listing, const CFileEntry &file, bool
 
 } // namespace
 
-TreeListing listTree(const QString &root)
+TreeListing listTree(const QString &root, Links links)
 {
     TreeListing listing;
     const QString prefix = root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/');
-    FolderReader reader;
+    FolderReader reader(links);
     const auto visit = [&](const QString &path) {
         reader.read(path);
         reader.listDirectories(prefix.size(), listing.directories);

@@ -17,6 +17,12 @@ struct TreeListing
     qint64 bytes = 0; // sum of the files' sizes
 };
 
+/** What a walk does with links. */
+enum class Links {
+    Follow, // as if what they point to stood in their place
+    LeaveOut, // neither they nor what they point to lie in the tree
+};
+
 /**
  * Lists the tree below @p root, an absolute clean path with or without a final "/".
  *
@@ -25,9 +31,11 @@ struct TreeListing
  * hidden entries left out, links followed, by name ignoring case. So a link to something that is
  * neither file nor directory (a FIFO, a device) is listed as both.
  *
+ * With links left out, what QDir answers with QDir::NoSymLinks added.
+ *
  * One pass over each directory instead of two listings and an examination of every full path.
  * Directories that cannot be read are empty.
  */
-TreeListing listTree(const QString &root);
+TreeListing listTree(const QString &root, Links links = Links::Follow);
 
 } // namespace Tavro::Shared::detail

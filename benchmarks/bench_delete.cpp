@@ -1,0 +1,102 @@
+// Deletes trees of one shape by the library and by rm -rf in turn, round after round.
+
+#include "benchmarks/Measurement.h"
+#include "benchmarks/Participant.h"
+#include "benchmarks/Tree.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <sstream>
+
+using namespace Tavro::Benchmarks;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr double s_target = 1.3;
+
+struct Shape
+{
+    unsigned folders;
+    unsigned files;
+};
+
+// each participant gets a tree of its own, on a device that has nothing left to write
+void createAnew(const fs::path &tree, Shape shape)
+{
+    createTree(tree, shape.folders, shape.files, 100);
+    syncFileSystem(tree);
+}
+
+void requireGone(const fs::path &tree)
+{
+    if (fs::exists(tree)) {
+        fail(tree.string() + " is still there");
+    }
+}
+
+double deleteWithRm(const fs::path &tree, Shape shape)
+{
+    createAnew(tree, shape);
+    const double seconds = runParticipant({"rm", "-rf", tree}).seconds;
+    requireGone(tree);
+    return seconds;
+}
+
+double deleteWithLibrary(const fs::path &tree, Shape shape)
+{
+    createAnew(tree, shape);
+    std::istringstream figures(
+        runParticipant({siblingProgram("delete_with_library"), tree}).output);
+    requireGone(tree);
+    double seconds = 0;
+    unsigned signalCount = 0;
+    if (!(figures >> seconds >> signalCount)) {
+        fail("delete_with_library printed no figures");
+    }
+    if (signalCount != shape.files + 1) { // one for each file, and that of the end
+        fail("delete_with_library heard " + std::to_string(signalCount) + " signals");
+    }
+    return seconds;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const unsigned folders = argc == 5 ? std::strtoul(argv[2], nullptr, 10) : 0;
+    const unsigned files = argc == 5 ? std::strtoul(argv[3], nullptr, 10) : 0;
+    const unsigned rounds = argc == 5 ? std::strtoul(argv[4], nullptr, 10) : 0;
+    if (folders == 0 || files == 0 || rounds == 0) {
+        fail(std::string("usage: ") + argv[0] + " DIRECTORY FOLDERS FILES ROUNDS\n"
+             + "DIRECTORY is created, filled and removed again.");
+    }
+    const fs::path tree = argv[1];
+    const Shape shape = {folders, files};
+
+    Series rm;
+    Series library;
+    for (unsigned round = 0; round < rounds; ++round) {
+        // by turns, so that nobody always gains by its place
+        for (const bool isRm : {round % 2 == 0, round % 2 != 0}) {
+            isRm ? rm.add(deleteWithRm(tree, shape)) : library.add(deleteWithLibrary(tree, shape));
+        }
+    }
+
+    std::printf("### Deletion of %u files in %u folders\n\n%u rounds, everything cached, one "
+                "signal for each file\n\n",
+                files, folders, rounds);
+    Table table({"", "median s", "minimum s", "median / rm", "minimum / rm", "spread"});
+    const auto addRow = [&](const char *name, const Series &series) {
+        table.addRow({name, fixed(series.median(), 4), fixed(series.minimum(), 4),
+                      ratio(series.median(), rm.median()), ratio(series.minimum(), rm.minimum()),
+                      fixed(series.spread() * 100, 0) + " %"});
+    };
+    addRow("rm -rf", rm);
+    addRow("library", library);
+    table.print();
+    std::printf("\n");
+    printVerdict("deletion, median / rm -rf", library.median() / rm.median(), s_target, "");
+    std::printf("\n");
+    return EXIT_SUCCESS;
+}

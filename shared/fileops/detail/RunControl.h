@@ -1,0 +1,21 @@
+#pragma once
+
+namespace Tavro::Shared::detail {
+
+/** What a controller does to the runs of its worker besides loading. From any thread. */
+class RunControl
+{
+public:
+    virtual ~RunControl() = default;
+
+    /** Sets what is loaded aside for a run of its own, whatever is loaded before that begins. */
+    virtual void claimLoadedRequest() = 0;
+    /** Whether there is a run that has not begun. */
+    virtual bool hasClaimedRequest() const = 0;
+    /** Gives up the runs that have not begun. */
+    virtual void dropClaimedRequests() = 0;
+    /** Cancels all runs, because nobody is left to hear of them. */
+    virtual void abandonWork() = 0;
+};
+
+} // namespace Tavro::Shared::detail

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "shared/fileops/detail/ReportQueue.h"
+#include "shared/fileops/detail/RunControl.h"
+#include "shared/fileops/detail/WorkerThreadOwner.h"
+
+#include <memory>
+
+namespace Tavro::Shared::detail {
+
+/**
+ * A controller's worker, the thread that it works on, and the way by which its signals come back.
+ *
+ * Belongs to the controller and to its thread. Letting go of it does not wait: a run in progress
+ * is abandoned, and nothing of it is reported any more.
+ */
+template<typename Worker> class WorkerHandle
+{
+    Q_DISABLE_COPY(WorkerHandle)
+
+public:
+    explicit WorkerHandle(QObject *controller)
+        : m_worker(new Worker)
+        , m_thread(m_worker)
+        , m_reports(ReportQueue::create(controller))
+    {
+        QObject::connect(thread(), &QThread::started, m_worker, &Worker::doWork);
+        // direct: the next request may be waiting for the thread's end in the thread that would
+        // have to deliver a queued call
+        QObject::connect(m_worker, &Worker::finished, thread(), &QThread::quit,
+                         Qt::DirectConnection);
+    }
+    ~WorkerHandle()
+    {
+        m_reports->close();
+        runs().abandonWork();
+    }
+
+    Worker &worker() const { return *m_worker; }
+    RunControl &runs() const { return m_worker->runs(); }
+    QThread *thread() const { return m_thread.thread(); }
+    const std::shared_ptr<ReportQueue> &reports() const { return m_reports; }
+
+    /** Has @p receive(arguments...) called in the controller's thread for each @p signal. */
+    template<typename... Arguments, typename Receive>
+    void onReport(void (Worker::*signal)(Arguments...), Receive receive)
+    {
+        // the worker may outlive the controller: it reports into a queue that is closed by then
+        QObject::connect(
+            m_worker, signal, m_worker,
+            [reports = m_reports, receive](Arguments... arguments) {
+                reports->report([receive, arguments...] { receive(arguments...); });
+            },
+            Qt::DirectConnection);
+    }
+
+    /** Has @p receive() called there for each end of a run, without waiting for the next look. */
+    template<typename Receive> void onRunEnd(Receive receive)
+    {
+        reportUrgently(m_worker, &Worker::finished, receive);
+    }
+
+    /** The same when the thread has ended, or is about to in a few instructions. */
+    template<typename Receive> void onThreadEnd(Receive receive)
+    {
+        reportUrgently(thread(), &QThread::finished, receive);
+    }
+
+    /**
+     * Starts the next run; the last one must have ended. False when the system has no thread to
+     * give: no run is left then.
+     */
+    bool startThread()
+    {
+        thread()->start(QThread::InheritPriority);
+        const bool isStarted = thread()->isRunning() || thread()->isFinished();
+        if (!isStarted) {
+            runs().dropClaimedRequests();
+        }
+        return isStarted;
+    }
+
+private:
+    template<typename Sender, typename Signal, typename Receive>
+    void reportUrgently(Sender *sender, Signal signal, Receive receive)
+    {
+        QObject::connect(
+            sender, signal, m_worker,
+            [reports = m_reports, receive] { reports->reportUrgently(receive); },
+            Qt::DirectConnection);
+    }
+
+    Worker *m_worker; // owned by m_thread, lives in it
+    WorkerThreadOwner m_thread;
+    std::shared_ptr<ReportQueue> m_reports;
+};
+
+} // namespace Tavro::Shared::detail

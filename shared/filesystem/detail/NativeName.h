@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <array>
+
+namespace Tavro::Shared::detail {
+
+/** False for the name of an entry that is not UTF-8: no QString means it. */
+bool isAddressable(const char *name);
+
+/** True when the system takes @p path as it is: it would end at a NUL, and so mean another. */
+bool isNameable(const QString &path);
+
+/** What the system calls an entry of a folder; a plain name costs no allocation. */
+class NativeName
+{
+    Q_DISABLE_COPY(NativeName)
+
+public:
+    /** The name is @p path behind position @p begin. */
+    NativeName(const QString &path, int begin);
+
+    const char *get() const { return m_encoded.isNull() ? m_plain.data() : m_encoded.constData(); }
+
+private:
+    std::array<char, 256> m_plain; // as many bytes as a name may have, and a NUL
+    QByteArray m_encoded; // null when it stands in m_plain
+};
+
+} // namespace Tavro::Shared::detail

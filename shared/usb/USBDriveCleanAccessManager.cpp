@@ -1,0 +1,143 @@
+#include "shared/usb/USBDriveCleanAccessManager.h"
+
+#include "shared/usb/MountedUSBDeviceList.h"
+#include "shared/usb/detail/FileHandle.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+
+#include <unistd.h>
+
+namespace Tavro::Shared {
+
+namespace {
+
+constexpr char s_dirty = 1;
+constexpr char s_clean = 0;
+constexpr qint64 s_noDirtyByte = -1;
+
+// the tablet is a 32-bit machine, and drives are larger than 2 GiB
+static_assert(sizeof(off_t) == sizeof(qint64), "offsets must reach all of a drive");
+
+// of a drive that was pulled: opened to write, a file would take the place of its node
+bool isMissingNode(const QString &path)
+{
+    return QDir::cleanPath(path).startsWith(QLatin1String("/dev/"))
+        && ::access(QFile::encodeName(path).constData(), F_OK) != 0;
+}
+
+// sync() speaks of no error: a drive that fails now would count as marked
+bool reachesTheDevice(std::FILE *device)
+{
+    return ::fsync(::fileno(device)) == 0 || errno == EINVAL; // a device without a cache
+}
+
+} // namespace
+
+USBDriveCleanAccessManager::USBDriveCleanAccessManager(QObject *parent)
+    : QObject(parent)
+{
+}
+
+USBDriveCleanAccessManager::~USBDriveCleanAccessManager() = default;
+
+bool USBDriveCleanAccessManager::lock(const QString &mountPath)
+{
+    QList<mountItem> items = MountedUSBDeviceList::getUSBMountPaths().items;
+    if (items.isEmpty()) {
+        // a drive plugged in a moment ago may have got its node since
+        items = MountedUSBDeviceList::getUSBMountPaths().items;
+    }
+    if (items.isEmpty()) {
+        return false;
+    }
+    const auto item = std::find_if(items.cbegin(), items.cend(), [&](const mountItem &candidate) {
+        return mountPath.startsWith(candidate.mountPoint.absoluteFilePath());
+    });
+    if (item != items.cend()) {
+        m_device = item->device;
+        m_mountPoint = item->mountPoint;
+        m_fileSystemType = item->fileSystemType;
+    }
+    // the look may have unmounted it; where it is mounted, this fails and does no harm
+    MountedUSBDeviceList::mountUSB();
+    return !m_fileSystemType.isEmpty()
+        && setDirtyFlag(m_device.absoluteFilePath(), m_fileSystemType);
+}
+
+bool USBDriveCleanAccessManager::unlock()
+{
+    MountedUSBDeviceList::dismountUSB();
+    return !m_fileSystemType.isEmpty()
+        && clearDirtyFlag(m_device.absoluteFilePath(), m_fileSystemType);
+}
+
+bool USBDriveCleanAccessManager::setDirtyFlag(const QString &devicePath,
+                                              const QString &fileSystemType)
+{
+    return writeByteIntoDev(devicePath, getDirtyByteOffset(fileSystemType), s_dirty);
+}
+
+bool USBDriveCleanAccessManager::clearDirtyFlag(const QString &devicePath,
+                                                const QString &fileSystemType)
+{
+    return writeByteIntoDev(devicePath, getDirtyByteOffset(fileSystemType), s_clean);
+}
+
+bool USBDriveCleanAccessManager::writeByteIntoDev(const QString &devicePath, qint64 offset,
+                                                  char value)
+{
+    if (offset < 0 || isMissingNode(devicePath)) {
+        return false;
+    }
+    std::FILE *device = std::fopen(QFile::encodeName(devicePath).constData(), "wb");
+    if (!device) {
+        return false;
+    }
+    // buffered, a write that the device refuses would count as done
+    std::setvbuf(device, nullptr, _IONBF, 0);
+    const bool written = ::fseeko(device, offset, SEEK_SET) == 0
+        && std::fwrite(&value, sizeof value, 1, device) == 1 && reachesTheDevice(device);
+    const bool closed = std::fclose(device) == 0;
+    ::sync();
+    return written && closed;
+}
+
+char USBDriveCleanAccessManager::readByteFromDev(const QString &devicePath, qint64 offset)
+{
+    if (offset < 0) {
+        return 0;
+    }
+    const detail::FileHandle device = detail::openForReading(devicePath);
+    char value = 0;
+    if (!device || ::fseeko(device.get(), offset, SEEK_SET) != 0
+        || std::fread(&value, sizeof value, 1, device.get()) != 1) {
+        return 0;
+    }
+    return value;
+}
+
+qint64 getDirtyByteOffset(const QString &fileSystemType)
+{
+    static constexpr struct
+    {
+        const char *fileSystemType;
+        qint64 offset;
+    } table[] = {
+        {"fat12", 37},
+        {"fat16", 37},
+        {"fat32", 65},
+    };
+    for (const auto &row : table) {
+        if (fileSystemType == QLatin1String(row.fileSystemType)) {
+            return row.offset;
+        }
+    }
+    return s_noDirtyByte;
+}
+
+} // namespace Tavro::Shared

@@ -1,0 +1,98 @@
+#include "tests/fieldhost/TestDrive.h"
+
+#include "tests/support/FileTree.h"
+
+#include <QDir>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Test {
+
+namespace {
+
+constexpr int s_size = 64 * 1024;
+constexpr int s_dirtyByte = 65;
+
+const char s_node[] = "/dev/sda1";
+const QString s_mountPoint = QStringLiteral("/media/usbdrive");
+
+QByteArray bootSectorOf(const QByteArray &type)
+{
+    QByteArray sector(512, '\0');
+    if (type == "fat32") {
+        sector.replace(82, 8, "FAT32   ");
+    }
+    sector[510] = 0x55;
+    sector[511] = char(0xaa);
+    return sector;
+}
+
+} // namespace
+
+DriveProgram::DriveProgram()
+{
+    setProgram(QStringLiteral(OVO_FIELDHOST_ON_TEST_BED));
+}
+
+Outcome DriveProgram::run(const QStringList &arguments)
+{
+    DriveProgram program;
+    program.begin(arguments);
+    return program.end();
+}
+
+TestDrive::TestDrive(const QByteArray &type)
+    : m_type(type)
+{
+    const bool isFat = type == "fat32";
+    makeFile(image(), bootSectorOf(type) + QByteArray(s_size - 512, '\0'));
+    m_loop = std::make_unique<LoopDevice>(image());
+    PrivateMounts::makeBlockNode(QString::fromLatin1(s_node), m_loop->number());
+    PrivateMounts::setMountTable({});
+    if (!QDir().mkpath(s_mountPoint)) {
+        qFatal("cannot make the mount point");
+    }
+    commands.mountingSets(tableLine());
+    m_bed = std::make_unique<UdevTestBed>();
+    m_bed->addStick("sda", {{"sda1", isFat ? QByteArray("vfat") : type}});
+}
+
+TestDrive::~TestDrive()
+{
+    QDir(s_mountPoint).removeRecursively();
+    QFile::remove(QString::fromLatin1(s_node));
+}
+
+void TestDrive::mount()
+{
+    PrivateMounts::setMountTable(tableLine());
+}
+
+QByteArray TestDrive::tableLine() const
+{
+    return mounted(s_node, "/media/usbdrive", m_type == "fat32" ? QByteArray("vfat") : m_type);
+}
+
+char TestDrive::dirtyByte() const
+{
+    return contentOf(image()).at(s_dirtyByte);
+}
+
+void TestDrive::setDirtyByte(char value)
+{
+    QFile device(QString::fromLatin1(s_node));
+    if (!device.open(QIODevice::ReadWrite | QIODevice::Unbuffered) || !device.seek(s_dirtyByte)
+        || device.write(&value, 1) != 1 || ::fsync(device.handle()) != 0) {
+        qFatal("cannot write to the drive");
+    }
+}
+
+void TestDrive::giveAway()
+{
+    if (::chown(s_node, 1, 1) != 0 || ::chmod(s_node, 0600) != 0) {
+        qFatal("cannot give the drive away");
+    }
+}
+
+} // namespace Test

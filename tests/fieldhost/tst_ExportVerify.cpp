@@ -1,0 +1,112 @@
+#include "tests/fieldhost/Handshake.h"
+#include "tests/fieldhost/Program.h"
+#include "tests/support/FileTree.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace Test;
+
+namespace {
+
+enum Exit { Done = 0, Failed = 1 };
+
+} // namespace
+
+/** `ovo-fieldhost export --verify`. */
+class tst_ExportVerify : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void wholeCopyIsVerified_data();
+    void wholeCopyIsVerified();
+    void copyThatDiffersFailsAndGoes();
+    void withoutTheOptionNothingIsReadBack();
+
+private:
+    void spoilTheCopy();
+
+    std::unique_ptr<TemporaryFolder> m_folder;
+    QString m_source;
+    QString m_destination;
+};
+
+void tst_ExportVerify::init()
+{
+    m_folder = std::make_unique<TemporaryFolder>();
+    m_source = m_folder->filePath(QStringLiteral("source"));
+    m_destination = m_folder->filePath(QStringLiteral("destination"));
+    makeFile(m_source + QStringLiteral("/data.bin"), someBytes(100'000));
+    makeFile(m_source + QStringLiteral("/later.txt"));
+}
+
+// as bad memory of a stick would: the size stays
+void tst_ExportVerify::spoilTheCopy()
+{
+    QFile copy(m_destination + QStringLiteral("/source/data.bin"));
+    QVERIFY(copy.open(QIODevice::ReadWrite));
+    QVERIFY(copy.seek(50'000));
+    char byte = 0;
+    QVERIFY(copy.getChar(&byte));
+    QVERIFY(copy.seek(50'000));
+    QVERIFY(copy.putChar(static_cast<char>(~byte)));
+}
+
+void tst_ExportVerify::wholeCopyIsVerified_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("folder") << QStringLiteral("source");
+    QTest::newRow("contents of a folder") << QStringLiteral("source/");
+    QTest::newRow("single file") << QStringLiteral("source/data.bin");
+}
+
+void tst_ExportVerify::wholeCopyIsVerified()
+{
+    QFETCH(QString, name);
+    const Outcome outcome =
+        Program::run({QStringLiteral("export"), QStringLiteral("--verify"),
+                      m_folder->path() + QLatin1Char('/') + name, m_destination});
+    QCOMPARE(outcome.exitCode, int(Done));
+    QVERIFY(
+        outcome.output.contains(QLatin1String("\nVerified: every copy equals its source\nDone: ")));
+    QCOMPARE(outcome.errors, QString());
+}
+
+void tst_ExportVerify::copyThatDiffersFailsAndGoes()
+{
+    Handshake handshake;
+    Program program;
+    program.begin({QStringLiteral("export"), QStringLiteral("--verify"), m_source, m_destination});
+    QVERIFY(handshake.waitUntilHeld());
+    spoilTheCopy();
+    handshake.letGo();
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QVERIFY(!outcome.output.contains(QLatin1String("Verified")));
+    QVERIFY(!outcome.output.contains(QLatin1String("Done")));
+    QCOMPARE(outcome.errors,
+             QStringLiteral("Failed: The copy of \"%1/data.bin\" is not good: its copy differs "
+                            "from it.\nNothing was left in the destination.\n")
+                 .arg(m_source));
+    QVERIFY(!QFile::exists(m_destination));
+}
+
+void tst_ExportVerify::withoutTheOptionNothingIsReadBack()
+{
+    Handshake handshake;
+    Program program;
+    program.begin({QStringLiteral("export"), m_source, m_destination});
+    QVERIFY(handshake.waitUntilHeld());
+    spoilTheCopy();
+    handshake.letGo();
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.exitCode, int(Done));
+    QVERIFY(!outcome.output.contains(QLatin1String("Verified")));
+}
+
+QTEST_GUILESS_MAIN(tst_ExportVerify)
+
+#include "tst_ExportVerify.moc"

@@ -1,0 +1,287 @@
+#include "shared/usb/MountedUSBDeviceList.h"
+#include "shared/usb/USBDriveCleanAccessManager.h"
+#include "tests/support/FileTree.h"
+#include "tests/support/LoopDevice.h"
+#include "tests/support/UdevTestBed.h"
+#include "tests/usb/UsbTest.h"
+
+#include <QDir>
+#include <QMap>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <memory>
+
+using namespace Test;
+using Tavro::Shared::MountedUSBDeviceList;
+using Tavro::Shared::mountPathsStruct;
+using Tavro::Shared::USBDriveCleanAccessManager;
+
+namespace {
+
+const QString s_partition = QStringLiteral("/dev/sda1");
+const QString s_drive = QStringLiteral("/media/usbdrive");
+const QByteArray s_mountPoint = QByteArrayLiteral("/media/usbdrive");
+
+constexpr qint64 s_mebibyte = 1024LL * 1024;
+
+/** Runs a tool to its end; its exit code, and what it said. */
+int run(const QString &program, const QStringList &arguments, QByteArray *output = nullptr)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments);
+    if (!process.waitForFinished(60'000)) {
+        return -1;
+    }
+    const QByteArray text = process.readAll();
+    if (output) {
+        *output = text;
+    }
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+}
+
+/** Offsets at which two images of the same size differ. */
+QList<int> differences(const QByteArray &a, const QByteArray &b)
+{
+    QList<int> offsets;
+    auto found = std::mismatch(a.begin(), a.end(), b.begin());
+    while (found.first != a.end()) {
+        offsets.append(int(std::distance(a.begin(), found.first)));
+        found = std::mismatch(found.first + 1, a.end(), found.second + 1);
+    }
+    return offsets;
+}
+
+} // namespace
+
+/** Volumes made by the tools that make them everywhere, on loop devices. */
+class tst_RealVolumes : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void fatIsMarkedAndCleaned_data();
+    void fatIsMarkedAndCleaned();
+    void fatOfOtherSizesHasNoType_data();
+    void fatOfOtherSizesHasNoType();
+    void exfatStaysAsItIs();
+    void aDriveIsMountedAndUnmountedForReal();
+
+private:
+    bool makeVolume(qint64 size, const QString &program, const QStringList &options);
+    void attach(const QByteArray &udevType, const QByteArray &tableType);
+    static int checked(QByteArray *verdict = nullptr);
+
+    QMap<QString, QString> m_systemCommands;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_image;
+    std::unique_ptr<LoopDevice> m_loop;
+    std::unique_ptr<UsbCommands> m_commands;
+    std::unique_ptr<UdevTestBed> m_bed;
+};
+
+void tst_RealVolumes::initTestCase()
+{
+    SKIP_WITHOUT_PRIVATE_MOUNTS();
+    // the tools that make file systems are not on every user's PATH
+    qputenv("PATH", qgetenv("PATH") + ":/usr/sbin:/sbin");
+    for (const char *name : {"mount", "umount"}) {
+        const QString command = QLatin1String(name);
+        m_systemCommands.insert(command, QStandardPaths::findExecutable(command));
+    }
+}
+
+void tst_RealVolumes::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_image = m_folder->filePath(QStringLiteral("image"));
+    PrivateMounts::setMountTable({});
+    QVERIFY(QDir().mkpath(s_drive));
+}
+
+void tst_RealVolumes::cleanup()
+{
+    m_bed.reset();
+    m_commands.reset();
+    QVERIFY(QDir().rmdir(s_drive));
+    QFile::remove(s_partition);
+    m_loop.reset();
+    m_folder.reset();
+}
+
+bool tst_RealVolumes::makeVolume(qint64 size, const QString &program, const QStringList &options)
+{
+    QFile image(m_image);
+    return image.open(QIODevice::WriteOnly) && image.resize(size)
+        && run(program, options + QStringList(m_image)) == 0;
+}
+
+// as /dev/sda1; the loop device comes before the test bed, which would answer for it
+void tst_RealVolumes::attach(const QByteArray &udevType, const QByteArray &tableType)
+{
+    m_loop = std::make_unique<LoopDevice>(m_image);
+    PrivateMounts::makeBlockNode(s_partition, m_loop->number());
+    m_commands = std::make_unique<UsbCommands>();
+    m_commands->mountingSets(mounted("/dev/sda1", s_mountPoint, tableType));
+    m_bed = std::make_unique<UdevTestBed>();
+    m_bed->addStick("sda", {{"sda1", udevType}});
+}
+
+// 0 for clean, 1 for dirty, by the tool that every system has
+int tst_RealVolumes::checked(QByteArray *verdict)
+{
+    return run(QStringLiteral("fsck.fat"), {QStringLiteral("-n"), s_partition}, verdict);
+}
+
+void tst_RealVolumes::fatIsMarkedAndCleaned_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<QString>("fatBits");
+    QTest::addColumn<QString>("type"); // by the number of sectors per FAT
+    QTest::addColumn<int>("offset");
+
+    QTest::newRow("FAT32") << 40 * s_mebibyte << QStringLiteral("32") << QStringLiteral("fat32")
+                           << 65;
+    QTest::newRow("FAT16 with 256 sectors per FAT, which is called fat12")
+        << qint64(66000) * 512 << QStringLiteral("16") << QStringLiteral("fat12") << 37;
+}
+
+void tst_RealVolumes::fatIsMarkedAndCleaned()
+{
+    QFETCH(qint64, size);
+    QFETCH(QString, fatBits);
+    QFETCH(QString, type);
+    QFETCH(int, offset);
+    QVERIFY(makeVolume(size, QStringLiteral("mkfs.fat"),
+                       {QStringLiteral("-F"), fatBits, QStringLiteral("-s"), QStringLiteral("1")}));
+    attach("vfat", "vfat");
+    QCOMPARE(MountedUSBDeviceList::getFatSubtype(s_partition), type);
+    const QByteArray clean = contentOf(m_image);
+    QCOMPARE(clean.size(), int(size));
+    QCOMPARE(checked(), 0);
+
+    USBDriveCleanAccessManager manager;
+    QVERIFY(manager.lock(s_drive));
+    const QByteArray locked = contentOf(m_image);
+    QCOMPARE(differences(clean, locked), QList<int>{offset});
+    QCOMPARE(locked.at(offset), '\1');
+    QByteArray verdict;
+    QCOMPARE(checked(&verdict), 1);
+    QVERIFY2(verdict.contains("Dirty bit is set"), verdict.constData());
+
+    QVERIFY(manager.unlock());
+    QVERIFY(contentOf(m_image) == clean);
+    QCOMPARE(checked(&verdict), 0);
+    QVERIFY2(!verdict.contains("Dirty"), verdict.constData());
+}
+
+void tst_RealVolumes::fatOfOtherSizesHasNoType_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<QString>("fatBits");
+
+    QTest::newRow("FAT12") << 2 * s_mebibyte << QStringLiteral("12");
+    QTest::newRow("FAT16 with 64 sectors per FAT") << 32 * s_mebibyte << QStringLiteral("16");
+}
+
+void tst_RealVolumes::fatOfOtherSizesHasNoType()
+{
+    QFETCH(qint64, size);
+    QFETCH(QString, fatBits);
+    QVERIFY(makeVolume(size, QStringLiteral("mkfs.fat"), {QStringLiteral("-F"), fatBits}));
+    attach("vfat", "vfat");
+    const QByteArray before = contentOf(m_image);
+    QCOMPARE(MountedUSBDeviceList::getFatSubtype(s_partition), QString());
+    USBDriveCleanAccessManager manager;
+    QVERIFY(!manager.lock(s_drive));
+    QVERIFY(!manager.unlock());
+    QVERIFY(contentOf(m_image) == before);
+
+    // the place of the byte is right all the same for who knows the type
+    const QString type = QStringLiteral("fat") + fatBits;
+    QVERIFY(USBDriveCleanAccessManager::setDirtyFlag(s_partition, type));
+    QCOMPARE(differences(before, contentOf(m_image)), QList<int>{37});
+    QCOMPARE(checked(), 1);
+    QVERIFY(USBDriveCleanAccessManager::clearDirtyFlag(s_partition, type));
+    QCOMPARE(checked(), 0);
+    QVERIFY(contentOf(m_image) == before);
+}
+
+void tst_RealVolumes::exfatStaysAsItIs()
+{
+    QVERIFY(makeVolume(8 * s_mebibyte, QStringLiteral("mkfs.exfat"), {}));
+    attach("exfat", "exfat");
+    const QByteArray before = contentOf(m_image);
+    // its boot sector has a 0 there: only who knows that a volume is FAT may ask
+    QCOMPARE(MountedUSBDeviceList::getFatSubtype(s_partition), QStringLiteral("fat32"));
+    const mountPathsStruct paths = MountedUSBDeviceList::getUSBMountPaths();
+    QCOMPARE(paths.items.value(0).fileSystemType, QStringLiteral("exfat"));
+    QVERIFY(paths.supported);
+
+    USBDriveCleanAccessManager manager;
+    QVERIFY(!manager.lock(s_drive));
+    QVERIFY(!PrivateMounts::mountTable().isEmpty()); // mounted all the same
+    QVERIFY(!manager.unlock());
+    QVERIFY(PrivateMounts::mountTable().isEmpty());
+    QVERIFY(contentOf(m_image) == before);
+    QCOMPARE(run(QStringLiteral("fsck.exfat"), {QStringLiteral("-n"), s_partition}), 0);
+}
+
+// the system's own commands, fstab and mount table; only "usleep", which Debian lacks, is a fake
+void tst_RealVolumes::aDriveIsMountedAndUnmountedForReal()
+{
+    QVERIFY(makeVolume(16 * s_mebibyte, QStringLiteral("mkfs.ext4"), {QStringLiteral("-q")}));
+    attach("ext4", "ext4");
+    FakeCommands commands;
+    for (const char *name : {"mount", "umount"}) {
+        commands.addProgram(QLatin1String(name), m_systemCommands.value(QLatin1String(name)));
+    }
+    commands.add(QStringLiteral("usleep"));
+    PrivateMounts::useSystemMountTable();
+    PrivateMounts::setFstab("/dev/sda1 /media/usbdrive ext4 noauto 0 0\n");
+
+    const QVariantList root = MountedUSBDeviceList::getUSBMountPathRoot();
+    QCOMPARE(root, (QVariantList{s_drive, false})); // ext4 is no supported type
+    QVERIFY(!MountedUSBDeviceList::isUSBMounted());
+
+    USBDriveCleanAccessManager manager;
+    QVERIFY(!manager.lock(s_drive + QStringLiteral("/project"))); // nor has it a dirty byte
+    QVERIFY(MountedUSBDeviceList::isUSBMounted());
+    const mountPathsStruct paths = MountedUSBDeviceList::getUSBMountPaths();
+    QCOMPARE(paths.items.size(), 1);
+    QCOMPARE(paths.items.first().device.filePath(), s_partition);
+    QCOMPARE(paths.items.first().fileSystemType, QStringLiteral("ext4"));
+    makeFile(s_drive + QStringLiteral("/project/data"), "written");
+
+    // a mounted partition can be written to raw; this byte means nothing to ext4
+    QVERIFY(USBDriveCleanAccessManager::writeByteIntoDev(s_partition, 65, 1));
+    QCOMPARE(USBDriveCleanAccessManager::readByteFromDev(s_partition, 65), '\1');
+    QVERIFY(USBDriveCleanAccessManager::writeByteIntoDev(s_partition, 65, 0));
+
+    // somebody works on the drive until the first attempt to unmount it has failed
+    QProcess user;
+    user.setWorkingDirectory(s_drive);
+    user.start(QStringLiteral("/bin/cat"), {});
+    QVERIFY(user.waitForStarted());
+    commands.add(QStringLiteral("usleep"),
+                 "kill -KILL " + QByteArray::number(user.processId()) + " 2>/dev/null");
+    manager.unlock();
+    QVERIFY(!MountedUSBDeviceList::isUSBMounted());
+    QVERIFY(commands.journal().contains(QStringLiteral("usleep 500")));
+    QVERIFY(user.waitForFinished());
+    QVERIFY(!QFile::exists(s_drive + QStringLiteral("/project")));
+
+    QVERIFY(!manager.lock(s_drive));
+    QCOMPARE(contentOf(s_drive + QStringLiteral("/project/data")), QByteArray("written"));
+    QVERIFY(!manager.unlock());
+}
+
+USB_TEST_MAIN(tst_RealVolumes)
+#include "tst_RealVolumes.moc"
