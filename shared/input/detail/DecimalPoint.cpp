@@ -10,8 +10,12 @@ namespace Tavro::Shared::detail {
 void useCurrentDecimalPoint(QString &number)
 {
     const QChar point = CLocaleSupport::getCurrentLocale().decimalPoint();
-    number.replace(QLatin1Char('.'), point);
-    number.replace(QLatin1Char(','), point);
+    for (const QChar separator : {QLatin1Char('.'), QLatin1Char(',')}) {
+        // putting a sign in its own place would copy the text
+        if (separator != point) {
+            number.replace(separator, point);
+        }
+    }
 }
 
 } // namespace Tavro::Shared::detail
