@@ -41,7 +41,7 @@ AppLogic::PanTiltProvider *FieldApplication::panTiltProvider() const
 Database::CDomainObjectPointer FieldApplication::createObservation()
 {
     Database::CDomainObjectPointer observation(new Database::CPipeObservationObject);
-    Q_EMIT m_state.observationCreated(observation);
+    Q_EMIT state().observationCreated(observation);
     return observation;
 }
 

@@ -30,7 +30,7 @@ public:
     /** What CApplicationSettings::instance() answers. */
     FieldSettings &settings() { return m_settings; }
     /** What AppState::instance() answers. */
-    AppState &state() { return m_state; }
+    virtual AppState &state() { return m_state; }
     /** The crawler with its camera and recorder. */
     SimulatedCrawler &crawler() { return m_crawler; }
 

@@ -157,15 +157,21 @@ AppLogic::PanTiltProvider *RecordingHost::panTiltProvider() const
     return m_camera.get();
 }
 
+void ObservedState::connectNotify(const QMetaMethod &signal)
+{
+    Q_UNUSED(signal)
+    ++m_listeners; // it has one signal worth listening to
+}
+
+void ObservedState::disconnectNotify(const QMetaMethod &signal)
+{
+    Q_UNUSED(signal)
+    --m_listeners;
+}
+
 bool isObservationConnected()
 {
-    // protected, but a question that changes nothing
-    struct Asking : AppState
-    {
-        static auto question() { return &Asking::isSignalConnected; }
-    };
-    return (AppState::instance()->*Asking::question())(
-        QMetaMethod::fromSignal(&AppState::observationCreated));
+    return static_cast<ObservedState *>(AppState::instance())->isListenedTo();
 }
 
 QByteArrayList valuesIn(const QString &path)

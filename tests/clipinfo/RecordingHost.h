@@ -76,6 +76,25 @@ private:
 };
 
 /**
+ * The host's state, which knows whether anybody listens to its observations.
+ *
+ * QObject::isSignalConnected() could be asked, but not in a disconnectNotify(): a receiver that is
+ * being destroyed calls that with one of Qt's mutexes held, and it may be the one that is needed.
+ */
+class ObservedState : public Tavro::AppState
+{
+public:
+    bool isListenedTo() const { return m_listeners > 0; }
+
+protected:
+    void connectNotify(const QMetaMethod &signal) override;
+    void disconnectNotify(const QMetaMethod &signal) override;
+
+private:
+    int m_listeners = 0;
+};
+
+/**
  * A host that writes down, in order, what is connected to it, disconnected from it and asked of it.
  *
  * A video is being created for an item, the recorder is idle.
@@ -89,6 +108,7 @@ public:
     Tavro::AppLogic::CDistanceCounter *sectionDistanceCounter() const override;
     Tavro::AppLogic::PanTiltProvider *panTiltProvider() const override;
 
+    Tavro::AppState &state() override { return m_state; }
     Tavro::FieldHost::SimulatedDistanceCounter &counter() { return *m_counter; }
     Tavro::FieldHost::SimulatedPanTilt &camera() { return *m_camera; }
     FreeRecorder &recorder() { return m_recorder; }
@@ -101,6 +121,7 @@ public:
     QString path(const QString &name) const { return m_folder.filePath(name); }
 
 private:
+    ObservedState m_state; // first: the others' journal asks it to their end
     TemporaryFolder m_folder;
     FreeRecorder m_recorder;
     FreeVideoCreation m_creation;
@@ -108,7 +129,7 @@ private:
     std::unique_ptr<Tavro::FieldHost::SimulatedPanTilt> m_camera;
 };
 
-/** Whether anybody listens to the observations of the host that lives. */
+/** Whether anybody listens to the observations of the RecordingHost that lives. */
 bool isObservationConnected();
 
 /** The lines of a file that begin with "Val". */
