@@ -130,7 +130,10 @@ private:
     void copyTrees(detail::CopyRequest &request);
     bool copyTree(detail::CopyRequest &request, const CFileCopyData &job);
     void copySingleFile(detail::CopyRequest &request);
-    enum class Source { Unknown, FoundByWalk };
+    enum class Source {
+        Unknown, /**< it may be anything */
+        FoundByWalk, /**< the walk has told files from the rest */
+    };
     int copyFile(detail::CopyRequest &request, const QString &sourcePath,
                  const QString &destinationPath, Source kind);
     int copyChunks(detail::CopyRequest &request, detail::FileDescriptor &source,
