@@ -1,4 +1,5 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
@@ -33,13 +34,6 @@ Exit codes:
   1  failed: a command could not set its clock; the message says which
   2  the command line was not understood)";
 
-int usageError(Console &console, const QString &reason)
-{
-    console.printError(reason);
-    console.printError(QStringLiteral("Try: ovo-fieldhost clock --help"));
-    return ExitUsage;
-}
-
 QString clockText()
 {
     const OsSettings &settings = *OsSettings::instance();
@@ -72,7 +66,7 @@ int setDate(Console &console, const QString &text)
     const QDate date = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
     if (!date.isValid()) {
         return usageError(
-            console,
+            console, "clock",
             QStringLiteral("%1 is no date. One reads as 2026-11-21 does.").arg(quoted(text)));
     }
     return set(console, date, &OsSettings::setDate, &OsSettings::dateChanged);
@@ -85,7 +79,7 @@ int setTime(Console &console, const QString &text)
         time = QTime::fromString(text, QStringLiteral("hh:mm"));
     }
     if (!time.isValid()) {
-        return usageError(console,
+        return usageError(console, "clock",
                           QStringLiteral("%1 is no time of day. One reads as 13:05 or 13:05:30 do.")
                               .arg(quoted(text)));
     }
@@ -122,16 +116,17 @@ int runAction(Console &console, const QStringList &words)
         }
         const int wanted = action.value ? 2 : 1;
         if (words.size() > wanted) {
-            return usageError(console,
+            return usageError(console, "clock",
                               QStringLiteral("%1 is too much.").arg(quoted(words.at(wanted))));
         }
         if (action.value && words.size() < wanted) {
             return usageError(
-                console, QStringLiteral("The %1 is missing.").arg(QLatin1String(action.value)));
+                console, "clock",
+                QStringLiteral("The %1 is missing.").arg(QLatin1String(action.value)));
         }
         return action.run(console, words.value(1));
     }
-    return usageError(console,
+    return usageError(console, "clock",
                       QStringLiteral("The clock cannot %1. The nearest it can is \"%2\".")
                           .arg(quoted(name), nearest(name, names)));
 }
@@ -140,18 +135,8 @@ int runClock(const QStringList &arguments)
 {
     Console console;
     QCommandLineParser parser;
-    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
-    parser.addOption(help);
-
-    QStringList typed = arguments;
-    typed.removeAt(1); // the command's own name
-    const bool understood = parser.parse(typed);
-    if (understood && parser.isSet(help)) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
-    }
-    if (!understood) {
-        return usageError(console, parser.errorText());
+    if (const auto answered = parseCommandLine(parser, console, "clock", s_helpText, arguments)) {
+        return *answered;
     }
     return runAction(console, parser.positionalArguments());
 }

@@ -1,10 +1,10 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/KeyInput.h"
 #include "fieldhost/cli/SignalWatcher.h"
 #include "fieldhost/cli/Text.h"
-#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/export/ExportPlan.h"
 #include "fieldhost/cli/export/ExportRun.h"
 #include "fieldhost/cli/usb/DriveAccess.h"
@@ -83,22 +83,13 @@ int runExport(const QStringList &arguments)
 {
     Console console;
     QCommandLineParser parser;
-    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
     const QCommandLineOption intoExisting(QStringLiteral("into-existing"));
-    parser.addOption(help);
     parser.addOption(intoExisting);
     const QCommandLineOption verify(QStringLiteral("verify"));
     parser.addOption(verify);
 
-    QStringList typed = arguments;
-    typed.removeAt(1); // the command's own name
-    const bool understood = parser.parse(typed);
-    if (understood && parser.isSet(help)) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
-    }
-    if (!understood) {
-        return usageError(console, "export", parser.errorText());
+    if (const auto answered = parseCommandLine(parser, console, "export", s_helpText, arguments)) {
+        return *answered;
     }
     QStringList sources = parser.positionalArguments();
     if (sources.size() < 2) {

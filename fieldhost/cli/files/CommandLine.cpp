@@ -1,8 +1,6 @@
 #include "fieldhost/cli/files/CommandLine.h"
 
-#include "fieldhost/cli/Console.h"
-#include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/UsageError.h"
+#include "fieldhost/cli/CommandParsing.h"
 
 namespace Tavro::FieldHost {
 
@@ -11,8 +9,6 @@ CommandLine::CommandLine(Console &console, const char *name, const char *help)
     , m_name(name)
     , m_help(help)
 {
-    m_parser.addOption(
-        QCommandLineOption(QStringList{QStringLiteral("h"), QStringLiteral("help")}));
 }
 
 void CommandLine::addSwitch(const QString &name)
@@ -28,15 +24,8 @@ void CommandLine::addOption(const QString &name)
 std::optional<int> CommandLine::parse(const QStringList &arguments, const char *what, int least,
                                       int most)
 {
-    QStringList typed = arguments;
-    typed.removeAt(1); // the command's own name
-    const bool isUnderstood = m_parser.parse(typed);
-    if (isUnderstood && m_parser.isSet(QStringLiteral("help"))) {
-        m_console.print(QString::fromUtf8(m_help));
-        return ExitDone;
-    }
-    if (!isUnderstood) {
-        return refuse(m_parser.errorText());
+    if (const auto answered = parseCommandLine(m_parser, m_console, m_name, m_help, arguments)) {
+        return answered;
     }
     const QStringList given = this->arguments();
     if (given.size() < least) {

@@ -1,9 +1,9 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
 #include "fieldhost/cli/Text.h"
-#include "fieldhost/cli/UsageError.h"
 #include "shared/locale/CLocaleSupport.h"
 #include "shared/locale/LengthUnitsConverter.h"
 

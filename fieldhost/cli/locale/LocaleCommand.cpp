@@ -1,9 +1,9 @@
 #include "fieldhost/catalog/CatalogFiles.h"
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Text.h"
-#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/locale/Codes.h"
 #include "fieldhost/cli/locale/LocaleOverview.h"
 #include "fieldhost/cli/locale/Table.h"
@@ -269,7 +269,6 @@ int runLocale(const QStringList &arguments)
 {
     Console console;
     QCommandLineParser parser;
-    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
     const auto optionWithValue = [](const char *name) {
         return QCommandLineOption(QLatin1String(name), QString(), QStringLiteral("value"));
     };
@@ -277,21 +276,14 @@ int runLocale(const QStringList &arguments)
     const QCommandLineOption country = optionWithValue("country");
     const QCommandLineOption language = optionWithValue("language");
     const QCommandLineOption device = optionWithValue("device");
-    parser.addOptions({help, catalog, country, language, device});
+    parser.addOptions({catalog, country, language, device});
 
-    QStringList typed = arguments;
-    typed.removeAt(1); // the command's own name
-    const bool understood = parser.parse(typed);
-    if (understood && parser.isSet(help)) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
+    if (const auto answered = parseCommandLine(parser, console, "locale", s_helpText, arguments)) {
+        return *answered;
     }
     const auto refuse = [&console](const QString &reason) {
         return usageError(console, "locale", reason);
     };
-    if (!understood) {
-        return refuse(parser.errorText());
-    }
     if (!parser.positionalArguments().isEmpty()) {
         return refuse(QStringLiteral("%1 belongs to no option.")
                           .arg(quoted(parser.positionalArguments().constFirst())));

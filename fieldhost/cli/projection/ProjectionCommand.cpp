@@ -1,4 +1,5 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Text.h"
@@ -40,13 +41,6 @@ const Projection s_projections[] = {
     {"3", &GeoProjectorSettings::getValidPseudoMercatorWKT_2},
 };
 
-int usageError(Console &console, const QString &reason)
-{
-    console.printError(reason);
-    console.printError(QStringLiteral("Try: ovo-fieldhost projection --help"));
-    return ExitUsage;
-}
-
 void showAll(Console &console)
 {
     for (const Projection &projection : s_projections) {
@@ -61,22 +55,14 @@ int runProjection(const QStringList &arguments)
 {
     Console console;
     QCommandLineParser parser;
-    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
-    parser.addOption(help);
-
-    QStringList typed = arguments;
-    typed.removeAt(1); // the command's own name
-    const bool understood = parser.parse(typed);
-    if (understood && parser.isSet(help)) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
-    }
-    if (!understood) {
-        return usageError(console, parser.errorText());
+    if (const auto answered =
+            parseCommandLine(parser, console, "projection", s_helpText, arguments)) {
+        return *answered;
     }
     const QStringList words = parser.positionalArguments();
     if (words.size() > 1) {
-        return usageError(console, QStringLiteral("%1 is too much.").arg(quoted(words.at(1))));
+        return usageError(console, "projection",
+                          QStringLiteral("%1 is too much.").arg(quoted(words.at(1))));
     }
     if (words.isEmpty()) {
         showAll(console);
@@ -88,7 +74,7 @@ int runProjection(const QStringList &arguments)
             return ExitDone;
         }
     }
-    return usageError(console,
+    return usageError(console, "projection",
                       QStringLiteral("There is no projection %1, only 1, 2 and 3.")
                           .arg(quoted(words.constFirst())));
 }

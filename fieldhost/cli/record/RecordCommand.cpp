@@ -1,9 +1,9 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/SignalWatcher.h"
 #include "fieldhost/cli/Text.h"
-#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/record/RecordPlan.h"
 #include "fieldhost/cli/record/RecordRun.h"
 #include "fieldhost/services/FieldApplication.h"
@@ -138,21 +138,12 @@ int runRecord(const QStringList &arguments)
 
     Console console;
     QCommandLineParser parser;
-    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
-    parser.addOption(help);
     for (const QString &name : {durationName, speedName, pauseName, observeName, unitName}) {
         parser.addOption({name, QString(), QStringLiteral("VALUE")});
     }
 
-    QStringList typed = arguments;
-    typed.removeAt(1); // the command's own name
-    const bool understood = parser.parse(typed);
-    if (understood && parser.isSet(help)) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
-    }
-    if (!understood) {
-        return usageError(console, "record", parser.errorText());
+    if (const auto answered = parseCommandLine(parser, console, "record", s_helpText, arguments)) {
+        return *answered;
     }
     const QStringList clips = parser.positionalArguments();
     if (clips.size() != 1 || clips.first().isEmpty()) {

@@ -1,8 +1,8 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Text.h"
-#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/trace/PictureChart.h"
 #include "fieldhost/cli/trace/TextChart.h"
 #include "shared/clipinfo/ClipInfoHandler.h"
@@ -67,20 +67,11 @@ int runTrace(const QStringList &arguments)
 {
     Console console;
     QCommandLineParser parser;
-    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
     const QCommandLineOption png(QStringLiteral("png"), QString(), QStringLiteral("FILE"));
-    parser.addOption(help);
     parser.addOption(png);
 
-    QStringList typed = arguments;
-    typed.removeAt(1); // the command's own name
-    const bool understood = parser.parse(typed);
-    if (understood && parser.isSet(help)) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
-    }
-    if (!understood) {
-        return usageError(console, "trace", parser.errorText());
+    if (const auto answered = parseCommandLine(parser, console, "trace", s_helpText, arguments)) {
+        return *answered;
     }
     const QStringList clips = parser.positionalArguments();
     if (clips.size() != 1 || clips.first().isEmpty()) {

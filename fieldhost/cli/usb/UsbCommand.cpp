@@ -1,10 +1,10 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
 #include "fieldhost/cli/Paths.h"
 #include "fieldhost/cli/Text.h"
-#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/usb/FatVolume.h"
 #include "fieldhost/cli/usb/UsbDrive.h"
 #include "shared/usb/USBDriveCleanAccessManager.h"
@@ -277,20 +277,12 @@ int runUsb(const QStringList &arguments)
 {
     Console console;
     QCommandLineParser parser;
-    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
     const QCommandLineOption dryRun(QStringLiteral("dry-run"));
-    parser.addOption(help);
     parser.addOption(dryRun);
 
-    QStringList typed = arguments;
-    typed.removeAt(1); // the command's own name
-    const bool understood = parser.parse(typed);
-    if (understood && parser.isSet(help)) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
-    }
-    if (!understood) {
-        return usageError(console, usbCommand.name, parser.errorText());
+    if (const auto answered =
+            parseCommandLine(parser, console, usbCommand.name, s_helpText, arguments)) {
+        return *answered;
     }
     QStringList words = parser.positionalArguments();
     const QString name = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();

@@ -1,8 +1,8 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Text.h"
-#include "fieldhost/cli/UsageError.h"
 #include "fieldhost/cli/validate/RuleText.h"
 #include "shared/input/TextValidator.h"
 #include "shared/input/Validator.h"
@@ -129,22 +129,14 @@ int runValidate(const QStringList &arguments)
 {
     Console console;
     QCommandLineParser parser;
-    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
     const QCommandLineOption isFinal(QStringLiteral("final"));
     const QCommandLineOption rules(QStringLiteral("rule"), QString(), QStringLiteral("RULE"));
-    parser.addOption(help);
     parser.addOption(isFinal);
     parser.addOption(rules);
 
-    QStringList typed = arguments;
-    typed.removeAt(1); // the command's own name
-    const bool understood = parser.parse(typed);
-    if (understood && parser.isSet(help)) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
-    }
-    if (!understood) {
-        return usageError(console, "validate", parser.errorText());
+    if (const auto answered =
+            parseCommandLine(parser, console, "validate", s_helpText, arguments)) {
+        return *answered;
     }
     if (!parser.isSet(rules)) {
         return usageError(console, "validate", QStringLiteral("A --rule is missing."));
