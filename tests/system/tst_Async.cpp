@@ -450,6 +450,7 @@ void tst_Async::discardedTasksAreDeletedEitherWay()
     m_async->startTask(task("3"));
     QCOMPARE(m_journal->lines(), list({"1 runs", "2 deleted"}));
     m_letGo->release();
+    waitUntilIdle(m_async); // else the end may come before the third, which then is nobody's
 }
 
 void tst_Async::unknownModeLeavesTheTaskAlone()
@@ -639,6 +640,8 @@ void tst_Async::waitDoneDoesNotWaitForTheQueue()
         m_async->startTask(heldTask("always one more")); // than are let go
         m_letGo->release();
     }));
+    m_letGo->release(1000);
+    waitUntilIdle(m_async);
 }
 
 void tst_Async::waitDoneWakesEverybody()
