@@ -104,8 +104,12 @@ void compareVariants(MicroBenchmark &page, const QLocale &locale)
 void compareFormats(MicroBenchmark &page, const QLocale &locale)
 {
     page.compare(
-        "date format", &CLocaleSupport::getDateFormat, "dateFormat()",
-        [=] { return locale.dateFormat(QLocale::ShortFormat); }, s_target);
+        "date format", &CLocaleSupport::getDateFormat, "dateFormat(), replace()",
+        [=] {
+            return locale.dateFormat(QLocale::ShortFormat)
+                .replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+        },
+        s_target);
     page.compare(
         "time format", &CLocaleSupport::getTimeFormat, "timeFormat()",
         [=] { return locale.timeFormat(QLocale::LongFormat); }, s_target);

@@ -121,8 +121,11 @@ QString CLocaleSupport::catalogTemplateColumnUnit(const QString &columnKey)
 QString CLocaleSupport::getDateFormat()
 {
     QString format = currentLocale().dateFormat(QLocale::ShortFormat);
+    const QStringView twoDigits(u"yy");
     if (format.indexOf(QStringView(u"yyyy")) < 0) {
-        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+        for (int i = format.indexOf(twoDigits); i >= 0; i = format.indexOf(twoDigits, i + 4)) {
+            format.insert(i, QLatin1String("yy")); // QString::replace() takes twice as long
+        }
     }
     return format;
 }
@@ -174,15 +177,15 @@ QString CLocaleSupport::variantToLocalizedString(const QVariant &value, const QS
     const QLocale &locale = currentLocale();
     switch (value.userType()) {
     case QMetaType::Int:
-        return locale.toString(value.toInt());
+        return locale.toString(value.value<int>());
     case QMetaType::UInt:
-        return locale.toString(value.toUInt());
+        return locale.toString(value.value<unsigned>());
     case QMetaType::LongLong:
-        return locale.toString(value.toLongLong());
+        return locale.toString(value.value<qlonglong>());
     case QMetaType::ULongLong:
-        return locale.toString(value.toULongLong());
+        return locale.toString(value.value<qulonglong>());
     case QMetaType::Double: {
-        const double number = value.toDouble();
+        const auto number = value.value<double>();
         const std::optional<int> integer = shownAsInteger(number);
         return integer ? locale.toString(*integer) : locale.toString(number, 'f', 2);
     }
