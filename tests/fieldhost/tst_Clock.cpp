@@ -60,7 +60,7 @@ void tst_Clock::showsLocalDateAndTime()
     environment.insert(QStringLiteral("TZ"), QStringLiteral("EAST-5"));
     program.setProcessEnvironment(environment);
     // the clock that stands in Greenwich, moved by hand
-    const auto inTheEast = [] { return QDateTime::currentDateTimeUtc().addSecs(5 * 3600); };
+    const auto inTheEast = [] { return QDateTime::currentDateTimeUtc().addSecs(qint64(5) * 3600); };
     const QDateTime before = inTheEast();
     program.begin(arguments);
     const Outcome outcome = program.end();
