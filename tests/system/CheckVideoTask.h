@@ -30,7 +30,7 @@ private:
         if (!file.open(QIODevice::ReadOnly)) {
             return false;
         }
-        constexpr qint64 chunk = 1024 * 1024;
+        constexpr qint64 chunk = 1 << 20; // bytes
         QByteArray bytes;
         do {
             bytes = file.read(chunk);

@@ -651,6 +651,7 @@ void tst_Async::waitDoneWakesEverybody()
     QVERIFY(haveBegun(1));
     QSemaphore aboutToWait;
     std::vector<std::thread> waiting;
+    waiting.reserve(5);
     for (int i = 0; i < 5; ++i) {
         waiting.emplace_back([&] {
             aboutToWait.release();

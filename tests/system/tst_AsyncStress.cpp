@@ -190,6 +190,7 @@ void tst_AsyncStress::waitsFromManyThreads()
     Async async(Async::Parallel);
     std::atomic<bool> over{false};
     std::vector<std::thread> waiting;
+    waiting.reserve(3);
     for (int i = 0; i < 3; ++i) {
         waiting.emplace_back([&] {
             while (!over) {
