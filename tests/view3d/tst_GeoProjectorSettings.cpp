@@ -35,6 +35,7 @@ void tst_GeoProjectorSettings::threadsMeetAtTheFirstUse()
 {
     std::vector<std::thread> threads;
     std::vector<QString> texts(8);
+    threads.reserve(texts.size());
     for (QString &text : texts) {
         threads.emplace_back([&text] {
             text = GeoProjectorSettings::getDefaultPseudoMercatorWKT()

@@ -150,8 +150,10 @@ void tst_Mandatory3dDef::otherProjectsKeepTheDefault()
     QFETCH(QString, type);
 
     ProjectTypeGlobal::instance().setProjectType(type);
-    for (const QString &view : views() + QStringList(QStringLiteral("detail_n"))) {
-        for (const QString &field : mandatoryFields() + QStringList(QStringLiteral("OBJ_X"))) {
+    const QStringList allViews = views() + QStringList(QStringLiteral("detail_n"));
+    const QStringList allFields = mandatoryFields() + QStringList(QStringLiteral("OBJ_X"));
+    for (const QString &view : allViews) {
+        for (const QString &field : allFields) {
             QVERIFY(Mandatory3dDef::isMandatory(true, field, view));
             QVERIFY(!Mandatory3dDef::isMandatory(false, field, view));
         }
@@ -162,6 +164,7 @@ void tst_Mandatory3dDef::anyThreadMayAsk()
 {
     std::vector<std::thread> threads;
     std::vector<int> answers(8);
+    threads.reserve(answers.size());
     for (int &count : answers) {
         threads.emplace_back([&count] {
             for (const QString &field : mandatoryFields()) {
