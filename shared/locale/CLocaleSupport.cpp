@@ -33,6 +33,13 @@ std::optional<int> shownAsInteger(double value)
     return truncated;
 }
 
+// The number in a variant of that very type: value() would ask for the type a second time.
+template<typename Number>
+Number numberIn(const QVariant &variant)
+{
+    return *static_cast<const Number *>(variant.constData());
+}
+
 // date, time, or both
 template<typename Moment>
 QString momentToString(const QLocale &locale, const Moment &moment, const QString &format)
@@ -177,15 +184,15 @@ QString CLocaleSupport::variantToLocalizedString(const QVariant &value, const QS
     const QLocale &locale = currentLocale();
     switch (value.userType()) {
     case QMetaType::Int:
-        return locale.toString(value.value<int>());
+        return locale.toString(numberIn<int>(value));
     case QMetaType::UInt:
-        return locale.toString(value.value<unsigned>());
+        return locale.toString(numberIn<unsigned>(value));
     case QMetaType::LongLong:
-        return locale.toString(value.value<qlonglong>());
+        return locale.toString(numberIn<qlonglong>(value));
     case QMetaType::ULongLong:
-        return locale.toString(value.value<qulonglong>());
+        return locale.toString(numberIn<qulonglong>(value));
     case QMetaType::Double: {
-        const auto number = value.value<double>();
+        const auto number = numberIn<double>(value);
         const std::optional<int> integer = shownAsInteger(number);
         return integer ? locale.toString(*integer) : locale.toString(number, 'f', 2);
     }

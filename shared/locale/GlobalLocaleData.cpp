@@ -10,8 +10,9 @@ namespace Tavro::Shared {
 GlobalLocaleData *GlobalLocaleData::m_pInstance = nullptr;
 
 GlobalLocaleData::GlobalLocaleData()
+    : m_project(*CProjectLocaleData::instance())
 {
-    connect(CProjectLocaleData::instance(), &CProjectLocaleData::localeChanged, this,
+    connect(&m_project, &CProjectLocaleData::localeChanged, this,
             &GlobalLocaleData::projectLocaleChanged);
 }
 
@@ -30,13 +31,12 @@ QLocale GlobalLocaleData::locale() const
 
 const QLocale &GlobalLocaleData::currentLocale() const
 {
-    const auto *project = CProjectLocaleData::instance();
-    return project->m_localeValid ? project->m_locale : m_deviceLocale;
+    return m_project.m_localeValid ? m_project.m_locale : m_deviceLocale;
 }
 
 DistanceUnit GlobalLocaleData::distanceUnitType() const
 {
-    const DistanceUnit unitType = CProjectLocaleData::instance()->distanceUnitType();
+    const DistanceUnit unitType = m_project.distanceUnitType();
     if (unitType != DistanceUnit::Undefined) {
         return unitType;
     }
@@ -46,7 +46,7 @@ DistanceUnit GlobalLocaleData::distanceUnitType() const
 
 QString GlobalLocaleData::catalogTemplateColumnUnit(const QString &columnKey) const
 {
-    return CProjectLocaleData::instance()->requestTemplateColumnUnit(columnKey);
+    return m_project.requestTemplateColumnUnit(columnKey);
 }
 
 void GlobalLocaleData::setDefaultLocale(QLocale locale)
@@ -59,7 +59,7 @@ void GlobalLocaleData::setDeviceLocale(QLocale locale)
 {
     detail::omitGroupSeparator(locale);
     m_deviceLocale = locale;
-    if (CProjectLocaleData::instance()->localeValid()) {
+    if (m_project.localeValid()) {
         return;
     }
     setDefaultLocale(locale);

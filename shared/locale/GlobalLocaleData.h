@@ -8,6 +8,8 @@
 
 namespace Tavro::Shared {
 
+class CProjectLocaleData;
+
 /**
  * Locale and distance unit that the application shows: the open project's, or else the device's.
  *
@@ -68,6 +70,7 @@ private:
 
     static GlobalLocaleData *m_pInstance;
 
+    const CProjectLocaleData &m_project;
     QLocale m_deviceLocale;
 };
 
