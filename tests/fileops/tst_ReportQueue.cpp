@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QThread>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <thread>
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void reportInTheReceivingThreadIsDeliveredAtOnce();
     void urgentReportWaitsForTheEventLoopAndForWhatCameBefore();
     void reportAfterAPauseIsDelivered();
+    void reportThatFollowsNoneAtOnceDoesNotWaitForTheClock();
     void nestedEventLoopGoesOnWithTheNextReport();
     void nothingIsDeliveredAfterClose();
     void receiverMayGoInTheMiddle();
@@ -133,6 +135,21 @@ void tst_ReportQueue::reportAfterAPauseIsDelivered()
         inAnotherThread([&] { queue->report([&] { ++seen; }); });
         QTRY_COMPARE(seen, i);
         QTest::qWait(30); // long enough for the receiver to stop looking
+    }
+}
+
+void tst_ReportQueue::reportThatFollowsNoneAtOnceDoesNotWaitForTheClock()
+{
+    Receiver receiver;
+    const auto queue = ReportQueue::create(&receiver);
+    int seen = 0;
+    for (int i = 1; i <= 3; ++i) {
+        inAnotherThread([&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(2)); // as a large chunk takes
+            queue->report([&] { ++seen; });
+        });
+        QCoreApplication::sendPostedEvents(&receiver); // no timers
+        QCOMPARE(seen, i);
     }
 }
 

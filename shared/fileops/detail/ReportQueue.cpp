@@ -10,7 +10,10 @@ namespace Tavro::Shared::detail {
 
 namespace {
 
-constexpr int s_interval = 5; // ms: faster than a screen is drawn
+constexpr std::chrono::milliseconds s_interval(15); // a screen is drawn every 16 ms
+
+// A small file takes less; a chunk of 4 MiB takes longer, and is worth being told of at once.
+constexpr std::chrono::milliseconds s_quickSuccession(1);
 
 } // namespace
 
@@ -45,7 +48,7 @@ void ReportQueue::report(Report report)
     }
     const std::lock_guard<std::mutex> lock(m_mutex);
     append(std::move(report));
-    if (!m_isAwaited) {
+    if (!isInQuickSuccession() || !m_isAwaited) {
         wakeReceiver();
     }
 }
@@ -63,6 +66,13 @@ void ReportQueue::append(Report report)
     if (m_receiver) {
         m_reports.push_back(std::move(report));
     }
+}
+
+// with the mutex held, once for each report
+bool ReportQueue::isInQuickSuccession()
+{
+    const auto now = std::chrono::steady_clock::now();
+    return now - std::exchange(m_lastReport, now) < s_quickSuccession;
 }
 
 void ReportQueue::close()

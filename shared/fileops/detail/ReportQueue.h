@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -16,9 +17,9 @@ namespace Tavro::Shared::detail {
 /**
  * Carries what a worker reports to the thread of its controller: everything, and in order.
  *
- * A queued signal wakes the receiving thread each time, which shows with small files. Here a thread
- * that was woken looks again every few milliseconds, for as long as there is something to be had,
- * and is not woken meanwhile.
+ * A queued signal wakes the receiving thread each time, which shows with small files. Here reports
+ * in quick succession are delivered together: a thread that was woken looks again by itself, for
+ * as long as there is something to be had. A report that follows none for a while wakes it at once.
  *
  * Shared by both sides, so that a worker can report into a queue whose controller is gone.
  */
@@ -43,6 +44,7 @@ private:
     explicit ReportQueue(QObject *receiver);
 
     void append(Report report);
+    bool isInQuickSuccession();
     void wakeReceiver();
     void deliver();
 
@@ -52,6 +54,7 @@ private:
     std::mutex m_mutex; // guards what follows
     QObject *m_receiver; // null when closed
     std::vector<Report> m_reports; // not seen by the receiving thread yet
+    std::chrono::steady_clock::time_point m_lastReport;
     bool m_isAwaited = false; // the receiving thread will look without being woken
     bool m_isWoken = false;
 };
