@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QStringBuilder>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -89,6 +90,15 @@ CFileCopyData directoryJob(const QString &sourcePath, const QString &destination
     job.sourcePath = sourceDirectory(sourcePath);
     job.destinationPath = destinationDirectory(destinationPath);
     return job;
+}
+
+QString targetOf(const CFileCopyData &job, const QString &path)
+{
+    if (path.lastIndexOf(job.sourcePath) == 0) { // nearly always, and saves two copies of the path
+        return job.destinationPath % path.midRef(job.sourcePath.size());
+    }
+    // every occurrence goes, not only the first: destinations have always been named so
+    return job.destinationPath + QString(path).remove(job.sourcePath);
 }
 
 // Before anything is written, so that the flushes cover them. Not QFile's permissions: for root
@@ -304,9 +314,7 @@ bool CFileCopyWorker::copyTree(detail::CopyRequest &request, const CFileCopyData
     }
     bool isAsked = false; // whether the destination is there, once; and again when a file finds not
     for (const CFileEntry &file : job.files) {
-        // every occurrence goes, not only the first: destinations have always been named so
-        QString target = file.path().remove(job.sourcePath);
-        target = hasDestination ? job.destinationPath + target : QString();
+        const QString target = hasDestination ? targetOf(job, file.path()) : QString();
         if (!isAsked) {
             isAsked = true;
             makeDirectory(job.destinationPath);

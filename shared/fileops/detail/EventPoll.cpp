@@ -8,7 +8,7 @@ namespace Tavro::Shared::detail {
 
 namespace {
 
-constexpr qint64 s_pollInterval = 1'000'000; // ns
+constexpr qint64 s_pollInterval = 5'000'000; // ns
 
 } // namespace
 
@@ -18,8 +18,8 @@ void EventPoll::processEvents(const QObject &worker)
         return;
     }
     // What was queued is delivered every time. Timers and sockets cost a system call, as much as
-    // a small file's own, so they have to wait for a millisecond to pass: less than any chunk
-    // takes.
+    // a small file's own, so they have to wait for some milliseconds, as they do for any chunk of
+    // a large file.
     QCoreApplication::sendPostedEvents();
     if (!m_sincePoll.isValid() || m_sincePoll.nsecsElapsed() >= s_pollInterval) {
         m_sincePoll.start();
