@@ -12,7 +12,8 @@ namespace Tavro::Benchmarks {
 
 /**
  * Short calls of the library, each beside the least that does the same work. Google Benchmark
- * measures them, in rounds, within a round in random order; the table gives medians and minima.
+ * measures them row by row, call and peer several times in random order; the table gives medians
+ * and minima.
  *
  *     MicroBenchmark page("Formatters");
  *     page.compare("SizeFormater", [&] { return formatter.format(1000); },
