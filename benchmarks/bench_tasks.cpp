@@ -3,6 +3,7 @@
 #include "shared/system/Async.h"
 
 #include <QRunnable>
+#include <QSemaphore>
 #include <QThreadPool>
 
 #include <atomic>
@@ -22,13 +23,33 @@ public:
     void run() override { s_work.fetch_add(1, std::memory_order_relaxed); }
 };
 
+// A thousand tasks; over when each of them has run or was discarded. To be woken for each single
+// one, as waitDone() does, would measure the waiting.
+class Batch
+{
+public:
+    void endOne()
+    {
+        if (--m_left == 0) {
+            m_over.release();
+        }
+    }
+    void wait() { m_over.acquire(); }
+
+private:
+    std::atomic<int> m_left{s_tasks};
+    QSemaphore m_over;
+};
+
 class AsyncTask : public QRunnable
 {
 public:
-    explicit AsyncTask(Async &async)
+    AsyncTask(Async &async, Batch &batch)
         : m_async(async)
+        , m_batch(batch)
     {
     }
+    ~AsyncTask() override { m_batch.endOne(); }
 
     void run() override
     {
@@ -38,6 +59,7 @@ public:
 
 private:
     Async &m_async;
+    Batch &m_batch;
 };
 
 // starts the next one when it is done, as a task of a queue does
@@ -65,12 +87,11 @@ private:
 
 void throughAsync(Async &async)
 {
+    Batch batch;
     for (int i = 0; i < s_tasks; ++i) {
-        async.startTask(new AsyncTask(async));
+        async.startTask(new AsyncTask(async, batch));
     }
-    while (async.isRunning()) {
-        async.waitDone();
-    }
+    batch.wait();
 }
 
 void throughPool(QThreadPool &pool)

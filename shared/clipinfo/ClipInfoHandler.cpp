@@ -211,7 +211,8 @@ bool ClipInfoHandler::write(double time, double distance, int code, double pan, 
     const QLatin1Char separator(';');
     const QString value = fixedPoint(time) % separator % fixedPoint(distance) % separator
         % QString::number(code) % separator % fixedPoint(pan) % separator % fixedPoint(tilt);
-    m_indexing.insert(key, value);
+    // a hint: all but the sample after Val99999 go to the end
+    m_indexing.insert(m_indexing.cend(), key, value);
     m_nextValueIndex = numberAfter(m_nextValueIndex);
     return true;
 }
