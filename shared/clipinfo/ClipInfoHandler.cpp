@@ -8,6 +8,7 @@
 #include "host/CVideoRecorder.h"
 #include "host/CoreApplication.h"
 #include "host/PanTiltProvider.h"
+#include "shared/clipinfo/detail/SampleText.h"
 #include "shared/locale/CConversionServices.h"
 #include "shared/locale/CLocaleSupport.h"
 
@@ -15,7 +16,6 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QStringBuilder>
 #include <QTextStream>
 
 #include <cmath>
@@ -33,7 +33,6 @@ constexpr int s_recorderPaused = 3;
 constexpr double s_pictureRatio = 1.0591;
 constexpr double s_leastChangeOfDistance = 0.05; // metres
 constexpr int s_indexDigits = 5;
-constexpr int s_decimals = 3;
 
 // the setting off leaves connections in place, and the next clip connects again
 constexpr auto s_connectOnce =
@@ -57,11 +56,6 @@ bool isIndexingEnabled()
 double secondsOf(const Multimedia::CVideoRecorder &recorder)
 {
     return static_cast<double>(recorder.duration()) / 1000.0;
-}
-
-QString fixedPoint(double value)
-{
-    return QString::number(value, 'f', s_decimals);
 }
 
 // A file may end in the largest number; the one after it must not be undefined.
@@ -208,11 +202,9 @@ bool ClipInfoHandler::write(double time, double distance, int code, double pan, 
     }
     const QString key =
         QStringLiteral("Val%1").arg(m_nextValueIndex, s_indexDigits, 10, QLatin1Char('0'));
-    const QLatin1Char separator(';');
-    const QString value = fixedPoint(time) % separator % fixedPoint(distance) % separator
-        % QString::number(code) % separator % fixedPoint(pan) % separator % fixedPoint(tilt);
     // a hint: all but the sample after Val99999 go to the end
-    m_indexing.insert(m_indexing.cend(), key, value);
+    m_indexing.insert(m_indexing.cend(), key,
+                      detail::sampleText(time, distance, code, pan, tilt));
     m_nextValueIndex = numberAfter(m_nextValueIndex);
     return true;
 }
