@@ -34,8 +34,7 @@ std::optional<int> shownAsInteger(double value)
 }
 
 // The number in a variant of that very type: value() would ask for the type a second time.
-template<typename Number>
-Number numberIn(const QVariant &variant)
+template<typename Number> Number numberIn(const QVariant &variant)
 {
     return *static_cast<const Number *>(variant.constData());
 }

@@ -25,8 +25,7 @@ bool isHalfway(double value)
     return std::abs(std::fmod(value, 0.125)) == 0.0625;
 }
 
-template<typename... Arguments>
-void appendChars(Text &text, int room, Arguments... numberAndFormat)
+template<typename... Arguments> void appendChars(Text &text, int room, Arguments... numberAndFormat)
 {
     const int begin = text.size();
     text.resize(begin + room);
