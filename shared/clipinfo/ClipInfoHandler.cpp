@@ -202,7 +202,7 @@ bool ClipInfoHandler::write(double time, double distance, int code, double pan, 
     }
     const QString key =
         QStringLiteral("Val%1").arg(m_nextValueIndex, s_indexDigits, 10, QLatin1Char('0'));
-    // a hint: all but the sample after Val99999 go to the end
+    // a hint: up to Val99999 each one goes to the end
     m_indexing.insert(m_indexing.cend(), key, detail::sampleText(time, distance, code, pan, tilt));
     m_nextValueIndex = numberAfter(m_nextValueIndex);
     return true;
