@@ -1,10 +1,25 @@
 #include "benchmarks/Measurement.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 namespace Tavro::Benchmarks {
+
+void fail(const std::string &message)
+{
+    std::fflush(stdout);
+    std::fprintf(stderr, "%s\n", message.c_str());
+    std::exit(EXIT_FAILURE);
+}
+
+double now()
+{
+    const auto time = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double>(time).count();
+}
 
 double Series::median() const
 {

@@ -5,6 +5,12 @@
 
 namespace Tavro::Benchmarks {
 
+/** Prints @p message and ends the program. */
+[[noreturn]] void fail(const std::string &message);
+
+/** Seconds of a clock that only moves forward. */
+double now();
+
 /** Seconds that one participant took, round by round. */
 class Series
 {

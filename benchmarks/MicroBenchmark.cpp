@@ -1,7 +1,6 @@
 #include "benchmarks/MicroBenchmark.h"
 
 #include "benchmarks/Measurement.h"
-#include "benchmarks/Participant.h"
 
 #include <array>
 #include <cstdio>

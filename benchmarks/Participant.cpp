@@ -1,8 +1,7 @@
 #include "benchmarks/Participant.h"
 
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
+#include "benchmarks/Measurement.h"
+
 #include <cstring>
 #include <filesystem>
 
@@ -27,19 +26,6 @@ std::string readAll(int fd)
 }
 
 } // namespace
-
-double now()
-{
-    const auto time = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration<double>(time).count();
-}
-
-void fail(const std::string &message)
-{
-    std::fflush(stdout);
-    std::fprintf(stderr, "%s\n", message.c_str());
-    std::exit(EXIT_FAILURE);
-}
 
 std::string siblingProgram(const std::string &name)
 {

@@ -21,10 +21,4 @@ Outcome runParticipant(const std::vector<std::string> &command);
 /** Path of @p name in the directory of the running program, where the build puts all of them. */
 std::string siblingProgram(const std::string &name);
 
-/** Prints @p message and ends the program. */
-[[noreturn]] void fail(const std::string &message);
-
-/** Seconds of a clock that only moves forward. */
-double now();
-
 } // namespace Tavro::Benchmarks

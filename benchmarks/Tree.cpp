@@ -1,6 +1,6 @@
 #include "benchmarks/Tree.h"
 
-#include "benchmarks/Participant.h"
+#include "benchmarks/Measurement.h"
 
 #include <algorithm>
 #include <cerrno>
