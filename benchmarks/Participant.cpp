@@ -2,11 +2,18 @@
 
 #include "benchmarks/Measurement.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <limits>
 
 #include <fcntl.h>
-#include <spawn.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,15 +21,33 @@ namespace Tavro::Benchmarks {
 
 namespace {
 
-std::string readAll(int fd)
+constexpr double s_forever = std::numeric_limits<double>::infinity();
+
+// in the child; a group of its own can be stopped as a whole
+[[noreturn]] void become(const std::vector<std::string> &command, int output)
 {
-    std::string text;
-    char buffer[4096];
-    ssize_t n = 0;
-    while ((n = ::read(fd, buffer, sizeof buffer)) > 0) {
-        text.append(buffer, static_cast<size_t>(n));
+    std::vector<char *> arguments;
+    arguments.reserve(command.size() + 1);
+    for (const std::string &argument : command) {
+        arguments.push_back(const_cast<char *>(argument.c_str()));
     }
-    return text;
+    arguments.push_back(nullptr);
+
+    ::setpgid(0, 0);
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ::dup2(output, STDOUT_FILENO);
+    ::execvp(arguments.front(), arguments.data());
+    ::perror(arguments.front());
+    ::_exit(EXIT_FAILURE);
+}
+
+// what poll() takes: milliseconds, rounded up, or -1 for ever
+int timeoutUntil(double end)
+{
+    const double milliseconds = std::ceil((end - now()) * 1e3);
+    return milliseconds < std::numeric_limits<int>::max()
+        ? std::max(0, static_cast<int>(milliseconds))
+        : -1;
 }
 
 } // namespace
@@ -34,40 +59,82 @@ std::string siblingProgram(const std::string &name)
 
 Outcome runParticipant(const std::vector<std::string> &command)
 {
-    std::vector<char *> arguments;
-    arguments.reserve(command.size() + 1);
-    for (const std::string &argument : command) {
-        arguments.push_back(const_cast<char *>(argument.c_str()));
-    }
-    arguments.push_back(nullptr);
+    RunningParticipant participant(command);
+    participant.takeTurn(s_forever);
+    return participant.outcome();
+}
 
+RunningParticipant::RunningParticipant(std::vector<std::string> command)
+    : m_command(std::move(command))
+{
+}
+
+bool RunningParticipant::takeTurn(double seconds)
+{
+    const double begin = now();
+    if (m_process == 0) {
+        start();
+    } else {
+        m_outcome.stopped += begin - m_stoppedAt;
+        ::kill(-m_process, SIGCONT);
+    }
+    if (readUntil(begin + seconds)) {
+        waitUntil(0);
+    } else {
+        ::kill(-m_process, SIGSTOP);
+        waitUntil(WUNTRACED); // all threads have halted: a flush in flight is its own time
+    }
+    m_stoppedAt = now();
+    m_outcome.seconds += m_stoppedAt - begin;
+    return m_isOver;
+}
+
+void RunningParticipant::start()
+{
     int pipeEnds[2];
     if (::pipe2(pipeEnds, O_CLOEXEC) != 0) {
         fail(std::string("No pipe: ") + std::strerror(errno));
     }
-    posix_spawn_file_actions_t actions;
-    ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawn_file_actions_adddup2(&actions, pipeEnds[1], STDOUT_FILENO);
-
-    Outcome outcome;
-    const double begin = now();
-    pid_t process = 0;
-    const int error =
-        ::posix_spawnp(&process, arguments.front(), &actions, nullptr, arguments.data(), environ);
-    ::posix_spawn_file_actions_destroy(&actions);
+    m_process = ::fork();
+    if (m_process == 0) {
+        become(m_command, pipeEnds[1]);
+    }
+    if (m_process < 0) {
+        fail("Cannot run " + m_command.front() + ": " + std::strerror(errno));
+    }
     ::close(pipeEnds[1]);
-    if (error != 0) {
-        fail("Cannot run " + command.front() + ": " + std::strerror(error));
+    m_outputEnd = pipeEnds[0];
+}
+
+// true when nobody is left to write
+bool RunningParticipant::readUntil(double end)
+{
+    struct pollfd output = {m_outputEnd, POLLIN, 0};
+    while (::poll(&output, 1, timeoutUntil(end)) > 0) {
+        char buffer[4096];
+        const ssize_t n = ::read(m_outputEnd, buffer, sizeof buffer);
+        if (n <= 0) {
+            return true;
+        }
+        m_outcome.output.append(buffer, static_cast<size_t>(n));
     }
-    outcome.output = readAll(pipeEnds[0]);
+    return false;
+}
+
+// @p change is one that waitpid() knows, or 0 for the end
+void RunningParticipant::waitUntil(int change)
+{
     int status = 0;
-    ::waitpid(process, &status, 0);
-    outcome.seconds = now() - begin;
-    ::close(pipeEnds[0]);
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        fail(command.front() + " failed (wait status " + std::to_string(status) + ')');
+    ::waitpid(m_process, &status, change);
+    if (WIFSTOPPED(status)) {
+        return;
     }
-    return outcome;
+    m_isOver = true;
+    readUntil(s_forever); // where it has ended before it was told to stop
+    ::close(m_outputEnd);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+        fail(m_command.front() + " failed (wait status " + std::to_string(status) + ')');
+    }
 }
 
 } // namespace Tavro::Benchmarks

@@ -8,14 +8,44 @@ namespace Tavro::Benchmarks {
 /** What a participant's process did. */
 struct Outcome
 {
-    double seconds = 0; /**< from just before it was started until it was gone */
+    double seconds = 0; /**< at work, from just before it was started until it was gone */
+    double stopped = 0; /**< between its turns: what it measures by itself contains this, too */
     std::string output; /**< its standard output */
 };
 
 /**
- * Runs @p command, found on PATH, with its arguments and waits for its end. Ends this program
- * with a message when it cannot be started or fails: the time of a failed copy means nothing.
+ * The process of a participant, which can be stopped and go on later, with all that it started.
+ *
+ * It dies with this program. And it ends this program with a message when it cannot be started or
+ * fails: the time of a failed copy means nothing.
  */
+class RunningParticipant
+{
+public:
+    /** Of @p command, found on PATH, with its arguments; the first turn starts it. */
+    explicit RunningParticipant(std::vector<std::string> command);
+    RunningParticipant(RunningParticipant &&) = default;
+
+    /** Lets it work for @p seconds and stops it. True when it is over. */
+    bool takeTurn(double seconds);
+    bool isOver() const { return m_isOver; }
+    /** Complete when it is over. */
+    const Outcome &outcome() const { return m_outcome; }
+
+private:
+    void start();
+    bool readUntil(double end);
+    void waitUntil(int change);
+
+    std::vector<std::string> m_command;
+    Outcome m_outcome;
+    double m_stoppedAt = 0;
+    int m_process = 0; // none yet
+    int m_outputEnd = -1; // of a pipe
+    bool m_isOver = false;
+};
+
+/** Runs @p command from its start to its end. */
 Outcome runParticipant(const std::vector<std::string> &command);
 
 /** Path of @p name in the directory of the running program, where the build puts all of them. */

@@ -30,66 +30,125 @@ struct Options
     double target = 0; // of the library's median to the floor's
     bool isSourceCold = false;
     bool isFloorDoubled = false;
+    double turn = 0; // seconds; none: one after the other
 };
+
+enum class Kind { Floor, Library, Peer };
 
 struct Participant
 {
     std::string name;
-    std::vector<std::string> command;
-    bool isLibrary = false;
+    Kind kind;
+    std::vector<std::string> command; // at its end, source and copy
+    fs::path copy = {}; // of its own: others may be at work, too
     Series whole = {}; // the process, from its start to its end
     Series request = {}; // the library: from the request to the signal that ends it
     Series remainder = {}; // what a sync of the file system still took afterwards
 };
 
-// for programs that do not flush by themselves, so that all are asked for the same: the last
-// arguments are source and destination
-std::vector<std::string> thenSync(const std::string &command, const Options &options,
-                                  const std::string &copy)
+// @p script has the source as $1 and the copy as $2
+std::vector<std::string> shell(const std::string &script)
 {
-    return {"sh", "-c", "set -e; " + command + "; exec sync", "sh", options.source, copy};
+    return {"sh", "-c", "set -e; " + script, "sh"};
 }
 
+// programs that do not flush by themselves are followed by sync: the same is asked of all
 std::vector<Participant> participants(const Options &options)
 {
     const bool isTree = options.folders > 0;
-    const std::string source = options.source;
-    const std::string copy = options.destination / "copy";
     // it copies no trees by itself, but many files at a time
     const char *const gioTree = "mkdir \"$2\"; for folder in \"$1\"/*; do"
                                 " mkdir \"$2/${folder##*/}\";"
-                                " gio copy \"$folder\"/* \"$2/${folder##*/}\"; done";
-    const std::vector<std::string> floor = {siblingProgram("floor_copy"), source, copy};
+                                " gio copy \"$folder\"/* \"$2/${folder##*/}\"; done; exec sync";
+    const std::vector<std::string> floor = {siblingProgram("floor_copy")};
     std::vector<Participant> all = {
-        {"floor", floor},
-        {"library", {siblingProgram("copy_with_library"), source, copy}, true},
-        {"cp -r, sync", thenSync("cp -r \"$1\" \"$2\"", options, copy)},
-        {"rsync --fsync", {"rsync", "-r", "--fsync", isTree ? source + '/' : source, copy}},
-        {"gio copy, sync", thenSync(isTree ? gioTree : "gio copy \"$1\" \"$2\"", options, copy)},
-        {"std::filesystem::copy, sync", {siblingProgram("copy_with_filesystem"), source, copy}},
+        {"floor", Kind::Floor, floor},
+        {"library", Kind::Library, {siblingProgram("copy_with_library")}},
+        {"cp -r, sync", Kind::Peer, shell("cp -r \"$1\" \"$2\"; exec sync")},
+        {"rsync --fsync", Kind::Peer,
+         shell(isTree ? "exec rsync -r --fsync \"$1/\" \"$2\""
+                      : "exec rsync --fsync \"$1\" \"$2\"")},
+        {"gio copy, sync", Kind::Peer,
+         shell(isTree ? gioTree : "gio copy \"$1\" \"$2\"; exec sync")},
+        {"std::filesystem::copy, sync", Kind::Peer, {siblingProgram("copy_with_filesystem")}},
     };
     if (options.isFloorDoubled) {
-        all.push_back({"floor, a second time", floor});
+        all.push_back({"floor, a second time", Kind::Floor, floor});
+    }
+    for (size_t i = 0; i < all.size(); ++i) {
+        all[i].copy = options.destination / ("copy" + std::to_string(i));
+        all[i].command.insert(all[i].command.end(), {options.source, all[i].copy});
     }
     return all;
 }
 
-void runOnce(Participant &participant, const Options &options)
+void prepare(const Options &options)
 {
     if (options.isSourceCold) {
         evict(options.source);
     }
-    ::sync(); // what others on this machine have left to write is not this participant's
+    ::sync(); // what others on this machine have left to write is not the participants'
+}
 
-    const Outcome outcome = runParticipant(participant.command);
+void record(Participant &participant, const Outcome &outcome, const Options &options)
+{
     participant.remainder.add(syncFileSystem(options.destination));
     participant.whole.add(outcome.seconds);
-    if (participant.isLibrary) {
-        participant.request.add(std::strtod(outcome.output.c_str(), nullptr));
+    if (participant.kind == Kind::Library) {
+        participant.request.add(std::strtod(outcome.output.c_str(), nullptr) - outcome.stopped);
     }
+}
 
-    requireEqual(options.source, options.destination / "copy");
-    fs::remove_all(options.destination / "copy");
+void takeCopyBack(const Participant &participant, const Options &options)
+{
+    requireEqual(options.source, participant.copy);
+    fs::remove_all(participant.copy);
+}
+
+void runAlone(Participant &participant, const Options &options)
+{
+    prepare(options);
+    record(participant, runParticipant(participant.command), options);
+    takeCopyBack(participant, options);
+}
+
+// Side by side, one at a time at work. A machine that is slower for minutes is so for all of
+// them. Programs of several processes, and those that leave much for later, cannot be stopped
+// without others paying for them.
+void runInTurns(const std::vector<Participant *> &all, const Options &options)
+{
+    prepare(options);
+    std::vector<RunningParticipant> running;
+    running.reserve(all.size());
+    for (const Participant *participant : all) {
+        running.emplace_back(participant->command);
+    }
+    for (size_t over = 0; over < all.size();) {
+        for (size_t i = 0; i < all.size(); ++i) {
+            if (!running[i].isOver() && running[i].takeTurn(options.turn)) {
+                record(*all[i], running[i].outcome(), options);
+                ++over;
+            }
+        }
+    }
+    for (const Participant *participant : all) {
+        takeCopyBack(*participant, options);
+    }
+}
+
+// each round begins with another one, so that nobody always gains by its place
+void runRound(std::vector<Participant> &all, unsigned round, const Options &options)
+{
+    std::vector<Participant *> inTurns;
+    for (size_t i = 0; i < all.size(); ++i) {
+        Participant &participant = all[(round + i) % all.size()];
+        if (options.turn > 0 && participant.kind != Kind::Peer) {
+            inTurns.push_back(&participant);
+        } else {
+            runAlone(participant, options);
+        }
+    }
+    runInTurns(inTurns, options);
 }
 
 void addRow(Table &table, const std::string &name, const Series &series, const Series &floor,
@@ -104,14 +163,18 @@ void report(const std::vector<Participant> &all, const Options &options)
 {
     const Participant &floor = all.front();
     const Contents contents = contentsOf(options.source);
-    std::printf("### %s\n\n%ju file(s), %.1f MiB in all, %u round(s)%s\n\n", options.title.c_str(),
+    std::printf("### %s\n\n%ju file(s), %.1f MiB in all, %u round(s)%s", options.title.c_str(),
                 contents.files, static_cast<double>(contents.bytes) / (1 << 20), options.rounds,
                 options.isSourceCold ? ", source not cached" : "");
+    if (options.turn > 0) {
+        std::printf(", floor and library side by side in turns of %g s", options.turn);
+    }
+    std::printf("\n\n");
 
     Table table({"", "median s", "minimum s", "median / floor", "minimum / floor", "spread",
                  "not durable yet s"});
     for (const Participant &participant : all) {
-        if (participant.isLibrary) {
+        if (participant.kind == Kind::Library) {
             addRow(table, participant.name + ", request to end signal", participant.request,
                    floor.whole, participant.remainder);
             addRow(table, participant.name + ", whole process", participant.whole, floor.whole,
@@ -124,7 +187,7 @@ void report(const std::vector<Participant> &all, const Options &options)
 
     std::printf("\n");
     for (const Participant &participant : all) {
-        if (participant.isLibrary && options.target > 0) {
+        if (participant.kind == Kind::Library && options.target > 0) {
             printVerdict(options.title + ", request to end signal, median / floor",
                          participant.request.median() / floor.whole.median(), options.target, "");
             printVerdict(options.title + ", end signal to durable", participant.remainder.median(),
@@ -143,10 +206,11 @@ void report(const std::vector<Participant> &all, const Options &options)
     fail(
         std::string("usage: ") + program
         + " TITLE SOURCE DESTINATION_DIRECTORY --file BYTES | --tree FOLDERS FILES BYTES_EACH\n"
-          "    [--rounds N] [--target RATIO] [--cold] [--floor-twice]\n"
+          "    [--rounds N] [--target RATIO] [--cold] [--floor-twice] [--turns SECONDS]\n"
           "SOURCE is created, and removed at the end.\n"
           "--cold         takes the source, a single file, out of the page cache before each copy\n"
-          "--floor-twice  the floor takes part twice: what lies between the two is noise");
+          "--floor-twice  the floor takes part twice: what lies between the two is noise\n"
+          "--turns        floor and library copy side by side, by turns of so many seconds");
 }
 
 double number(const char *text)
@@ -179,6 +243,8 @@ Options parse(int argc, char **argv)
             options.rounds = static_cast<unsigned>(number(argv[++i]));
         } else if (argument == "--target" && values >= 1) {
             options.target = number(argv[++i]);
+        } else if (argument == "--turns" && values >= 1) {
+            options.turn = number(argv[++i]);
         } else if (argument == "--file" && values >= 1) {
             options.bytesPerFile = static_cast<std::uintmax_t>(number(argv[++i]));
         } else if (argument == "--tree" && values >= 3) {
@@ -209,10 +275,7 @@ int main(int argc, char **argv)
 
     std::vector<Participant> all = participants(options);
     for (unsigned round = 0; round < options.rounds; ++round) {
-        // each round begins with another one, so that nobody always gains by its place
-        for (size_t i = 0; i < all.size(); ++i) {
-            runOnce(all[(round + i) % all.size()], options);
-        }
+        runRound(all, round, options);
     }
     report(all, options);
     fs::remove_all(options.source);
