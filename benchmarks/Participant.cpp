@@ -23,7 +23,7 @@ namespace {
 
 constexpr double s_forever = std::numeric_limits<double>::infinity();
 
-// in the child; a group of its own can be stopped as a whole
+// in the child; it stays in the terminal's group, and Ctrl-C reaches it
 [[noreturn]] void become(const std::vector<std::string> &command, int output)
 {
     std::vector<char *> arguments;
@@ -33,7 +33,6 @@ constexpr double s_forever = std::numeric_limits<double>::infinity();
     }
     arguments.push_back(nullptr);
 
-    ::setpgid(0, 0);
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     ::dup2(output, STDOUT_FILENO);
     ::execvp(arguments.front(), arguments.data());
@@ -76,12 +75,12 @@ bool RunningParticipant::takeTurn(double seconds)
         start();
     } else {
         m_outcome.stopped += begin - m_stoppedAt;
-        ::kill(-m_process, SIGCONT);
+        ::kill(m_process, SIGCONT);
     }
     if (readUntil(begin + seconds)) {
         waitUntil(0);
     } else {
-        ::kill(-m_process, SIGSTOP);
+        ::kill(m_process, SIGSTOP);
         waitUntil(WUNTRACED); // all threads have halted: a flush in flight is its own time
     }
     m_stoppedAt = now();

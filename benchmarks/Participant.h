@@ -14,10 +14,11 @@ struct Outcome
 };
 
 /**
- * The process of a participant, which can be stopped and go on later, with all that it started.
+ * The process of a participant, which can be stopped and go on later. What it has started itself
+ * is not stopped.
  *
- * It dies with this program. And it ends this program with a message when it cannot be started or
- * fails: the time of a failed copy means nothing.
+ * It is killed when this program ends. And it ends this program with a message when it cannot be
+ * started or fails: the time of a failed copy means nothing.
  */
 class RunningParticipant
 {

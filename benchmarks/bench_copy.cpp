@@ -148,7 +148,9 @@ void runRound(std::vector<Participant> &all, unsigned round, const Options &opti
             runAlone(participant, options);
         }
     }
-    runInTurns(inTurns, options);
+    if (!inTurns.empty()) {
+        runInTurns(inTurns, options);
+    }
 }
 
 void addRow(Table &table, const std::string &name, const Series &series, const Series &floor,
@@ -210,7 +212,8 @@ void report(const std::vector<Participant> &all, const Options &options)
           "SOURCE is created, and removed at the end.\n"
           "--cold         takes the source, a single file, out of the page cache before each copy\n"
           "--floor-twice  the floor takes part twice: what lies between the two is noise\n"
-          "--turns        floor and library copy side by side, by turns of so many seconds");
+          "--turns        floor and library copy side by side, by turns of so many seconds; not\n"
+          "               with --cold, as the first to read warms the source for the others");
 }
 
 double number(const char *text)
@@ -256,7 +259,7 @@ Options parse(int argc, char **argv)
         }
     }
     if (options.bytesPerFile == 0 || options.rounds == 0
-        || (options.isSourceCold && options.folders > 0)) {
+        || (options.isSourceCold && (options.folders > 0 || options.turn > 0))) {
         usage(argv[0]);
     }
     return options;
