@@ -58,6 +58,12 @@ void CopyVerification::cancel()
     m_canceled = true;
 }
 
+std::optional<CopyFault> CopyVerification::fault() const
+{
+    const std::lock_guard<std::mutex> lock(m_faultMutex);
+    return m_fault;
+}
+
 void CopyVerification::compareAll()
 {
     for (const CopiedFile &file : m_files) {
@@ -68,6 +74,7 @@ void CopyVerification::compareAll()
         bool ok = false;
         const bool isEqual = Shared::CFileSystemHelper::compareFiles(file.source, file.target, ok);
         if (!ok || !isEqual) {
+            const std::lock_guard<std::mutex> lock(m_faultMutex);
             m_fault = CopyFault{file.source,
                                 ok ? QStringLiteral("its copy differs from it")
                                    : QStringLiteral("it or its copy cannot be read any more")};

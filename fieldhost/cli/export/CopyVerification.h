@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include <atomic>
+#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -43,8 +44,8 @@ public:
 
     /** Bytes compared so far. */
     qint64 comparedBytes() const { return m_comparedBytes; }
-    /** The first copy that is not its source's equal; when it is finished. */
-    std::optional<CopyFault> fault() const { return m_fault; }
+    /** The first copy that is not its source's equal, once it is found. */
+    std::optional<CopyFault> fault() const;
 
 Q_SIGNALS:
     /** All is compared, or the first fault found, or it was canceled. */
@@ -54,6 +55,7 @@ private:
     void compareAll();
 
     std::vector<CopiedFile> m_files;
+    mutable std::mutex m_faultMutex;
     std::optional<CopyFault> m_fault;
     std::atomic<qint64> m_comparedBytes{0};
     std::atomic<bool> m_canceled{false};
