@@ -221,7 +221,7 @@ void tst_ExportOnTerminal::aClosedTerminalAborts()
         handshake.letGo();
         QVERIFY(program.waitFor("100 %  paused"));
     }
-    QTRY_VERIFY(!QFile::exists(m_destination));
+    QTRY_VERIFY_WITH_TIMEOUT(!QFile::exists(m_destination), 30000);
 }
 
 QTEST_GUILESS_MAIN(tst_ExportOnTerminal)

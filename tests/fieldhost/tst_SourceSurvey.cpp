@@ -119,7 +119,7 @@ void tst_SourceSurvey::whatTheControllerCopiesIsWhatWasAnnounced()
     Tavro::Shared::CFileCopyController controller;
     QSignalSpy completed(&controller, &Tavro::Shared::CFileCopyController::operationCompleted);
     controller.copyDirectory(m_root, destination);
-    QVERIFY(completed.wait());
+    QVERIFY(completed.wait(60000));
     QCOMPARE(controller.processedBytes(), survey.bytes);
 
     QStringList announced = paths(survey);

@@ -935,7 +935,8 @@ void tst_CFileCopyController::destroyedDuringACopyLeavesNoPartOfAFile()
         }
         controller.reset(); // a destructor that waited for the copy would wait for "sync", too
         QVERIFY(!QFileInfo::exists(path("letGo")));
-        QTRY_VERIFY(!QFileInfo::exists(path("dst/b")) || QFileInfo(path("dst/b")).size() == size);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !QFileInfo::exists(path("dst/b")) || QFileInfo(path("dst/b")).size() == size, 30000);
         QCOMPARE(Test::contentOf(path("dst/a")), QByteArray("whole"));
         QVERIFY(QDir(path("dst")).removeRecursively());
     }
@@ -953,7 +954,7 @@ void tst_CFileCopyController::destroyedWhilePaused()
     }
     controller->pause();
     controller.reset();
-    QTRY_VERIFY(!QFileInfo::exists(path("dst")));
+    QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(path("dst")), 30000);
     QTest::qWait(50);
 }
 
