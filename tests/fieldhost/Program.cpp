@@ -57,7 +57,8 @@ Outcome Program::end()
     outcome.output = QString::fromUtf8(readAllStandardOutput());
     outcome.errors = QString::fromUtf8(readAllStandardError());
     // a test that compares the exit code first would not show it
-    if (outcome.errors.contains(QLatin1String("Sanitizer"))) {
+    if (outcome.errors.contains(QLatin1String("Sanitizer"))
+        || outcome.errors.contains(QLatin1String(": runtime error: "))) {
         qWarning("%s", qUtf8Printable(outcome.errors));
     }
     return outcome;
