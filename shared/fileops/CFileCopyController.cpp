@@ -32,6 +32,7 @@ CFileCopyController::~CFileCopyController() = default;
 void CFileCopyController::connectReports()
 {
     using Worker = CFileCopyWorker;
+    m_handle->onResult([this](const CFileOperationResult &result) { m_lastResult = result; });
     m_handle->onRunEnd([this] { onWorkerFinished(); });
     m_handle->onReport(&Worker::processedBytesChanged,
                        [this](qlonglong value) { setProcessedBytes(value); });
@@ -60,6 +61,11 @@ qlonglong CFileCopyController::totalBytes() const
 CFileCopyController::State CFileCopyController::state() const
 {
     return static_cast<State>(m_state);
+}
+
+CFileOperationResult CFileCopyController::lastResult() const
+{
+    return m_lastResult;
 }
 
 quint32 CFileCopyController::createErrorCode(Error error)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shared/OvoSharedBaseExport.h"
+#include "shared/fileops/CFileOperationResult.h"
 
 #include <QObject>
 #include <QStringList>
@@ -75,6 +76,15 @@ public:
     qlonglong totalBytes() const;
     /** What the worker is doing, as last delivered. */
     State state() const;
+
+    /**
+     * How the run ended whose end was announced last; set before that announcement, and a default
+     * one before the first. For C++ hosts: QML sees the signals only.
+     *
+     * bytes is what processedBytes counted. A source that is missing, or no directory where one is
+     * asked for, has failed with ErrorSourceFileOpenFailed.
+     */
+    CFileOperationResult lastResult() const;
 
     /** The word by which a CErrorCode carries @p error: 0x000B0100 and the error's own number. */
     static quint32 createErrorCode(Error error);
@@ -163,6 +173,7 @@ private:
     qlonglong m_processedBytes = 0;
     QString m_processingDirectory;
     int m_state = StateIdle;
+    CFileOperationResult m_lastResult;
     QStringList m_destinations;
     QList<Run> m_runs; // started, end not announced yet; only the last one can still be at work
 };

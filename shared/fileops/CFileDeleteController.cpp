@@ -19,6 +19,7 @@ CFileDeleteController::CFileDeleteController(QObject *parent)
 {
     // finished() and errorOccurred() end at the worker: that a run is over shows in the state
     using Worker = CFileDeleteWorker;
+    m_handle->onResult([this](const CFileOperationResult &result) { m_lastResult = result; });
     m_handle->onReport(&Worker::processedBytesChanged,
                        [this](qlonglong value) { setProcessedBytes(value); });
     m_handle->onReport(&Worker::totalBytesChanged,
@@ -42,6 +43,11 @@ qlonglong CFileDeleteController::totalBytes() const
 CFileDeleteController::State CFileDeleteController::state() const
 {
     return static_cast<State>(m_state);
+}
+
+CFileOperationResult CFileDeleteController::lastResult() const
+{
+    return m_lastResult;
 }
 
 quint32 CFileDeleteController::createErrorCode(Error error)

@@ -54,6 +54,14 @@ public:
             Qt::DirectConnection);
     }
 
+    /** Has @p receive(result) called there for each run, before anything tells of its end. */
+    template<typename Receive> void onResult(Receive receive)
+    {
+        runs().onResult([reports = m_reports, receive](const CFileOperationResult &result) {
+            reports->report([receive, result] { receive(result); });
+        });
+    }
+
     /** Has @p receive() called there for each end of a run, without waiting for the next look. */
     template<typename Receive> void onRunEnd(Receive receive)
     {
