@@ -55,7 +55,7 @@ bool FolderDescent::run(FolderHandle root)
         }
         const int folder = level.folder.get();
         FolderHandle below = FolderHandle::openBelow(folder, level.current());
-        if (below.isOpen()) {
+        if (below.isOpen() && mayEnter(below.get())) {
             enter(std::move(below));
         } else {
             leave(folder, level.current());

@@ -40,6 +40,8 @@ protected:
      * some file systems pass others over then.
      */
     virtual Next visit(int folder, const dirent64 &entry) = 0;
+    /** False when the open folder @p folder, found below the root, is not to be gone through. */
+    virtual bool mayEnter(int /*folder*/) { return true; }
     /** The folder @p name in @p folder was gone through, as far as it could be opened. */
     virtual void leave(int folder, const char *name) = 0;
 
