@@ -64,6 +64,7 @@ bool isOfType(const QByteArray &bootSector, bool isFat32)
 QByteArray volumeIdentity(std::FILE *device, const QString &fileSystemType)
 {
     struct stat status = {};
+    // the seek fails on a pipe, which would be waited for
     if (::fstat(::fileno(device), &status) != 0 || ::fseeko(device, 0, SEEK_SET) != 0) {
         return {};
     }
