@@ -157,24 +157,30 @@ private Q_SLOTS:
     void onWorkerFinished();
 
 private:
+    struct Destination // with the sources of its request, which an abort never removes
+    {
+        QString path;
+        QStringList sources;
+    };
     struct Run
     {
-        QStringList destinations;
+        QList<Destination> destinations;
         bool aborted = false;
         bool removed = false;
     };
 
     void connectReports();
+    template<typename Load> void load(Load load);
     void startRun();
     static void removeDestinations(Run &run);
 
-    std::unique_ptr<detail::WorkerHandle<CFileCopyWorker>> m_handle; // worker and thread
+    std::shared_ptr<detail::WorkerHandle<CFileCopyWorker>> m_handle; // worker and thread
     qlonglong m_totalBytes = 0;
     qlonglong m_processedBytes = 0;
     QString m_processingDirectory;
     int m_state = StateIdle;
     CFileOperationResult m_lastResult;
-    QStringList m_destinations;
+    QList<Destination> m_destinations;
     QList<Run> m_runs; // started, end not announced yet; only the last one can still be at work
 };
 

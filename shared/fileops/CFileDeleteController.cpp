@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+#include <cerrno>
+
 namespace Tavro::Shared {
 
 namespace {
@@ -85,7 +87,12 @@ void CFileDeleteController::startNextRun()
     }
     if (!m_handle->startThread()) {
         // behind the state that the request has announced
-        m_handle->reports()->reportUrgently([this] { m_handle->worker().reset(); });
+        m_handle->reports()->reportUrgently([this] {
+            m_lastResult = CFileOperationResult();
+            m_lastResult.errorCode = createErrorCode(ErrorInternal);
+            m_lastResult.systemError = EAGAIN; // what Qt's thread does not pass on
+            m_handle->worker().reset();
+        });
     }
 }
 

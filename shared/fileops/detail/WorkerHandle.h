@@ -5,6 +5,7 @@
 #include "shared/fileops/detail/WorkerThreadOwner.h"
 
 #include <memory>
+#include <utility>
 
 namespace Tavro::Shared::detail {
 
@@ -30,11 +31,21 @@ public:
         QObject::connect(m_worker, &Worker::finished, thread(), &QThread::quit,
                          Qt::DirectConnection);
     }
-    ~WorkerHandle()
+    ~WorkerHandle() { letGo(); }
+
+    /**
+     * To be called by the destructor of the controller, whose functions may keep the handle for a
+     * moment longer: while they load a request, a slot may be the controller's end.
+     */
+    void letGo()
     {
-        m_reports->close();
-        runs().abandonWork();
+        if (std::exchange(m_isOwned, false)) {
+            m_reports->close();
+            runs().abandonWork();
+        }
     }
+    /** False once the controller is gone. */
+    bool isOwned() const { return m_isOwned; }
 
     Worker &worker() const { return *m_worker; }
     RunControl &runs() const { return m_worker->runs(); }
@@ -101,6 +112,7 @@ private:
     Worker *m_worker; // owned by m_thread, lives in it
     WorkerThreadOwner m_thread;
     std::shared_ptr<ReportQueue> m_reports;
+    bool m_isOwned = true;
 };
 
 } // namespace Tavro::Shared::detail
