@@ -6,6 +6,8 @@
 
 #include <QMetaObject>
 
+#include <iterator>
+
 namespace Tavro::FieldHost {
 
 using Shared::CFileCopyController;
@@ -263,17 +265,19 @@ QString ExportRun::failure() const
     if (result.isWhole()) {
         return {};
     }
-    static constexpr const char *sentences[] = {
-        "The copy has failed",  "%1 cannot be opened",  "%1 cannot be read",
-        "%1 cannot be created", "%1 cannot be written",
-    };
+    static constexpr const char *verbs[] = {"copied", "opened", "read", "created", "written"};
+    const quint32 error = result.errorCode & 0xFFU;
     const QString cause = result.systemError != 0
         ? QStringLiteral(": %1.").arg(systemText(result.systemError))
         : QStringLiteral(".");
-    const quint32 error = result.errorCode & 0xFFU;
+    if (error != CFileCopyController::ErrorNone && result.path.isEmpty()) {
+        return QStringLiteral("The copy could not begin") + cause; // there is no thread to be had
+    }
     if (error != CFileCopyController::ErrorNone) {
-        QString sentence = QString::fromLatin1(sentences[error < std::size(sentences) ? error : 0]);
-        return sentence.replace(QLatin1String("%1"), quoted(shown(result.path))) + cause;
+        return QStringLiteral("%1 cannot be %2")
+                   .arg(quoted(shown(result.path)),
+                        QLatin1String(verbs[error < std::size(verbs) ? error : 0]))
+            + cause;
     }
     const QStringList &folders = result.unreadableDirectories;
     QStringList lines;

@@ -29,12 +29,13 @@ bool isStagingName(const QString &name)
     return name.startsWith(s_prefix) && name.size() == s_prefix.size() + s_randomLetters;
 }
 
-bool isFolder(const QString &path)
+// the type bits of what has the name, which a link has of its own; 0 when nothing has it
+mode_t typeOf(const QString &path)
 {
     struct stat status
     {
     };
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode);
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & S_IFMT : 0;
 }
 
 // Hands each entry of a folder to visit; false when that does, or when not all could be listed.
@@ -81,11 +82,13 @@ bool mayBeOneFile(const QString &a, const QString &b)
 bool clearFile(const QString &file, const QString &place, bool putsBack)
 {
     const QByteArray name = QFile::encodeName(file);
-    if (!existsOrIsLink(place)) {
+    const mode_t type = typeOf(place);
+    if (type == 0) {
         return putsBack ? std::rename(name.constData(), QFile::encodeName(place).constData()) == 0
                         : ::unlink(name.constData()) == 0;
     }
-    return !mayBeOneFile(file, place) && ::unlink(name.constData()) == 0;
+    const bool isSafe = type == S_IFREG ? !mayBeOneFile(file, place) : !putsBack;
+    return isSafe && ::unlink(name.constData()) == 0;
 }
 
 // Files below folder belong to the same paths below place.
@@ -96,8 +99,8 @@ bool clearFolder(const QString &folder, const QString &place, bool putsBack)
     }
     const bool isClear = visitEntries(folder, [&](const QString &name) {
         const QString entry = below(folder, name);
-        return isFolder(entry) ? clearFolder(entry, below(place, name), putsBack)
-                               : clearFile(entry, below(place, name), putsBack);
+        return typeOf(entry) == S_IFDIR ? clearFolder(entry, below(place, name), putsBack)
+                                        : clearFile(entry, below(place, name), putsBack);
     });
     return isClear && removeFolder(folder);
 }
