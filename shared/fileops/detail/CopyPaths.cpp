@@ -44,13 +44,13 @@ QString sourceDirectory(const QString &path)
     if (path.isEmpty()) {
         return path;
     }
-    const QString resolved = resolvedPath(path);
-    if (isResource(resolved)) {
-        return withFinalSlash(QDir::cleanPath(resolved));
+    const RemovalRoot directory = removalRoot(path);
+    if (isResource(directory.path)) {
+        return withFinalSlash(QDir::cleanPath(directory.path));
     }
-    const QString directory = removalRoot(resolved);
     // one that is not there keeps its name, for whoever reports it
-    return withFinalSlash(directory.isEmpty() ? absolute(resolved) : directory);
+    const bool isKnown = !directory.path.isEmpty() && directory.systemError == 0;
+    return withFinalSlash(isKnown ? directory.path : absolute(resolvedPath(path)));
 }
 
 QString sourceFile(const QString &path)

@@ -93,7 +93,8 @@ bool DestinationTree::openRoot()
         errno = ENOENT;
         return false;
     }
-    const QByteArray path = QFile::encodeName(m_rootPath);
+    const bool isRootOfAll = m_rootPath.size() == 1;
+    const QByteArray path = QFile::encodeName(isRootOfAll ? m_rootPath : m_rootPath.chopped(1));
     m_root = FolderHandle::open(path.constData(), FolderHandle::Links::Follow);
     if (!m_root.isOpen() && errno == ENOENT && m_whenMissing == Root::MadeWhenMissing
         && QDir().mkpath(m_rootPath)) {
