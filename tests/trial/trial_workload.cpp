@@ -102,6 +102,13 @@ void makeTree(const QString &shape, const TreeMaker &tree)
         tree.file(QStringLiteral("d/e/e/p/tree of directories/ends/last/nothing.txt"), 0);
         tree.directory(QStringLiteral("empty"));
         tree.directory(QStringLiteral("d/e/e/p/tree of directories/ends/last/empty"));
+    } else if (shape == QLatin1String("few")) { // a bit of everything
+        tree.file(QStringLiteral("a.txt"), 10);
+        tree.file(QStringLiteral("nothing.txt"), 0);
+        tree.file(QStringLiteral("video.mpg"), 4 * s_mebibyte + 1);
+        tree.file(QStringLiteral("section/clip.mpg"), 3000);
+        tree.file(QStringLiteral("section/below/observations.csv"), 700);
+        tree.directory(QStringLiteral("section/empty"));
     } else if (shape == QLatin1String("other")) { // what the run does not touch
         tree.files(QStringLiteral("KEPT%1.DAT"), 4);
         tree.files(QStringLiteral("Observations of last year %1.data"), 4);
