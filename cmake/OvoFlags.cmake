@@ -8,8 +8,9 @@ target_compile_definitions(ovo_flags INTERFACE
     QT_NO_CAST_FROM_ASCII
     QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
     QT_DISABLE_DEPRECATED_BEFORE=0x050F00
-    # videos grow past 2 GiB, and the tablet is a 32-bit machine
-    _FILE_OFFSET_BITS=64)
+    # videos grow past 2 GiB, dates of a drive go on to 2107, and the tablet is a 32-bit machine
+    _FILE_OFFSET_BITS=64
+    _TIME_BITS=64)
 target_compile_options(ovo_flags INTERFACE
     -Wall -Wextra -Wpedantic
     $<$<COMPILE_LANGUAGE:CXX>:-Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wformat=2>)

@@ -13,6 +13,7 @@ function(ovo_add_test folder class)
     set(target tst_${folder}_${class})
     add_executable(${target} tst_${class}.cpp ${arg_SOURCES})
     ovo_defaults(${target})
+    set_target_properties(${target} PROPERTIES AUTORCC ON)
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_link_libraries(${target} PRIVATE
         ${arg_LIBRARIES} OvoSharedBase ovo_fieldhost_services Qt5::Test)

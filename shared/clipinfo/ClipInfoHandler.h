@@ -72,6 +72,10 @@ public:
      * Begins a clip: takes calibration, tilt and pan from the camera, connects the signals, and
      * calls setVideoIndexingFilePath() and start(), whose result it returns. Whether the user
      * wants indexing is not asked here.
+     *
+     * **A clip before that no stop() has written is still there**: until the new one is longer
+     * its samples are dropped, and the old ones get into its file. See stop() and
+     * endVideoIndexing().
      */
     bool initRecordedVideoIndexing(const QString &videoPath);
     /** Takes over the name of the video and, from it, the path of the file to write. */
@@ -121,12 +125,13 @@ public:
      * while it writes: some 50 bytes a sample, not flushed to the device.
      *
      * False when the file cannot be opened, for want of a path as well; everything stays in
-     * memory then, and a later call can still write it.
+     * memory then, and a later call can still write it. To drop it, use another handler.
      */
     bool stop();
     /**
      * Ends the clip: disconnects the signals, sets pan and tilt to 0 and returns what stop()
-     * returns. False, and nothing done, when the user has turned video indexing off.
+     * returns. False, and nothing done, when the user has turned video indexing off: the clip goes
+     * on, and ends with disconnectSignalsForIndexing() and stop() if at all.
      */
     bool endVideoIndexing();
 

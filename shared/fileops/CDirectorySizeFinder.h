@@ -14,6 +14,9 @@ namespace Tavro::Shared {
  * Each request is a task of its own on the global thread pool, and several may run at a time.
  * There is no way to stop one. A finder may be destroyed while they run: nothing is announced
  * then.
+ *
+ * A request that the pool has not begun after some seconds gets a thread of its own, and where the
+ * system has no thread to give, the thread of the finder computes the size.
  */
 class OVO_SHARED_EXPORT CDirectorySizeFinder : public QObject
 {
@@ -32,9 +35,10 @@ public:
     /**
      * The computation itself, on the calling thread: the bytes of all files below @p path, and
      * @p path as it was given. Hidden entries count; links neither count nor are followed,
-     * except @p path itself. 0 when it is no directory, or none that can be read.
+     * except @p path itself. 0 when it is no directory, or none that can be read. From any thread;
+     * it looks at nothing of the finder, so QtConcurrent::run() takes it.
      */
-    static QPair<quint64, QString> dirSize(const QString &path);
+    QPair<quint64, QString> dirSize(const QString &path);
 
 Q_SIGNALS:
     /**

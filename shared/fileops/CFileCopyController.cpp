@@ -2,12 +2,14 @@
 
 #include "host/CLogger.h"
 #include "shared/fileops/CFileCopyWorker.h"
-#include "shared/fileops/detail/TrimmedDestination.h"
+#include "shared/fileops/detail/CopyPaths.h"
+#include "shared/fileops/detail/DestinationRemoval.h"
 #include "shared/fileops/detail/WorkerHandle.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include <QPointer>
+
+#include <algorithm>
+#include <cerrno>
 
 namespace Tavro::Shared {
 
@@ -19,12 +21,15 @@ constexpr quint32 s_moduleAndComponent = 0x000B0100; // this library, copying
 
 CFileCopyController::CFileCopyController(QObject *parent)
     : QObject(parent)
-    , m_handle(std::make_unique<detail::WorkerHandle<CFileCopyWorker>>(this))
+    , m_handle(std::make_shared<detail::WorkerHandle<CFileCopyWorker>>(this))
 {
     connectReports();
 }
 
-CFileCopyController::~CFileCopyController() = default;
+CFileCopyController::~CFileCopyController()
+{
+    m_handle->letGo();
+}
 
 // The worker's signals reach the slots as if by queued connections, in order and one by one, but
 // without a wake-up for each. errorOccurred() ends here: a run that failed is announced as
@@ -32,6 +37,7 @@ CFileCopyController::~CFileCopyController() = default;
 void CFileCopyController::connectReports()
 {
     using Worker = CFileCopyWorker;
+    m_handle->onResult([this](const CFileOperationResult &result) { m_lastResult = result; });
     m_handle->onRunEnd([this] { onWorkerFinished(); });
     m_handle->onReport(&Worker::processedBytesChanged,
                        [this](qlonglong value) { setProcessedBytes(value); });
@@ -62,6 +68,11 @@ CFileCopyController::State CFileCopyController::state() const
     return static_cast<State>(m_state);
 }
 
+CFileOperationResult CFileCopyController::lastResult() const
+{
+    return m_lastResult;
+}
+
 quint32 CFileCopyController::createErrorCode(Error error)
 {
     return s_moduleAndComponent | static_cast<quint32>(error);
@@ -69,25 +80,41 @@ quint32 CFileCopyController::createErrorCode(Error error)
 
 void CFileCopyController::copyDirectory(const QString &sourcePath, const QString &destinationPath)
 {
-    m_destinations.append(destinationPath); // earlier ones stay: an abort removes them as well
-    m_handle->worker().copyDirectory(sourcePath, destinationPath);
-    startRun();
+    // earlier ones stay: an abort removes them as well
+    m_destinations.append(
+        {detail::destination(destinationPath), {detail::sourceDirectory(sourcePath)}});
+    load([&](CFileCopyWorker &worker) { worker.copyDirectory(sourcePath, destinationPath); });
 }
 
 void CFileCopyController::copyDirectories(const QStringList &sourcePath,
                                           const QStringList &destinationPath)
 {
-    m_destinations = destinationPath;
-    m_handle->worker().copyDirectories(sourcePath, destinationPath);
-    startRun();
+    QStringList sources;
+    for (int i = 0; i < std::min(sourcePath.size(), destinationPath.size()); ++i) {
+        sources.append(detail::sourceDirectory(sourcePath.at(i)));
+    }
+    m_destinations.clear();
+    for (const QString &destination : destinationPath) { // those without a source, too
+        m_destinations.append({detail::destination(destination), sources});
+    }
+    load([&](CFileCopyWorker &worker) { worker.copyDirectories(sourcePath, destinationPath); });
 }
 
 void CFileCopyController::copyDatabaseFile(const QString &sourcePath,
                                            const QString &destinationPath)
 {
-    m_destinations = QStringList(destinationPath);
-    m_handle->worker().copyLargeFile(sourcePath, destinationPath);
-    startRun();
+    m_destinations = {{detail::destination(destinationPath), {detail::sourceFile(sourcePath)}}};
+    load([&](CFileCopyWorker &worker) { worker.copyLargeFile(sourcePath, destinationPath); });
+}
+
+// Loading announces more than one thing, and each announcement may be the end of this object.
+template<typename Load> void CFileCopyController::load(Load load)
+{
+    const auto handle = m_handle;
+    load(handle->worker());
+    if (handle->isOwned()) {
+        startRun();
+    }
 }
 
 // Waits for the run in progress, which works on what was loaded before, and starts the next.
@@ -103,19 +130,23 @@ void CFileCopyController::startRun()
             removeDestinations(run);
         }
         const int loadedState = m_handle->worker().state();
-        m_handle->reports()->reportUrgently([this, loadedState] {
-            setState(loadedState);
-            setProcessedBytes(0);
-            setTotalBytes(0);
-        });
+        m_handle->reports()->reportUrgently([this, loadedState] { setState(loadedState); });
+        m_handle->reports()->reportUrgently([this] { setProcessedBytes(0); });
+        m_handle->reports()->reportUrgently([this] { setTotalBytes(0); });
     }
 
     m_runs.append({m_destinations});
     m_handle->runs().claimLoadedRequest();
     if (!m_handle->startThread()) {
+        const auto handle = m_handle;
+        handle->worker().reset();
         // the run ends, like any that failed, without a byte
-        m_handle->worker().reset();
-        m_handle->reports()->reportUrgently([this] { onWorkerFinished(); });
+        handle->reports()->reportUrgently([this] {
+            m_lastResult = {};
+            m_lastResult.errorCode = createErrorCode(ErrorSourceFileOpenFailed);
+            m_lastResult.systemError = EAGAIN;
+            onWorkerFinished();
+        });
     }
 }
 
@@ -153,7 +184,8 @@ void CFileCopyController::abort()
 
 void CFileCopyController::reset()
 {
-    m_handle->worker().reset();
+    const auto handle = m_handle; // a slot may be the end of this object
+    handle->worker().reset();
 }
 
 void CFileCopyController::setProcessedBytes(qlonglong processedBytes)
@@ -190,10 +222,19 @@ void CFileCopyController::onWorkerFinished()
 {
     Run run = m_runs.isEmpty() ? Run{m_destinations, m_handle->worker().isCanceled()}
                                : m_runs.takeFirst();
+    // after a reset() during the run the worker has nothing new to say of its state
+    const QPointer<CFileCopyController> self(this);
+    if (m_runs.isEmpty()) {
+        setState(StateIdle);
+    }
+    if (!self) {
+        return; // a slot was the end of this object
+    }
     if (!run.aborted) { // not the worker's word: it speaks of what was loaded last
         Q_EMIT operationCompleted();
         return;
     }
+    m_lastResult.canceled = true;
     removeDestinations(run);
     Q_EMIT operationCanceled();
 }
@@ -204,14 +245,11 @@ void CFileCopyController::removeDestinations(Run &run)
         return;
     }
     run.removed = true;
-    for (const QString &destination : qAsConst(run.destinations)) {
-        // under the name that was written to, and never all there is
-        const QFileInfo info(detail::trimmedDestination(destination));
-        if (info.isDir() && !QDir(info.filePath()).isRoot()) {
-            QDir(info.filePath()).removeRecursively();
-        } else if (info.isFile()) {
-            QFile(info.absoluteFilePath()).remove();
-        }
+    const QStringList sources =
+        run.destinations.isEmpty() ? QStringList() : run.destinations.constLast().sources;
+    for (const Destination &destination : qAsConst(run.destinations)) {
+        detail::removeDestination(destination.path,
+                                  detail::KeptSources(sources + destination.sources));
     }
 }
 

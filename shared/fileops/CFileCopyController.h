@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shared/OvoSharedBaseExport.h"
+#include "shared/fileops/CFileOperationResult.h"
 
 #include <QObject>
 #include <QStringList>
@@ -76,6 +77,15 @@ public:
     /** What the worker is doing, as last delivered. */
     State state() const;
 
+    /**
+     * How the run ended whose end was announced last; set before that announcement, and a default
+     * one before the first. For C++ hosts: QML sees the signals only.
+     *
+     * bytes is what processedBytes counted. A source that is missing, or no directory where one is
+     * asked for, has failed with ErrorSourceFileOpenFailed.
+     */
+    CFileOperationResult lastResult() const;
+
     /** The word by which a CErrorCode carries @p error: 0x000B0100 and the error's own number. */
     static quint32 createErrorCode(Error error);
 
@@ -147,23 +157,30 @@ private Q_SLOTS:
     void onWorkerFinished();
 
 private:
+    struct Destination // with the sources of its request, which an abort never removes
+    {
+        QString path;
+        QStringList sources;
+    };
     struct Run
     {
-        QStringList destinations;
+        QList<Destination> destinations;
         bool aborted = false;
         bool removed = false;
     };
 
     void connectReports();
+    template<typename Load> void load(Load load);
     void startRun();
     static void removeDestinations(Run &run);
 
-    std::unique_ptr<detail::WorkerHandle<CFileCopyWorker>> m_handle; // worker and thread
+    std::shared_ptr<detail::WorkerHandle<CFileCopyWorker>> m_handle; // worker and thread
     qlonglong m_totalBytes = 0;
     qlonglong m_processedBytes = 0;
     QString m_processingDirectory;
     int m_state = StateIdle;
-    QStringList m_destinations;
+    CFileOperationResult m_lastResult;
+    QList<Destination> m_destinations;
     QList<Run> m_runs; // started, end not announced yet; only the last one can still be at work
 };
 

@@ -1,145 +1,89 @@
 #include "shared/fileops/CFileCopyWorker.h"
 
 #include "shared/fileops/CFileCopyData.h"
-#include "shared/fileops/detail/CopyRequest.h"
-#include "shared/fileops/detail/FileDescriptor.h"
+#include "shared/fileops/detail/CopyPaths.h"
+#include "shared/fileops/detail/CopyRun.h"
 #include "shared/fileops/detail/TreeWalk.h"
-#include "shared/fileops/detail/TrimmedDestination.h"
-#include "shared/fileops/detail/WorkerCore.h"
+#include "shared/filesystem/detail/NativeName.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QStringBuilder>
+#include <QFileInfo>
 
-#include <fcntl.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <cerrno>
 
 namespace Tavro::Shared {
 
 namespace {
 
-constexpr qint64 s_chunkSize = 4LL * 1024 * 1024;
-constexpr qint64 s_pageSize = 4096; // the kernel copies whole pages fastest
-constexpr qint64 s_prefetchSize = 128LL * 1024; // what the kernel starts to read at one request
-
 using State = CFileCopyController::State;
-using Core = detail::WorkerCore<CFileCopyWorker, detail::CopyRequest>;
-
-// true when it was missing and is there now
-bool makeDirectory(const QString &path)
-{
-    return !path.isEmpty() && !QDir(path).exists() && QDir().mkpath(path);
-}
-
-/**
- * Holds one chunk, or less where the file is smaller: for a small file, mapping 4 MiB and giving
- * them back is a cost that shows. Left as it comes: filling it with zeros would cost far more.
- */
-class ChunkBuffer
-{
-public:
-    explicit ChunkBuffer(qint64 fileSize)
-    {
-        // one byte more than the file: a buffer filled to its end says that the file has grown
-        const qint64 pages = fileSize / s_pageSize + 1;
-        m_size = std::min(pages * s_pageSize, s_chunkSize);
-        m_memory.reset(
-            static_cast<char *>(std::aligned_alloc(s_pageSize, static_cast<size_t>(m_size))));
-    }
-
-    bool isNull() const { return !m_memory; }
-    char *data() const { return m_memory.get(); }
-    qint64 size() const { return m_size; }
-
-private:
-    struct Free
-    {
-        void operator()(char *memory) const { std::free(memory); }
-    };
-
-    qint64 m_size;
-    std::unique_ptr<char, Free> m_memory;
-};
-
-QString withFinalSlash(const QString &path)
-{
-    return path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
-}
-
-// The files found are known by absolute clean paths, and the source is cut out of them: it has
-// to be in the same form. An empty path is nobody's wish to copy a whole disk.
-QString sourceDirectory(const QString &path)
-{
-    return path.isEmpty() ? QString()
-                          : withFinalSlash(QDir::cleanPath(QDir().absoluteFilePath(path)));
-}
-
-QString destinationDirectory(const QString &path)
-{
-    const QString trimmed = detail::trimmedDestination(path);
-    return trimmed.isEmpty() ? trimmed : withFinalSlash(trimmed);
-}
 
 CFileCopyData directoryJob(const QString &sourcePath, const QString &destinationPath)
 {
     CFileCopyData job;
-    job.sourcePath = sourceDirectory(sourcePath);
-    job.destinationPath = destinationDirectory(destinationPath);
+    job.sourcePath = detail::sourceDirectory(sourcePath);
+    const QString destination = detail::destination(destinationPath);
+    job.destinationPath = destination.isEmpty() ? destination : detail::withFinalSlash(destination);
     return job;
 }
 
-QString targetOf(const CFileCopyData &job, const QString &path)
+// why there is nothing to be listed; 0 for a directory
+int errorOfDirectory(const QString &path)
 {
-    if (path.lastIndexOf(job.sourcePath) == 0) { // nearly always, and saves two copies of the path
-        return job.destinationPath % path.midRef(job.sourcePath.size());
+    if (detail::isResource(path)) {
+        return QFileInfo(path).isDir() ? 0 : ENOENT;
     }
-    // every occurrence goes, not only the first: destinations have always been named so
-    return job.destinationPath + QString(path).remove(job.sourcePath);
+    struct stat info = {};
+    if (!detail::isNameable(path)) {
+        return ENOENT;
+    }
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0) {
+        return errno;
+    }
+    return S_ISDIR(info.st_mode) ? 0 : ENOTDIR;
 }
 
-// Before anything is written, so that the flushes cover them. Not QFile's permissions: for root
-// they add what root may do, and 0444 would become 0644.
-void takeOverPermissions(const detail::FileDescriptor &destination,
-                         const struct stat &destinationInfo, const struct stat &sourceInfo)
+void enumerate(CFileCopyData &job, detail::CopyRequest &request)
 {
-    const mode_t permissions = sourceInfo.st_mode & 0777;
-    const bool isDevice = !S_ISREG(destinationInfo.st_mode); // everybody's, and stays as it is
-    if (!isDevice && (destinationInfo.st_mode & 0777) != permissions) {
-        ::fchmod(destination.handle(), permissions);
+    CFileOperationResult &result = request.result;
+    const int error = errorOfDirectory(job.sourcePath);
+    if (error != 0) {
+        if (result.errorCode == 0) {
+            result.errorCode = CFileCopyController::createErrorCode(
+                CFileCopyController::ErrorSourceFileOpenFailed);
+            result.systemError = error;
+            result.path = job.sourcePath;
+        }
+        return;
     }
-}
-
-// while this chunk is flushed, the next one can already be on its way from a slow source
-void prefetch(int source, qint64 begin, qint64 sourceSize)
-{
-    const qint64 end = std::min(begin + s_chunkSize, sourceSize);
-    for (qint64 offset = begin; offset < end; offset += s_prefetchSize) {
-        ::posix_fadvise(source, offset, std::min(s_prefetchSize, end - offset),
-                        POSIX_FADV_WILLNEED);
-    }
-}
-
-// blocks until the whole system's caches are written, names and directories among them
-void syncSystem()
-{
-    QProcess process;
-    process.start(QStringLiteral("sync"), QStringList(), QIODevice::ReadWrite);
-    // no limit: a slow stick takes minutes, and a process given up on would be killed
-    const bool ran = process.waitForFinished(-1);
-    if (!ran && process.error() == QProcess::FailedToStart) {
-        ::sync(); // the new files' names must reach a system without the command, too
+    const detail::TreeListing listing =
+        detail::listTree(job.sourcePath, detail::Links::Follow, &request.abandoned);
+    job.directories += listing.directories;
+    job.files += listing.files;
+    request.specialFiles += listing.specialFiles;
+    request.totalBytes += listing.bytes;
+    if (!listing.unreadableDirectories.isEmpty()) {
+        result.unreadableDirectories += listing.unreadableDirectories;
+        result.systemError = result.systemError == 0 ? listing.systemError : result.systemError;
     }
 }
 
 } // namespace
 
-struct CFileCopyWorker::Private : Core
+struct CFileCopyWorker::Private : detail::CopyCore
 {
-    using Core::Core;
+    explicit Private(CFileCopyWorker *worker)
+        : WorkerCore(worker)
+        , q(*worker)
+    {
+    }
+
+    bool takeStep(detail::CopyRequest &request);
+
+    CFileCopyWorker &q;
 };
 
 CFileCopyWorker::CFileCopyWorker(QObject *parent)
@@ -184,8 +128,8 @@ void CFileCopyWorker::copyDirectories(const QStringList &sourcePaths,
 void CFileCopyWorker::copyLargeFile(const QString &sourcePath, const QString &destinationPath)
 {
     CFileCopyData job;
-    job.sourcePath = sourcePath;
-    job.destinationPath = detail::trimmedDestination(destinationPath);
+    job.sourcePath = detail::sourceFile(sourcePath);
+    job.destinationPath = detail::destination(destinationPath);
     auto request = std::make_shared<detail::CopyRequest>();
     request->jobs.append(job);
     m_d->load(CFileCopyController::StateCopyingLargeFile, std::move(request));
@@ -250,42 +194,37 @@ void CFileCopyWorker::enumerateFiles()
 {
     const auto request = m_d->requests().active();
     for (CFileCopyData &job : request->jobs) {
-        if (job.sourcePath.isEmpty()) {
-            continue;
-        }
-        const detail::TreeListing listing = detail::listTree(job.sourcePath);
-        job.directories += listing.directories;
-        job.files += listing.files;
-        request->specialFiles += listing.specialFiles;
-        request->totalBytes += listing.bytes;
+        enumerate(job, *request);
     }
 }
 
 void CFileCopyWorker::doWork()
 {
-    m_d->run([this](detail::CopyRequest &request) { return takeStep(request); },
-             [this](const Core::RequestPointer &request) {
+    m_d->run([this](detail::CopyRequest &request) { return m_d->takeStep(request); },
+             [this](const detail::CopyCore::RequestPointer &request) {
                  m_d->advance(*request, CFileCopyController::StateIdle);
              });
 }
 
 // false when the run is over
-bool CFileCopyWorker::takeStep(detail::CopyRequest &request)
+bool CFileCopyWorker::Private::takeStep(detail::CopyRequest &request)
 {
     switch (request.step) {
     case CFileCopyController::StateEnumeratingFiles:
-        enumerateFiles();
-        Q_EMIT totalBytesChanged(request.totalBytes);
-        m_d->advance(request, CFileCopyController::StateCheckingSize);
+        q.enumerateFiles();
+        Q_EMIT q.totalBytesChanged(request.totalBytes);
+        advance(request, CFileCopyController::StateCheckingSize);
         return true;
     case CFileCopyController::StateCheckingSize:
-        m_d->advance(request, CFileCopyController::StateCopying);
+        advance(request, CFileCopyController::StateCopying);
         return true;
     case CFileCopyController::StateCopying:
-        copyTrees(request);
+        detail::CopyRun(q, *this, request).copyTrees();
         return false;
     case CFileCopyController::StateCopyingLargeFile:
-        copySingleFile(request);
+        q.prepareFile();
+        Q_EMIT q.totalBytesChanged(request.totalBytes);
+        detail::CopyRun(q, *this, request).copySingleFile();
         return false;
     default: // nothing is loaded
         request.canceled = true;
@@ -293,147 +232,11 @@ bool CFileCopyWorker::takeStep(detail::CopyRequest &request)
     }
 }
 
-void CFileCopyWorker::copyTrees(detail::CopyRequest &request)
-{
-    const QList<CFileCopyData> jobs = request.jobs;
-    for (const CFileCopyData &job : jobs) {
-        if (!copyTree(request, job)) {
-            return;
-        }
-    }
-}
-
-// false when the run is to stop here
-bool CFileCopyWorker::copyTree(detail::CopyRequest &request, const CFileCopyData &job)
-{
-    updateProcessingDirectory(QDir(job.destinationPath).dirName());
-    const bool hasDestination = !job.destinationPath.isEmpty(); // an empty path is not the root
-    if (hasDestination) {
-        // not judged here: a file whose directory is missing says so when it is copied
-        createFolderStructure(job.destinationPath, job.directories);
-    }
-    bool isAsked = false; // whether the destination is there, once; and again when a file finds not
-    for (const CFileEntry &file : job.files) {
-        const QString target = hasDestination ? targetOf(job, file.path()) : QString();
-        if (!isAsked) {
-            isAsked = true;
-            makeDirectory(job.destinationPath);
-        }
-        request.error = copyFile(request, file.path(), target, Source::FoundByWalk);
-        if (request.error == CFileCopyController::ErrorDestinationFileOpenFailed
-            && makeDirectory(job.destinationPath)) {
-            request.error = copyFile(request, file.path(), target, Source::FoundByWalk);
-        }
-        if (request.error != CFileCopyController::ErrorNone) {
-            Q_EMIT errorOccurred(request.error);
-            return false;
-        }
-        if (request.canceled) {
-            return false;
-        }
-    }
-    return true;
-}
-
-void CFileCopyWorker::copySingleFile(detail::CopyRequest &request)
-{
-    prepareFile();
-    Q_EMIT totalBytesChanged(request.totalBytes);
-    const CFileCopyData job = request.jobs.value(0);
-    request.error = copyFile(job.sourcePath, job.destinationPath);
-    if (request.error != CFileCopyController::ErrorNone) {
-        Q_EMIT errorOccurred(request.error);
-    }
-}
-
 int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinationPath)
 {
-    return copyFile(*m_d->requests().active(), sourcePath, destinationPath, Source::Unknown);
-}
-
-int CFileCopyWorker::copyFile(detail::CopyRequest &request, const QString &sourcePath,
-                              const QString &destinationPath, Source kind)
-{
-    struct stat sourceInfo = {};
-    detail::FileDescriptor source;
-    if (kind == Source::Unknown) {
-        source = detail::FileDescriptor::openRegularFile(sourcePath, sourceInfo);
-    } else if (!request.specialFiles.contains(sourcePath)) {
-        source = detail::FileDescriptor::openFoundFile(sourcePath, sourceInfo);
-    }
-    if (!source.isOpen()) {
-        return CFileCopyController::ErrorSourceFileOpenFailed;
-    }
-    struct stat destinationInfo = {};
-    auto destination =
-        detail::FileDescriptor::createUnlessSame(destinationPath, sourceInfo, destinationInfo);
-    if (!destination.isOpen()) {
-        return CFileCopyController::ErrorDestinationFileOpenFailed;
-    }
-
-    takeOverPermissions(destination, destinationInfo, sourceInfo);
-
-    int error = copyChunks(request, source, destination, sourceInfo.st_size);
-    if (!destination.close() && error == CFileCopyController::ErrorNone) {
-        error = CFileCopyController::ErrorDestinationFileWriteFailed;
-    }
-    source.close();
-    if (error != CFileCopyController::ErrorNone) {
-        detail::removeWrittenFile(destinationPath);
-    }
-    return error;
-}
-
-int CFileCopyWorker::copyChunks(detail::CopyRequest &request, detail::FileDescriptor &source,
-                                detail::FileDescriptor &destination, qint64 sourceSize)
-{
-    ChunkBuffer buffer(sourceSize);
-    if (buffer.isNull()) {
-        return CFileCopyController::ErrorSourceFileReadFailed;
-    }
-    qint64 copied = 0;
-    for (;;) {
-        m_d->processEvents();
-        if (request.canceled) {
-            // cut off: whoever cancelled removes it, unless nobody is left to
-            return request.abandoned ? CFileCopyController::ErrorDestinationFileWriteFailed
-                                     : CFileCopyController::ErrorNone;
-        }
-        m_d->gate().pass();
-
-        qint64 n = source.read(buffer.data(), buffer.size(), sourceSize - copied);
-        if (n > 0 && copied + n > sourceSize && buffer.size() < s_chunkSize) {
-            // the file is growing: what it has by now still makes a chunk of the usual size
-            ChunkBuffer whole(s_chunkSize);
-            if (whole.isNull()) {
-                return CFileCopyController::ErrorSourceFileReadFailed;
-            }
-            std::copy_n(buffer.data(), n, whole.data());
-            buffer = std::move(whole);
-            const qint64 room = buffer.size() - n;
-            const qint64 more = source.read(buffer.data() + n, room, room);
-            n = more < 0 ? more : n + more;
-        }
-        if (n == 0) {
-            return CFileCopyController::ErrorNone;
-        }
-        if (n < 0) {
-            return CFileCopyController::ErrorSourceFileReadFailed;
-        }
-        if (!destination.write(buffer.data(), n)) {
-            return CFileCopyController::ErrorDestinationFileWriteFailed;
-        }
-        copied += n;
-        prefetch(source.handle(), copied, sourceSize);
-        // each chunk: a drive pulled out now loses at most this one
-        if (!destination.flush()) {
-            return CFileCopyController::ErrorDestinationFileWriteFailed;
-        }
-        if (request.processedBytes + n >= request.totalBytes) {
-            syncSystem();
-        }
-        Q_EMIT processedBytesChanged(request.processedBytes += n);
-    }
+    const auto request = m_d->requests().active();
+    return detail::CopyRun(*this, *m_d, *request)
+        .copyFile(detail::sourceFile(sourcePath), detail::destinationFile(destinationPath));
 }
 
 } // namespace Tavro::Shared

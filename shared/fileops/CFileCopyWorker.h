@@ -10,12 +10,8 @@
 
 namespace Tavro::Shared {
 
-struct CFileCopyData;
-
 namespace detail {
-class FileDescriptor;
 class RunControl;
-struct CopyRequest;
 template<typename Worker> class WorkerHandle;
 } // namespace detail
 
@@ -126,18 +122,6 @@ private:
     struct Private;
 
     detail::RunControl &runs();
-    bool takeStep(detail::CopyRequest &request);
-    void copyTrees(detail::CopyRequest &request);
-    bool copyTree(detail::CopyRequest &request, const CFileCopyData &job);
-    void copySingleFile(detail::CopyRequest &request);
-    enum class Source {
-        Unknown, /**< it may be anything */
-        FoundByWalk, /**< the walk has told files from the rest */
-    };
-    int copyFile(detail::CopyRequest &request, const QString &sourcePath,
-                 const QString &destinationPath, Source kind);
-    int copyChunks(detail::CopyRequest &request, detail::FileDescriptor &source,
-                   detail::FileDescriptor &destination, qint64 sourceSize);
 
     std::unique_ptr<Private> m_d;
 };

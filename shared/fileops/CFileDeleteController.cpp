@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+#include <cerrno>
+
 namespace Tavro::Shared {
 
 namespace {
@@ -19,6 +21,7 @@ CFileDeleteController::CFileDeleteController(QObject *parent)
 {
     // finished() and errorOccurred() end at the worker: that a run is over shows in the state
     using Worker = CFileDeleteWorker;
+    m_handle->onResult([this](const CFileOperationResult &result) { m_lastResult = result; });
     m_handle->onReport(&Worker::processedBytesChanged,
                        [this](qlonglong value) { setProcessedBytes(value); });
     m_handle->onReport(&Worker::totalBytesChanged,
@@ -42,6 +45,11 @@ qlonglong CFileDeleteController::totalBytes() const
 CFileDeleteController::State CFileDeleteController::state() const
 {
     return static_cast<State>(m_state);
+}
+
+CFileOperationResult CFileDeleteController::lastResult() const
+{
+    return m_lastResult;
 }
 
 quint32 CFileDeleteController::createErrorCode(Error error)
@@ -79,7 +87,12 @@ void CFileDeleteController::startNextRun()
     }
     if (!m_handle->startThread()) {
         // behind the state that the request has announced
-        m_handle->reports()->reportUrgently([this] { m_handle->worker().reset(); });
+        m_handle->reports()->reportUrgently([this] {
+            m_lastResult = CFileOperationResult();
+            m_lastResult.errorCode = createErrorCode(ErrorInternal);
+            m_lastResult.systemError = EAGAIN; // what Qt's thread does not pass on
+            m_handle->worker().reset();
+        });
     }
 }
 

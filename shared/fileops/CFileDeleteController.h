@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shared/OvoSharedBaseExport.h"
+#include "shared/fileops/CFileOperationResult.h"
 
 #include <QObject>
 #include <QStringList>
@@ -64,6 +65,14 @@ public:
     /** What the worker is doing, as last delivered. */
     State state() const;
 
+    /**
+     * How the run ended whose end was announced last; set before the change to idle, and a default
+     * one before the first. For C++ hosts: QML sees the state only.
+     *
+     * files and bytes are those that processedBytes counted. What was not there is deleted.
+     */
+    CFileOperationResult lastResult() const;
+
     /** The word by which a CErrorCode carries @p error: 0x000B0200 and the error's own number. */
     static quint32 createErrorCode(Error error);
 
@@ -119,6 +128,7 @@ private:
     qlonglong m_totalBytes = 0;
     qlonglong m_processedBytes = 0;
     int m_state = StateIdle;
+    CFileOperationResult m_lastResult;
 };
 
 } // namespace Tavro::Shared

@@ -13,6 +13,28 @@ namespace {
 using State = CFileDeleteController::State;
 using Core = detail::WorkerCore<CFileDeleteWorker, detail::DeleteRequest>;
 
+// the first failure of a run is the one that its result names
+void note(detail::DeleteRequest &request, CFileDeleteController::Error error, int systemError,
+          const QString &path)
+{
+    CFileOperationResult &result = request.result;
+    if (result.errorCode == 0) {
+        result.errorCode = CFileDeleteController::createErrorCode(error);
+        result.systemError = systemError;
+        result.path = path;
+    }
+}
+
+void showUnreadable(detail::DeleteRequest &request)
+{
+    QStringList directories;
+    for (const QStringList &ofJob : qAsConst(request.unreadable)) {
+        directories += ofJob;
+    }
+    directories.removeDuplicates();
+    request.result.unreadableDirectories = directories;
+}
+
 } // namespace
 
 struct CFileDeleteWorker::Private : Core
@@ -51,6 +73,7 @@ void CFileDeleteWorker::deleteDirectories(const QStringList &paths)
         job.path = path;
         request->jobs.append(job);
         request->roots.append(detail::removalRoot(path));
+        request->unreadable.append(QStringList());
     }
     m_d->load(CFileDeleteController::StateEnumeratingFiles, std::move(request));
 }
@@ -94,16 +117,19 @@ void CFileDeleteWorker::enumerateFiles()
 {
     const auto request = m_d->requests().active();
     for (int i = 0; i < request->jobs.size(); ++i) {
-        const QString &root = request->roots.at(i);
-        if (!detail::isRemovableTree(root)) {
+        const detail::RemovalRoot &root = request->roots.at(i);
+        if (root.systemError != 0 || !detail::isRemovableTree(root.path)) {
             continue;
         }
-        const detail::TreeListing listing = detail::listTree(root, detail::Links::LeaveOut);
+        const detail::TreeListing listing =
+            detail::listTree(root.path, detail::Links::LeaveOut, &request->abandoned);
+        request->unreadable[i] = listing.unreadableDirectories;
         CFileDeleteData &job = request->jobs[i];
         job.directories += listing.directories;
         job.files += listing.files;
         request->totalBytes += listing.bytes;
     }
+    showUnreadable(*request);
 }
 
 void CFileDeleteWorker::doWork()
@@ -126,29 +152,44 @@ bool CFileDeleteWorker::takeStep(detail::DeleteRequest &request)
         return false;
     default: // nothing is loaded
         request.canceled = true;
-        Q_EMIT errorOccurred(CFileDeleteController::ErrorInternal);
+        fail(request, CFileDeleteController::ErrorInternal, 0, QString());
         return true;
     }
 }
 
-void CFileDeleteWorker::deleteTrees(const detail::DeleteRequest &request)
+void CFileDeleteWorker::deleteTrees(detail::DeleteRequest &request)
 {
+    QStringList touchedRoots;
     for (int i = 0; i < request.jobs.size(); ++i) {
-        const QString &root = request.roots.at(i);
-        if (!deleteFiles(request, request.jobs.at(i), root)) {
-            Q_EMIT errorOccurred(CFileDeleteController::ErrorFileDeletionFailed);
-            return;
+        const detail::RemovalRoot &root = request.roots.at(i);
+        if (root.systemError != 0) {
+            fail(request, CFileDeleteController::ErrorDirectoryDeletionFailed, root.systemError,
+                 root.path);
+            continue;
         }
+        const qint64 filesBefore = request.result.files;
+        const bool isToGo = deleteFiles(request, request.jobs.at(i), root.path);
         // whatever was passed over goes now: a deletion that has begun leaves no half of a tree
-        if (!detail::removeTree(root)) {
-            Q_EMIT errorOccurred(CFileDeleteController::ErrorDirectoryDeletionFailed);
+        const bool isTouched = isToGo && deleteRest(request, i);
+        if (isTouched || request.result.files > filesBefore) {
+            touchedRoots.append(root.path);
         }
+        if (!isToGo) {
+            break;
+        }
+    }
+    showUnreadable(request);
+    const detail::FlushFailure failure = detail::flushRemovals(touchedRoots);
+    if (failure.systemError != 0) {
+        // nothing is left of it, for now: no news to whoever listens to the signals
+        note(request, CFileDeleteController::ErrorDirectoryDeletionFailed, failure.systemError,
+             failure.path);
     }
 }
 
 // false at the first file that cannot be removed
-bool CFileDeleteWorker::deleteFiles(const detail::DeleteRequest &request,
-                                    const CFileDeleteData &job, const QString &root)
+bool CFileDeleteWorker::deleteFiles(detail::DeleteRequest &request, const CFileDeleteData &job,
+                                    const QString &root)
 {
     if (job.files.isEmpty()) {
         return true;
@@ -158,12 +199,37 @@ bool CFileDeleteWorker::deleteFiles(const detail::DeleteRequest &request,
         if (request.canceled || m_d->gate().isClosed()) {
             continue; // without waiting: a deletion does not halt half way
         }
-        if (!removal.remove(file.path())) {
+        if (const int error = removal.remove(file.path())) {
+            fail(request, CFileDeleteController::ErrorFileDeletionFailed, error, file.path());
             return false;
         }
+        ++request.result.files;
+        request.result.bytes += file.size();
         updateProcessedBytes(file.size());
     }
     return true;
+}
+
+// whether there was something to remove
+bool CFileDeleteWorker::deleteRest(detail::DeleteRequest &request, int job)
+{
+    using Outcome = detail::TreeRemoval::Outcome;
+    const detail::TreeRemoval removal = detail::removeTree(request.roots.at(job).path);
+    request.unreadable[job] = removal.unreadableDirectories;
+    const auto error = CFileDeleteController::ErrorDirectoryDeletionFailed;
+    if (removal.outcome == Outcome::Failed) {
+        fail(request, error, removal.systemError, removal.path);
+    } else if (removal.outcome == Outcome::NoDirectory) {
+        note(request, error, removal.systemError, removal.path); // there is no directory
+    }
+    return removal.wasThere;
+}
+
+void CFileDeleteWorker::fail(detail::DeleteRequest &request, CFileDeleteController::Error error,
+                             int systemError, const QString &path)
+{
+    note(request, error, systemError, path);
+    Q_EMIT errorOccurred(error);
 }
 
 } // namespace Tavro::Shared

@@ -104,9 +104,12 @@ private:
 
     detail::RunControl &runs();
     bool takeStep(detail::DeleteRequest &request);
-    void deleteTrees(const detail::DeleteRequest &request);
-    bool deleteFiles(const detail::DeleteRequest &request, const CFileDeleteData &job,
+    void deleteTrees(detail::DeleteRequest &request);
+    bool deleteFiles(detail::DeleteRequest &request, const CFileDeleteData &job,
                      const QString &root);
+    bool deleteRest(detail::DeleteRequest &request, int job);
+    void fail(detail::DeleteRequest &request, CFileDeleteController::Error error, int systemError,
+              const QString &path);
 
     std::unique_ptr<Private> m_d;
 };

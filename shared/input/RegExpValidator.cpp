@@ -10,23 +10,89 @@ namespace {
 // process; patterns that people write have a handful
 constexpr int s_deepestGroup = 1000;
 
-bool isTooDeep(const QString &pattern)
+/**
+ * How many groups of a pattern are open within each other at most, counted as QRegExp reads it: on
+ * to the end, also where it has found a mistake.
+ */
+class GroupDepth
 {
-    int depth = 0;
-    for (int i = 0; i < pattern.size(); ++i) {
-        const QChar sign = pattern.at(i);
-        if (sign == QLatin1Char('\\')) {
-            ++i; // whatever follows means itself
-        } else if (sign == QLatin1Char('(')) {
-            if (++depth > s_deepestGroup) {
-                return true;
-            }
-        } else if (sign == QLatin1Char(')')) {
-            --depth;
+public:
+    explicit GroupDepth(const QString &pattern)
+        : m_pattern(pattern)
+    {
+        while (m_at < m_pattern.size()) {
+            readToken();
         }
     }
-    return false;
-}
+
+    int deepest() const { return m_deepest; }
+
+private:
+    bool isNext(char sign) const
+    {
+        return m_at < m_pattern.size() && m_pattern.at(m_at) == QLatin1Char(sign);
+    }
+
+    void readToken()
+    {
+        if (isNext('(')) {
+            // "(?" takes one more with it, whatever it is
+            ++m_at;
+            m_at += isNext('?') ? 2 : 0;
+            m_deepest = qMax(m_deepest, ++m_depth);
+        } else if (isNext(')')) {
+            ++m_at;
+            m_depth = qMax(m_depth - 1, 0);
+        } else if (isNext('[')) {
+            readClass();
+        } else if (isNext('{')) {
+            readRepetition();
+        } else {
+            readLetter();
+        }
+    }
+
+    void readLetter()
+    {
+        m_at += isNext('\\') ? 2 : 1; // what follows a backslash means itself
+    }
+
+    // the first letter of a class is in it, also when it is "]"
+    void readClass()
+    {
+        ++m_at;
+        m_at += isNext('^') ? 1 : 0;
+        do {
+            readLetter();
+        } while (m_at < m_pattern.size() && !isNext(']'));
+        ++m_at;
+    }
+
+    // it takes the letter behind its numbers with it, which should be "}"
+    void readRepetition()
+    {
+        ++m_at;
+        readDigits();
+        if (isNext(',')) {
+            ++m_at;
+            readDigits();
+        }
+        ++m_at;
+    }
+
+    void readDigits()
+    {
+        while (m_at < m_pattern.size() && m_pattern.at(m_at) >= QLatin1Char('0')
+               && m_pattern.at(m_at) <= QLatin1Char('9')) {
+            ++m_at;
+        }
+    }
+
+    const QString &m_pattern;
+    int m_at = 0;
+    int m_depth = 0;
+    int m_deepest = 0;
+};
 
 } // namespace
 
@@ -47,7 +113,7 @@ void RegExpValidator::setPattern(const QString &pattern)
     m_pattern = pattern;
     parsePattern();
     m_regExp.setPattern(m_parsedPattern); // compiles nothing before the first match
-    m_isTooDeep = isTooDeep(m_parsedPattern);
+    m_isTooDeep = GroupDepth(m_parsedPattern).deepest() > s_deepestGroup;
     m_hintOutdated = true;
 }
 

@@ -82,6 +82,10 @@ public:
     /**
      * The number in @p text, where "." and "," both are decimal marks in every locale, so that
      * neither can group digits. 0 when @p text is no number, has two marks, or is out of range.
+     *
+     * **"nan" and "inf" are numbers**, in any case and with blanks around them, "inf" with a sign,
+     * too: the result is NaN or infinity. Ask std::isfinite() before it is stored, or let a
+     * DoubleValidator refuse such texts.
      */
     static double distanceValueFromLocalizedString(const QString &text);
     /**

@@ -59,8 +59,10 @@ public:
 
     /**
      * Sets the locale of a catalog's country and language codes, those of
-     * CCountryLanguageCodeConversion, and makes it valid. Unknown codes count as "any" and give
-     * a valid locale all the same.
+     * CCountryLanguageCodeConversion, and makes it valid. An unknown code counts as "any", so
+     * that the other one decides. **Where both are unknown, it is QLocale's default locale**: the
+     * one of the project before, feet included, unless unsetLocale() was called in between, and the
+     * device's then.
      *
      * Emits localeChanged() on every call, and afterwards logs the locale at level Info under
      * "Locale".

@@ -47,6 +47,9 @@ void Async::startTask(QRunnable *task)
 
 void Async::runInThread(QRunnable *task)
 {
+    if (!task) {
+        return; // it would call startNext() as little as it would run
+    }
     // without the mutex: startNext() comes here with it
     ++m_runningCount;
     detail::TaskPool::instance().start(task, m_onPool);
@@ -54,14 +57,14 @@ void Async::runInThread(QRunnable *task)
 
 void Async::addToQueue(QRunnable *task)
 {
-    m_queue->append(task);
+    if (task) {
+        m_queue->append(task);
+    }
 }
 
 void Async::startFromQueue()
 {
-    if (const auto task = m_queue->takeFirst()) {
-        runInThread(*task);
-    }
+    runInThread(m_queue->takeFirst());
 }
 
 void Async::clearQueue()

@@ -26,8 +26,9 @@ class TaskQueue;
  *
  * The tasks of all owners share one pool of at most 8 threads, which is not Qt's global one.
  *
- * A task is the host's. It is never null, and on its thread it does three things, in this order,
- * when its work is done:
+ * A task is the host's. A null one is passed over, wherever it is given: it neither counts nor
+ * waits, and startTask() does with the others what it always does. On its thread a task does three
+ * things, in this order, when its work is done:
  * -# it emits the fitting taskDone(), which a queued connection brings to the owner's thread;
  * -# it calls startNext(), exactly once, also when its work failed: a task that leaves it out
  *    blocks its queue and whoever waits;

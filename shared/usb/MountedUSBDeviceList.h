@@ -121,7 +121,8 @@ public:
     /**
      * The USB mass-storage devices, with and without medium, in the system's order; each with
      * its mounted partitions in the order of the mount table. Partitions are told by their
-     * name's beginning: /dev/sda takes /dev/sda1. Empty when there is no device or no libudev.
+     * name's beginning: /dev/sda takes /dev/sda1, and /dev/sdaa1, too. Empty when there is no
+     * device or no libudev.
      *
      * Mounts the drive for the look and unmounts it again if nothing is mounted on
      * /media/usbdrive. **Blocks without limit** then, as mountUSB() and dismountUSB() do.
@@ -140,8 +141,9 @@ public:
     /**
      * The directory to offer as the USB drive, as a list of two: its absolute path (a text), and
      * whether all file systems on the drives are supported (a bool). Where several partitions
-     * are mounted, it is the directory above the first one's mount point, unless that is "/".
-     * An empty text and false when no partition can be written to.
+     * are mounted, it is the directory above the first one's mount point, unless that is "/": it is
+     * on none of them then, and USBDriveCleanAccessManager::lock() marks nothing for it. An empty
+     * text and false when no partition can be written to.
      *
      * Mounts the drive for the look and **blocks without limit**, as getUSBMountInfo() does.
      */

@@ -2,6 +2,7 @@
 
 #include "shared/usb/MountedUSBDeviceList.h"
 #include "shared/usb/detail/FileHandle.h"
+#include "shared/usb/detail/VolumeIdentity.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,6 +37,35 @@ bool reachesTheDevice(std::FILE *device)
     return ::fsync(::fileno(device)) == 0 || errno == EINVAL; // a device without a cache
 }
 
+// buffered, a write that the device refuses would count as done
+std::FILE *openUnbuffered(const QString &path, const char *mode)
+{
+    std::FILE *device = std::fopen(QFile::encodeName(path).constData(), mode);
+    if (device) {
+        std::setvbuf(device, nullptr, _IONBF, 0);
+    }
+    return device;
+}
+
+// closes the device, before everything is synced
+bool putByte(std::FILE *device, qint64 offset, char value)
+{
+    const bool written = ::fseeko(device, offset, SEEK_SET) == 0
+        && std::fwrite(&value, sizeof value, 1, device) == 1 && reachesTheDevice(device);
+    const bool closed = std::fclose(device) == 0;
+    ::sync();
+    return written && closed;
+}
+
+QByteArray identityOf(const mountItem &partition)
+{
+    if (getDirtyByteOffset(partition.fileSystemType) < 0) {
+        return {};
+    }
+    const detail::FileHandle device = detail::openForReading(partition.device.absoluteFilePath());
+    return device ? detail::volumeIdentity(device.get(), partition.fileSystemType) : QByteArray();
+}
+
 } // namespace
 
 USBDriveCleanAccessManager::USBDriveCleanAccessManager(QObject *parent)
@@ -62,18 +92,17 @@ bool USBDriveCleanAccessManager::lock(const QString &mountPath)
         m_device = item->device;
         m_mountPoint = item->mountPoint;
         m_fileSystemType = item->fileSystemType;
+        m_volume = identityOf(*item);
     }
     // the look may have unmounted it; where it is mounted, this fails and does no harm
     MountedUSBDeviceList::mountUSB();
-    return !m_fileSystemType.isEmpty()
-        && setDirtyFlag(m_device.absoluteFilePath(), m_fileSystemType);
+    return mark(s_dirty);
 }
 
 bool USBDriveCleanAccessManager::unlock()
 {
     MountedUSBDeviceList::dismountUSB();
-    return !m_fileSystemType.isEmpty()
-        && clearDirtyFlag(m_device.absoluteFilePath(), m_fileSystemType);
+    return mark(s_clean);
 }
 
 bool USBDriveCleanAccessManager::setDirtyFlag(const QString &devicePath,
@@ -94,17 +123,11 @@ bool USBDriveCleanAccessManager::writeByteIntoDev(const QString &devicePath, qin
     if (offset < 0 || isMissingNode(devicePath)) {
         return false;
     }
-    std::FILE *device = std::fopen(QFile::encodeName(devicePath).constData(), "wb");
+    std::FILE *device = openUnbuffered(devicePath, "wb");
     if (!device) {
         return false;
     }
-    // buffered, a write that the device refuses would count as done
-    std::setvbuf(device, nullptr, _IONBF, 0);
-    const bool written = ::fseeko(device, offset, SEEK_SET) == 0
-        && std::fwrite(&value, sizeof value, 1, device) == 1 && reachesTheDevice(device);
-    const bool closed = std::fclose(device) == 0;
-    ::sync();
-    return written && closed;
+    return putByte(device, offset, value);
 }
 
 char USBDriveCleanAccessManager::readByteFromDev(const QString &devicePath, qint64 offset)
@@ -119,6 +142,25 @@ char USBDriveCleanAccessManager::readByteFromDev(const QString &devicePath, qint
         return 0;
     }
     return value;
+}
+
+// The node may be another drive's by now, which has something else where this one has its dirty
+// byte. One descriptor for the look and the write: it stays with the drive that it was opened on.
+bool USBDriveCleanAccessManager::mark(char value) const
+{
+    if (m_volume.isEmpty()) {
+        return false;
+    }
+    // neither empties a file nor creates one
+    std::FILE *device = openUnbuffered(m_device.absoluteFilePath(), "r+b");
+    if (!device) {
+        return false;
+    }
+    if (detail::volumeIdentity(device, m_fileSystemType) != m_volume) {
+        std::fclose(device);
+        return false;
+    }
+    return putByte(device, getDirtyByteOffset(m_fileSystemType), value);
 }
 
 qint64 getDirtyByteOffset(const QString &fileSystemType)

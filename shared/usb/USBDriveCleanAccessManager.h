@@ -2,6 +2,7 @@
 
 #include "shared/OvoSharedBaseExport.h"
 
+#include <QByteArray>
 #include <QFileInfo>
 #include <QObject>
 #include <QString>
@@ -17,8 +18,12 @@ namespace Tavro::Shared {
  * drive checks it. The mark is not asked before it is set: a volume that was dirty before lock()
  * is clean after unlock(), although nobody has checked it.
  *
- * There is no count: every call acts at once. An unlock() is about the partition that a lock()
- * has found last. Every function works on the caller's thread and **blocks it while commands run
+ * There is no count: every call acts at once. An unlock() is about the volume that a lock() has
+ * found last. Where its device has become another volume's, because another drive was plugged in
+ * or this one formatted, neither function writes to it: kind of FAT, OEM name, volume serial number
+ * and sizes in the boot sector have to be those that lock() has found.
+ *
+ * Every function works on the caller's thread and **blocks it while commands run
  * and the device is written**. One object brackets one writer. Needs the right to mount the
  * drive and to write to its block device.
  */
@@ -32,14 +37,17 @@ public:
 
     /**
      * Mounts the drive and marks the partition dirty that holds @p mountPath: the first one with
-     * a mount point by which the path begins. Where none does, the partition found by an earlier
-     * call is marked once more.
+     * a mount point by which the path begins. **Only the letters count**: with the mount point
+     * /media/usbdrive the path /media/usbdrive-backup/x is on the drive, /media is not. Where no
+     * mount point fits, the partition found by an earlier call is marked once more.
      *
      * True when the mark is on the device. False where there is no partition to write to (the
      * drive is left as it is then, though it may have been mounted for the look), and where the
-     * partition cannot be marked: its type has no dirty byte ("vfat", "ntfs", "exfat"), the right
-     * to write to the device is missing, or no call has found a partition yet. The drive is
-     * mounted nevertheless in these three cases.
+     * partition cannot be marked. The drive is mounted nevertheless in these cases:
+     * - its type has no dirty byte ("vfat", "ntfs", "exfat");
+     * - the right to read from and write to the device is missing;
+     * - the device is another volume's by now;
+     * - no call has found a partition yet.
      *
      * **Blocks without limit** as MountedUSBDeviceList::getUSBMountPaths() and mountUSB() do, and
      * until all of the system's caches are written.
@@ -48,8 +56,9 @@ public:
 
     /**
      * Unmounts the drive if it is mounted on /media/usbdrive, and marks the partition of the last
-     * lock() clean. True when the mark is on the device; false where it is not, and where no
-     * lock() has found a partition: the drive is unmounted nevertheless.
+     * lock() clean. True when the mark is on the device. False where it is not, where the device is
+     * another volume's by now, and where no lock() has found a partition: the drive is unmounted
+     * nevertheless.
      *
      * **Blocks without limit**, for good where the drive stays in use, as
      * MountedUSBDeviceList::dismountUSB() does.
@@ -83,9 +92,12 @@ public:
     static char readByteFromDev(const QString &devicePath, qint64 offset);
 
 private:
+    bool mark(char value) const;
+
     QFileInfo m_device;
     QFileInfo m_mountPoint;
     QString m_fileSystemType; // empty until a lock() has found a partition
+    QByteArray m_volume; // what tells it from others; empty when it is not to be marked
 };
 
 /**

@@ -3,6 +3,7 @@
 #include "host/CPipeObservationObject.h"
 #include "tests/clipinfo/RecordingHost.h"
 
+#include <QDir>
 #include <QFile>
 #include <QMetaMethod>
 #include <QTest>
@@ -81,6 +82,11 @@ private Q_SLOTS:
     void aStopWhilePausedKeepsThePause();
     void aClipFromBeginningToEnd();
     void theNextClipBeginsAnew();
+    void aClipThatWasNotWrittenGetsIntoTheNext_data();
+    void aClipThatWasNotWrittenGetsIntoTheNext();
+    void aContinuationThatWasNotWrittenTakesTheNextsHeader();
+    void aClipThatWasNotWrittenCanBeSavedOrDropped_data();
+    void aClipThatWasNotWrittenCanBeSavedOrDropped();
 
 private:
     // ends the clip and returns its samples, without "Val"
@@ -102,11 +108,16 @@ private:
         m_host->recorder().setDuration(milliseconds);
     }
 
+    // a clip of 60 s whose end is not written; indexing is on afterwards
+    void recordUnwritten(bool isSettingOff);
+    void recordNext();
+
     QScopedPointer<ProjectUnit> m_unit;
     std::unique_ptr<RecordingHost> m_host;
     ClipInfoHandler *m_handler = nullptr; // belongs to the host's creation handler
     QString m_video;
     QString m_info;
+    QString m_next; // info file of recordNext()
 };
 
 void tst_ClipInfoHandler::init()
@@ -804,6 +815,113 @@ void tst_ClipInfoHandler::theNextClipBeginsAnew()
              (QByteArrayList{"Val00000=0.000;0.000;0;0.000;0.000",
                              "Val00001=0.040;0.000;0;30.000;1.000"}));
     QCOMPARE(valuesIn(m_info).size(), 2);
+}
+
+void tst_ClipInfoHandler::recordUnwritten(bool isSettingOff)
+{
+    QVERIFY(m_handler->connectToVideoRecorder(&m_host->recorder()));
+    begin();
+    if (!isSettingOff) {
+        QVERIFY(QDir().mkpath(m_info)); // root may write to anything but a directory
+    }
+    m_host->recorder().setState(FreeRecorder::Recording);
+    for (const int second : {0, 20, 60}) {
+        m_host->recorder().setDuration(second * 1000);
+        m_host->camera().setPan(second + 1);
+    }
+    m_host->settings().setVideoIndexingEnabled(!isSettingOff);
+    m_host->recorder().setState(FreeRecorder::Idle);
+    m_host->settings().setVideoIndexingEnabled(true);
+    m_host->recorder().setDuration(0);
+    if (!isSettingOff) {
+        QVERIFY(QDir().rmdir(m_info));
+    }
+}
+
+void tst_ClipInfoHandler::recordNext()
+{
+    QVERIFY(m_handler->connectToVideoRecorder(&m_host->recorder()));
+    QVERIFY(m_handler->initRecordedVideoIndexing(m_host->path(QStringLiteral("next.mp4"))));
+    m_host->recorder().setState(FreeRecorder::Recording);
+    for (const int second : {10, 59, 61}) {
+        m_host->recorder().setDuration(second * 1000);
+        m_host->camera().setTilt(second);
+    }
+    m_host->recorder().setState(FreeRecorder::Idle);
+    m_next = m_host->path(QStringLiteral("next.txt"));
+}
+
+void tst_ClipInfoHandler::aClipThatWasNotWrittenGetsIntoTheNext_data()
+{
+    QTest::addColumn<bool>("isSettingOff");
+
+    QTest::newRow("the file could not be written") << false;
+    QTest::newRow("indexing was turned off") << true;
+}
+
+// hosts count on a second stop(), so the page says what else comes of it
+void tst_ClipInfoHandler::aClipThatWasNotWrittenGetsIntoTheNext()
+{
+    QFETCH(bool, isSettingOff);
+    recordUnwritten(isSettingOff);
+    QVERIFY(!QFile::exists(m_info));
+    recordNext();
+    // its beginning, 10 s and 59 s are missing; 20 s and 60 s are of the other clip
+    QCOMPARE(valuesIn(m_next),
+             (QByteArrayList{
+                 "Val00000=61.000;0.000;0;61.000;61.000", "Val00001=0.000;0.000;0;1.000;0.000",
+                 "Val00002=20.000;0.000;0;21.000;0.000", "Val00003=60.000;0.000;0;61.000;0.000"}));
+    QVERIFY(contentOf(m_next).startsWith("[ClipInfo]\n"));
+    QVERIFY(!QFile::exists(m_info));
+}
+
+void tst_ClipInfoHandler::aContinuationThatWasNotWrittenTakesTheNextsHeader()
+{
+    makeFile(m_info, "Val00004=\n");
+    begin();
+    QVERIFY(QFile::remove(m_info));
+    QVERIFY(QDir().mkpath(m_info));
+    QVERIFY(m_handler->write(1, 0, 0, 0, 0));
+    QVERIFY(!m_handler->stop());
+    recordNext();
+    QVERIFY(contentOf(m_next).startsWith("Val00000="));
+}
+
+void tst_ClipInfoHandler::aClipThatWasNotWrittenCanBeSavedOrDropped_data()
+{
+    QTest::addColumn<bool>("isSettingOff");
+    QTest::addColumn<bool>("isSaved");
+
+    QTest::newRow("not written, saved") << false << true;
+    QTest::newRow("not written, dropped") << false << false;
+    QTest::newRow("turned off, saved") << true << true;
+    QTest::newRow("turned off, dropped") << true << false;
+}
+
+void tst_ClipInfoHandler::aClipThatWasNotWrittenCanBeSavedOrDropped()
+{
+    QFETCH(bool, isSettingOff);
+    QFETCH(bool, isSaved);
+    recordUnwritten(isSettingOff);
+    if (isSaved) {
+        m_host->settings().setVideoIndexingEnabled(!isSettingOff); // neither asks for it
+        m_handler->disconnectSignalsForIndexing();
+        QVERIFY(m_handler->stop());
+        m_host->settings().setVideoIndexingEnabled(true);
+    } else {
+        delete m_handler;
+        m_handler = new ClipInfoHandler(&m_host->creation());
+    }
+    recordNext();
+    QByteArrayList times = valuesIn(m_next);
+    for (QByteArray &line : times) {
+        line = line.left(line.indexOf(';'));
+    }
+    QCOMPARE(times,
+             (QByteArrayList{"Val00000=0.000", "Val00001=10.000", "Val00002=59.000",
+                             "Val00003=61.000"}));
+    QVERIFY(contentOf(m_next).startsWith("[ClipInfo]\n"));
+    QCOMPARE(valuesIn(m_info).size(), isSaved ? 4 : 0);
 }
 
 QTEST_GUILESS_MAIN(tst_ClipInfoHandler)

@@ -1,4 +1,5 @@
 #include "shared/fileops/CDirectorySizeFinder.h"
+#include "tests/support/FaultInjection.h"
 #include "tests/support/FileTree.h"
 #include "tests/support/LogRecorder.h"
 
@@ -11,11 +12,16 @@
 #include <QTest>
 #include <QThread>
 #include <QThreadPool>
+#include <QtConcurrentRun>
 
+#include <cerrno>
 #include <memory>
 #include <vector>
 
 using Tavro::Shared::CDirectorySizeFinder;
+using Test::FaultInjection::Call;
+
+namespace Faults = Test::FaultInjection;
 
 class tst_CDirectorySizeFinder : public QObject
 {
@@ -29,11 +35,17 @@ private Q_SLOTS:
     void sizeArrivesWithThePathAsRequested_data();
     void sizeArrivesWithThePathAsRequested();
     void computationIsToBeHadAlone();
+    void computationRunsAsTheHostsOwnTask();
     void sumsBeyondThirtyTwoBitsAreExact();
     void requestReturnsBeforeItIsDone();
     void signalBelongsToTheRequestingThread();
     void severalRequestsEachGetTheirAnswer();
     void tenThousandLevelsFitAPoolThread();
+    void requestsAreAnsweredWhereNoThreadIsToBeHad_data();
+    void requestsAreAnsweredWhereNoThreadIsToBeHad();
+    void requestsAreAnsweredWhereThePoolStaysBusy();
+    void searchPathsAndResourcesAreDirectories_data();
+    void searchPathsAndResourcesAreDirectories();
     void destroyedWhileRequestsRun();
     void destroyedInTheSlotThatHearsTheResult();
     void slotCalledByNameIsHarmless();
@@ -109,6 +121,7 @@ void tst_CDirectorySizeFinder::init()
 
 void tst_CDirectorySizeFinder::cleanup()
 {
+    Faults::stop();
     QThreadPool::globalInstance()->waitForDone();
     m_folder.reset();
 }
@@ -173,6 +186,15 @@ void tst_CDirectorySizeFinder::computationIsToBeHadAlone()
     QCOMPARE(finder.dirSize(QString()), qMakePair(Q_UINT64_C(0), QString()));
 }
 
+void tst_CDirectorySizeFinder::computationRunsAsTheHostsOwnTask()
+{
+    Test::makeFile(path("tree/sub/f"), "12345");
+    CDirectorySizeFinder finder;
+    const QFuture<QPair<quint64, QString>> future =
+        QtConcurrent::run(&finder, &CDirectorySizeFinder::dirSize, path("tree"));
+    QCOMPARE(future.result(), qMakePair(Q_UINT64_C(5), path("tree")));
+}
+
 void tst_CDirectorySizeFinder::sumsBeyondThirtyTwoBitsAreExact()
 {
     QVERIFY(QDir().mkpath(path("tree")));
@@ -181,7 +203,7 @@ void tst_CDirectorySizeFinder::sumsBeyondThirtyTwoBitsAreExact()
         QVERIFY(file.open(QIODevice::WriteOnly));
         QVERIFY(file.resize(Q_INT64_C(3'000'000'000))); // a hole
     }
-    QCOMPARE(CDirectorySizeFinder::dirSize(path("tree")).first, Q_UINT64_C(6'000'000'000));
+    QCOMPARE(CDirectorySizeFinder().dirSize(path("tree")).first, Q_UINT64_C(6'000'000'000));
 }
 
 void tst_CDirectorySizeFinder::requestReturnsBeforeItIsDone()
@@ -243,6 +265,77 @@ void tst_CDirectorySizeFinder::tenThousandLevelsFitAPoolThread()
     finder.startDirectorySizeCalculation(path("tree"));
     QVERIFY(spy.wait(120'000));
     QCOMPARE(spy.at(0).at(1).toULongLong(), Q_UINT64_C(50'000));
+}
+
+void tst_CDirectorySizeFinder::requestsAreAnsweredWhereNoThreadIsToBeHad_data()
+{
+    QTest::addColumn<bool>("lasts");
+    QTest::newRow("for a moment") << false;
+    QTest::newRow("at all") << true;
+}
+
+void tst_CDirectorySizeFinder::requestsAreAnsweredWhereNoThreadIsToBeHad()
+{
+    QFETCH(bool, lasts);
+    Test::makeFile(path("tree/f"), "12345");
+    CDirectorySizeFinder finder;
+    QSignalSpy spy(&finder, &CDirectorySizeFinder::gotSizeOfPath);
+    Faults::watch(m_folder->path());
+    (lasts ? Faults::failFrom : Faults::failNth)(Call::CreateThread, 1, EAGAIN);
+    finder.startDirectorySizeCalculation(path("tree"));
+    finder.startDirectorySizeCalculation(path("missing"));
+    QVERIFY(Faults::hasStruck());
+    QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 2, 30000);
+    Faults::stop();
+    const int tree = spy.at(0).at(0) == path("tree") ? 0 : 1;
+    QCOMPARE(spy.at(tree).at(1).toULongLong(), Q_UINT64_C(5));
+    QCOMPARE(spy.at(1 - tree).at(1).toULongLong(), Q_UINT64_C(0));
+}
+
+void tst_CDirectorySizeFinder::requestsAreAnsweredWhereThePoolStaysBusy()
+{
+    Test::makeFile(path("tree/f"), "12345");
+    CDirectorySizeFinder finder;
+    QSignalSpy spy(&finder, &CDirectorySizeFinder::gotSizeOfPath);
+    {
+        const BusyPool pool;
+        for (int i = 0; i < 5; ++i) {
+            finder.startDirectorySizeCalculation(path("tree"));
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 5, 60000);
+    }
+    // the pool comes too late, and does nothing a second time
+    QThreadPool::globalInstance()->waitForDone();
+    finder.startDirectorySizeCalculation(path("missing"));
+    QTRY_COMPARE_WITH_TIMEOUT(spy.count(), 6, 30000);
+    QCOMPARE(spy.at(5).at(0).toString(), path("missing"));
+}
+
+void tst_CDirectorySizeFinder::searchPathsAndResourcesAreDirectories_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<qulonglong>("size");
+    QTest::newRow("search path") << QStringLiteral("sizes:tree") << Q_UINT64_C(5);
+    QTest::newRow("second directory of it") << QStringLiteral("sizes:other") << Q_UINT64_C(2);
+    QTest::newRow("resource") << QStringLiteral(":/samples/tree") << Q_UINT64_C(26);
+    QTest::newRow("search path to it") << QStringLiteral("sizes:sub") << Q_UINT64_C(13);
+    QTest::newRow("neither") << QStringLiteral("sizes:missing") << Q_UINT64_C(0);
+}
+
+void tst_CDirectorySizeFinder::searchPathsAndResourcesAreDirectories()
+{
+    QFETCH(QString, name);
+    Test::makeFile(path("a/tree/f"), "12345");
+    Test::makeFile(path("b/other/f"), "12");
+    QDir::setSearchPaths(QStringLiteral("sizes"),
+                         {path("a"), path("b"), QStringLiteral(":/samples/tree")});
+    CDirectorySizeFinder finder;
+    QSignalSpy spy(&finder, &CDirectorySizeFinder::gotSizeOfPath);
+    finder.startDirectorySizeCalculation(name);
+    QVERIFY(spy.wait(30000));
+    QDir::setSearchPaths(QStringLiteral("sizes"), {});
+    QCOMPARE(spy.at(0).at(0).toString(), name);
+    QTEST(spy.at(0).at(1).toULongLong(), "size");
 }
 
 void tst_CDirectorySizeFinder::destroyedWhileRequestsRun()

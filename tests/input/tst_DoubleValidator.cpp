@@ -1,4 +1,5 @@
 #include "shared/input/DoubleValidator.h"
+#include "shared/input/TextValidator.h"
 #include "tests/input/CurrentLocale.h"
 #include "tests/input/Declared.h"
 #include "tests/input/Verdict.h"
@@ -12,6 +13,7 @@
 
 using namespace Test;
 using Tavro::Shared::DoubleValidator;
+using Tavro::Shared::TextValidator;
 
 namespace {
 
@@ -37,6 +39,9 @@ private Q_SLOTS:
     void textIsReadAsANumber();
     void boundsAndStepsDecide_data();
     void boundsAndStepsDecide();
+    void roundingTakesNumbersOffTheGrid_data();
+    void roundingTakesNumbersOffTheGrid();
+    void aPatternAsksForDecimalsInstead();
     void separatorsBecomeThoseOfTheCurrentLocale_data();
     void separatorsBecomeThoseOfTheCurrentLocale();
     void numberIsReadByTheDefaultLocale();
@@ -170,6 +175,66 @@ void tst_DoubleValidator::boundsAndStepsDecide()
     QVERIFY(verdict != QValidator::Intermediate);
     QTEST(verdict == QValidator::Acceptable, "isAcceptable");
     QCOMPARE(log.entries(), QStringList());
+}
+
+void tst_DoubleValidator::roundingTakesNumbersOffTheGrid_data()
+{
+    QTest::addColumn<double>("step");
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<int>("steps"); // from 0 on
+    QTest::addColumn<int>("refused");
+    QTest::addColumn<QString>("first");
+
+    QTest::newRow("0.01 up to 109.31") << 0.01 << 2 << 10'931 << 0 << QString();
+    QTest::newRow("0.01 up to 200") << 0.01 << 2 << 20'000 << 1366 << QStringLiteral("109.32");
+    QTest::newRow("0.1 up to 819.2") << 0.1 << 1 << 8192 << 0 << QString();
+    QTest::newRow("0.1 up to 1000") << 0.1 << 1 << 10'000 << 362 << QStringLiteral("819.3");
+    QTest::newRow("0.05 up to 1000") << 0.05 << 2 << 20'000 << 3591 << QStringLiteral("409.65");
+    QTest::newRow("0.001 up to 10") << 0.001 << 3 << 10'000 << 171 << QStringLiteral("8.197");
+    // powers of two, whose multiples are not rounded
+    QTest::newRow("1 up to 100000") << 1.0 << 0 << 100'000 << 0 << QString();
+    QTest::newRow("0.5 up to 50000") << 0.5 << 1 << 100'000 << 0 << QString();
+    QTest::newRow("0.25 up to 25000") << 0.25 << 2 << 100'000 << 0 << QString();
+    QTest::newRow("0.125 up to 12500") << 0.125 << 3 << 100'000 << 0 << QString();
+}
+
+// the tolerance is that of the rule; a form has to know what it does to its users
+void tst_DoubleValidator::roundingTakesNumbersOffTheGrid()
+{
+    QFETCH(double, step);
+    QFETCH(int, decimals);
+    QFETCH(int, steps);
+    const CurrentLocale locale(QLocale::c());
+    DoubleValidator validator;
+    validator.setBottom(0);
+    validator.setStep(step);
+    QStringList refused;
+    for (int i = 0; i <= steps; ++i) {
+        const QString text = QString::number(i * step, 'f', decimals);
+        if (verdictOf(validator, text) != QValidator::Acceptable) {
+            refused.append(text);
+        }
+    }
+    QTEST(refused.value(0), "first");
+    QTEST(refused.size(), "refused");
+}
+
+void tst_DoubleValidator::aPatternAsksForDecimalsInstead()
+{
+    const CurrentLocale locale(QLocale::c());
+    TextValidator rules;
+    rules.addValidator(TextValidator::ValidatorDouble,
+                       {{QStringLiteral("bottom"), 0}, {QStringLiteral("top"), 200}});
+    rules.addValidator(TextValidator::ValidatorRegExp,
+                       {{QStringLiteral("pattern"), QStringLiteral("-?[0-9]+([.,][0-9]{1,2})?")}});
+    for (int i = 0; i <= 20'000; ++i) {
+        QString text = QString::number(i / 100.0, 'f', 2);
+        QVERIFY2(rules.validate(text, true), qPrintable(text));
+    }
+    for (const char *refused : {"109.325", "200.01", "-0.01", "1e2", "109.", "nan", ""}) {
+        QString text = QString::fromLatin1(refused);
+        QVERIFY2(!rules.validate(text, true), refused);
+    }
 }
 
 void tst_DoubleValidator::separatorsBecomeThoseOfTheCurrentLocale_data()

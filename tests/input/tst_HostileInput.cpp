@@ -98,6 +98,8 @@ private Q_SLOTS:
     void patternsThatDoNotCompileRefuseEveryText();
     void deepPatternsStillMatch_data();
     void deepPatternsStillMatch();
+    void tooDeepPatternsRefuse_data();
+    void tooDeepPatternsRefuse();
     void masksOfPatternSignsSurvive();
     void everyOptionSurvivesEveryValue();
     void formatsSurvive_data();
@@ -223,6 +225,19 @@ void tst_HostileInput::deepPatternsStillMatch_data()
         << QStringLiteral("(a)").repeated(3000) << QStringLiteral("a").repeated(3000);
     QTest::newRow("parentheses that mean themselves")
         << QStringLiteral("\\(").repeated(3000) << QStringLiteral("(").repeated(3000);
+    const QString thousands = QStringLiteral("(").repeated(8000);
+    QTest::newRow("parentheses in a class")
+        << QLatin1Char('[') + thousands + QLatin1Char(']') << QStringLiteral("(");
+    QTest::newRow("in a class that begins with ]")
+        << QStringLiteral("[]") + thousands + QLatin1Char(']') << QStringLiteral("]");
+    QTest::newRow("in a class of what it does not have, that begins with ]")
+        << QStringLiteral("[^]") + thousands + QLatin1Char(']') << QStringLiteral(")");
+    QTest::newRow("in a class behind an escaped ]")
+        << QStringLiteral("[a\\]") + thousands + QLatin1Char(']') << QStringLiteral("]");
+    QTest::newRow("in a class behind [")
+        << QStringLiteral("[[") + thousands + QLatin1Char(']') << QStringLiteral("[");
+    QTest::newRow("in classes, each with one")
+        << QStringLiteral("[(]").repeated(2000) << QStringLiteral("(").repeated(2000);
     QTest::newRow("backslashes before groups")
         << QStringLiteral("\\\\(a)").repeated(1500) << QStringLiteral("\\a").repeated(1500);
 }
@@ -239,6 +254,61 @@ void tst_HostileInput::deepPatternsStillMatch()
     validator.setPattern(QStringLiteral("(").repeated(2000));
     validator.setPattern(pattern);
     QCOMPARE(verdictOf(validator, text), QValidator::Acceptable);
+}
+
+void tst_HostileInput::tooDeepPatternsRefuse_data()
+{
+    QTest::addColumn<bool>("isMask");
+    QTest::addColumn<QString>("pattern");
+
+    constexpr int deep = 20'000; // QRegExp survives some ten thousand
+    const QString open = QStringLiteral("(").repeated(deep);
+    const QString close = QStringLiteral(")").repeated(deep);
+    for (const bool isMask : {false, true}) {
+        const auto row = [isMask](const char *name, const QString &pattern) {
+            QTest::addRow("%s%s", name, isMask ? ", in a mask" : "") << isMask << pattern;
+        };
+        const auto repeated = [](const char *part) {
+            return QString::fromLatin1(part).repeated(deep);
+        };
+        row("groups", open + QLatin1Char('a') + close);
+        row("groups that nothing closes", open);
+        row("closed before, in a class",
+            QLatin1Char('[') + close + QLatin1Char(']') + open + QLatin1Char('a') + close);
+        row("closed in a class that begins with ]",
+            QStringLiteral("[]") + close + QLatin1Char(']') + open);
+        row("closed in a class that begins with ^]",
+            QStringLiteral("[^]") + close + QLatin1Char(']') + open);
+        row("closed in a class behind an escaped ]",
+            QStringLiteral("[\\]") + close + QLatin1Char(']') + open);
+        row("each closed in a class", repeated("([)]"));
+        row("closed by too many before", close + open);
+        row("closed behind a backslash", repeated("(\\)"));
+        row("behind a class that a backslash does not end", QStringLiteral("[\\\\]") + open);
+        row("what no class begins", QStringLiteral("\\[") + open);
+        // mistakes, in spite of which QRegExp reads on
+        row("closed by the letter behind (?", repeated("(?)"));
+        row("a class begun by the letter behind (?", QStringLiteral("(?[") + open);
+        row("a backslash behind (?", QStringLiteral("(?\\") + open);
+        row("closed by the letter behind {", repeated("(a{)"));
+        row("closed by the letter behind {1,2", repeated("(a{1,2)"));
+        row("a class begun by the letter behind {", QStringLiteral("a{[") + open);
+        row("a backslash behind {", repeated("(a{3\\"));
+        row("look-aheads", repeated("(?="));
+    }
+}
+
+// "refuse" is all that can be asked: without the guard the process ends here
+void tst_HostileInput::tooDeepPatternsRefuse()
+{
+    QFETCH(bool, isMask);
+    QFETCH(QString, pattern);
+
+    RegExpValidator validator(isMask);
+    validator.setPattern(pattern);
+    QCOMPARE(verdictOf(validator, QStringLiteral("a")), QValidator::Invalid);
+    validator.setPattern(QString());
+    QCOMPARE(verdictOf(validator, QString()), QValidator::Acceptable);
 }
 
 void tst_HostileInput::masksOfPatternSignsSurvive()

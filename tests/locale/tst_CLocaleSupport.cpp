@@ -362,6 +362,16 @@ void tst_CLocaleSupport::distanceIsRead_data()
     row("negative", "de_DE", "-1.25", -1.25);
     row("blanks around", "de_DE", " 1,5 ", 1.5);
     row("exponent", "de_DE", "1,5e3", 1500);
+    row("not a number, by name", "de_DE", "nan", Limits::quiet_NaN());
+    row("not a number, in capitals", "en_US", "NaN", Limits::quiet_NaN());
+    row("not a number, with blanks", "en_US", " nan ", Limits::quiet_NaN());
+    row("not a number, with a sign", "en_US", "-nan", 0);
+    row("not a number, with a payload", "en_US", "nan(1)", 0);
+    row("infinity", "de_DE", "inf", Limits::infinity());
+    row("infinity, in capitals", "en_US", "INF", Limits::infinity());
+    row("infinity, with a plus", "en_US", "+inf", Limits::infinity());
+    row("infinity, negative", "ar_EG", "-inf", -Limits::infinity());
+    row("infinity, in full", "en_US", "infinity", 0);
     row("too large", "en_US", "1e400", 0);
     row("too large, negative", "en_US", "-1e400", 0);
     row("the locale's own mark", "fa_IR",

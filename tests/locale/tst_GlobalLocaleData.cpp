@@ -66,6 +66,8 @@ private Q_SLOTS:
     void unitWithoutProjectIsThatOfTheDefaultLocale_data();
     void unitWithoutProjectIsThatOfTheDefaultLocale();
     void unitReadsTheDefaultLocaleAndNotItsOwn();
+    void unknownCodesTakeTheDefaultLocale_data();
+    void unknownCodesTakeTheDefaultLocale();
     void columnUnitIsThatOfTheTemplate();
 
 private:
@@ -291,6 +293,54 @@ void tst_GlobalLocaleData::unitReadsTheDefaultLocaleAndNotItsOwn()
     m_project->setLocale(QStringLiteral("UK"), QStringLiteral("ENG"));
     m_global->setDefaultLocale(american());
     QCOMPARE(m_global->distanceUnitType(), DistanceUnit::Meter);
+}
+
+void tst_GlobalLocaleData::unknownCodesTakeTheDefaultLocale_data()
+{
+    QTest::addColumn<QString>("country");
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("afterAProject"); // American, and not closed
+    QTest::addColumn<QString>("afterItsEnd");
+
+    const QString german = QStringLiteral("de_DE");
+    const QString american = QStringLiteral("en_US");
+    const QString french = QStringLiteral("fr_FR");
+    QTest::newRow("both unknown") << QStringLiteral("XX") << QStringLiteral("XXX") << american
+                                  << german;
+    QTest::newRow("both empty") << QString() << QString() << american << german;
+    QTest::newRow("in another case")
+        << QStringLiteral("d") << QStringLiteral("deu") << american << german;
+    QTest::newRow("of other lists")
+        << QStringLiteral("DE") << QStringLiteral("de") << american << german;
+    QTest::newRow("country unknown")
+        << QStringLiteral("XX") << QStringLiteral("FRA") << french << french;
+    QTest::newRow("language unknown")
+        << QStringLiteral("USA") << QStringLiteral("XXX") << american << american;
+}
+
+void tst_GlobalLocaleData::unknownCodesTakeTheDefaultLocale()
+{
+    QFETCH(QString, country);
+    QFETCH(QString, language);
+    m_global->setDeviceLocale(german());
+    for (const bool isClosed : {false, true}) {
+        m_project->setLocale(QStringLiteral("USA"), QStringLiteral("ENG"));
+        if (isClosed) {
+            m_project->unsetLocale();
+        }
+        m_project->setLocale(country, language);
+        QVERIFY(m_project->localeValid());
+        QFETCH(QString, afterAProject);
+        QFETCH(QString, afterItsEnd);
+        const QString expected = isClosed ? afterItsEnd : afterAProject;
+        QCOMPARE(m_global->locale().name(), expected);
+        QCOMPARE(QLocale().name(), expected);
+        const bool isAmerican = expected == QLatin1String("en_US");
+        QCOMPARE(CLocaleSupport::getDistanceUnitString(),
+                 isAmerican ? QStringLiteral("ft") : QStringLiteral("m"));
+        QCOMPARE(CLocaleSupport::getTemperatureUnitString(),
+                 QString::fromUtf8(isAmerican ? "°F" : "°C"));
+    }
 }
 
 void tst_GlobalLocaleData::columnUnitIsThatOfTheTemplate()

@@ -14,6 +14,7 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
+#include <cstdint>
 #include <cstring>
 #include <mutex>
 #include <string>
@@ -22,7 +23,7 @@ namespace Test::FaultInjection {
 
 namespace {
 
-constexpr int s_calls = 6;
+constexpr int s_calls = 11;
 constexpr int s_descriptors = 4096;
 
 std::atomic<bool> s_watching{false};
@@ -32,7 +33,10 @@ int s_journal = -1;
 Call s_faultyCall = Call::Open;
 int s_faultIn = 0; // calls until the fault, 0: none
 int s_error = 0;
+bool s_isLasting = false; // the calls after it fail, too
 bool s_struck = false;
+bool s_hidesTypes = false;
+std::array<bool, s_descriptors> s_isDirectory = {}; // where the descriptor is watched
 
 // made when first needed: the calls below are made before main(), too
 std::string &folder()
@@ -70,6 +74,7 @@ bool strikes(Call call)
     if (s_faultIn == 0 || call != s_faultyCall || --s_faultIn != 0) {
         return false;
     }
+    s_faultIn = s_isLasting ? 1 : 0;
     s_struck = true;
     return true;
 }
@@ -100,6 +105,7 @@ void watch(const QString &path)
     s_counts.fill(0);
     s_faultIn = 0;
     s_struck = false;
+    s_hidesTypes = false;
     closeJournal();
     s_watching = true;
 }
@@ -111,13 +117,34 @@ void stop()
     closeJournal();
 }
 
-void failNth(Call call, int n, int error)
+namespace {
+
+void fail(Call call, int n, int error, bool isLasting)
 {
     const std::lock_guard<std::mutex> lock(s_mutex);
     s_faultyCall = call;
     s_faultIn = n;
     s_error = error;
+    s_isLasting = isLasting;
     s_struck = false;
+}
+
+} // namespace
+
+void failNth(Call call, int n, int error)
+{
+    fail(call, n, error, false);
+}
+
+void failFrom(Call call, int n, int error)
+{
+    fail(call, n, error, true);
+}
+
+void hideEntryTypes()
+{
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    s_hidesTypes = true;
 }
 
 bool hasStruck()
@@ -147,6 +174,20 @@ template<typename Function> Function next(const char *name)
     return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
 }
 
+void remember(int fd, const std::string &name, bool isDirectory)
+{
+    if (fd >= 0 && fd < s_descriptors) {
+        nameOf(fd) = name;
+        s_isDirectory[static_cast<size_t>(fd)] = isDirectory;
+    }
+}
+
+int descriptorOf(void *directory)
+{
+    static const auto original = next<int (*)(void *)>("dirfd");
+    return original(directory);
+}
+
 int openWatched(const char *path, int flags, int mode, const char *symbol)
 {
     using Open = int (*)(const char *, int, ...);
@@ -165,11 +206,102 @@ int openWatched(const char *path, int flags, int mode, const char *symbol)
         return -1;
     }
     const int fd = original(path, flags, mode);
-    if (fd >= 0 && fd < s_descriptors) {
-        nameOf(fd) = path + folder().size();
+    remember(fd, path + folder().size(), false);
+    if (isWatched(fd)) {
         record("open " + nameOf(fd));
     }
     return fd;
+}
+
+// what @p path, from the directory @p base on, is called below the folder; empty when it is not
+std::string nameBelow(int base, const char *path)
+{
+    const std::string &watched = folder();
+    if (path[0] == '/') {
+        if (std::strncmp(path, watched.c_str(), watched.size()) == 0) {
+            const std::string name = path + watched.size();
+            return name.empty() ? "." : name;
+        }
+        return watched.compare(0, watched.size() - 1, path) == 0 ? "." : std::string();
+    }
+    if (!isWatched(base)) {
+        return {};
+    }
+    const bool isItself = std::strcmp(path, ".") == 0;
+    const std::string above = nameOf(base) == "." ? std::string() : nameOf(base) + '/';
+    return isItself ? nameOf(base) : above + path;
+}
+
+int openAtWatched(int base, const char *path, int flags, int mode, const char *symbol)
+{
+    using OpenAt = int (*)(int, const char *, int, ...);
+    const auto original = next<OpenAt>(symbol);
+    if (!s_watching) {
+        return original(base, path, flags, mode);
+    }
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    const std::string name = nameBelow(base, path);
+    const bool isDirectory = (flags & O_DIRECTORY) != 0;
+    if (name.empty() || (!isDirectory && name == ".")) {
+        return original(base, path, flags, mode);
+    }
+    if (strikes(isDirectory ? Call::OpenDirectory : Call::Open)) {
+        errno = s_error;
+        return -1;
+    }
+    const int fd = original(base, path, flags, mode);
+    remember(fd, name, isDirectory);
+    if (isWatched(fd) && !isDirectory) {
+        record("open " + nameOf(fd));
+    }
+    return fd;
+}
+
+// a call on a path or, without one, on a descriptor
+template<typename Original>
+int callWatched(Call call, int base, const char *path, Original original)
+{
+    if (!s_watching) {
+        return original();
+    }
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    const bool isBelow = path == nullptr ? isWatched(base) : !nameBelow(base, path).empty();
+    if (isBelow && strikes(call)) {
+        errno = s_error;
+        return -1;
+    }
+    return original();
+}
+
+/** An entry of a directory, as the system hands it out, by readdir64 and by getdents64. */
+struct SystemEntry
+{
+    std::uint64_t inode;
+    std::int64_t offset;
+    std::uint16_t length;
+    std::uint8_t type;
+    char name[1];
+};
+
+void *readWatched(void *directory, const char *symbol)
+{
+    const auto original = next<void *(*)(void *)>(symbol);
+    if (!s_watching) {
+        return original(directory);
+    }
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    if (!isWatched(descriptorOf(directory))) {
+        return original(directory);
+    }
+    if (strikes(Call::ReadDirectory)) {
+        errno = s_error;
+        return nullptr;
+    }
+    auto *entry = static_cast<SystemEntry *>(original(directory));
+    if (entry != nullptr && s_hidesTypes) {
+        entry->type = 0;
+    }
+    return entry;
 }
 
 // read and write have the same shape: a transfer that fails, stops halfway, or happens
@@ -262,6 +394,10 @@ int close(int fd)
     if (!isWatched(fd)) {
         return original(fd);
     }
+    if (s_isDirectory[static_cast<size_t>(fd)]) {
+        nameOf(fd).clear();
+        return original(fd);
+    }
     const bool fails = strikes(Call::Close);
     record("close " + nameOf(fd));
     nameOf(fd).clear();
@@ -271,6 +407,149 @@ int close(int fd)
         return -1;
     }
     return result;
+}
+
+int openat(int base, const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const int mode = (flags & O_CREAT) != 0 ? va_arg(arguments, int) : 0;
+    va_end(arguments);
+    return openAtWatched(base, path, flags, mode, "openat");
+}
+
+int openat64(int base, const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const int mode = (flags & O_CREAT) != 0 ? va_arg(arguments, int) : 0;
+    va_end(arguments);
+    return openAtWatched(base, path, flags, mode, "openat64");
+}
+
+void *opendir(const char *path)
+{
+    static const auto original = next<void *(*)(const char *)>("opendir");
+    if (!s_watching) {
+        return original(path);
+    }
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    const std::string name = nameBelow(AT_FDCWD, path);
+    if (!name.empty() && strikes(Call::OpenDirectory)) {
+        errno = s_error;
+        return nullptr;
+    }
+    void *directory = original(path);
+    if (!name.empty() && directory != nullptr) {
+        remember(descriptorOf(directory), name, true);
+    }
+    return directory;
+}
+
+int closedir(void *directory)
+{
+    static const auto original = next<int (*)(void *)>("closedir");
+    if (s_watching) {
+        const std::lock_guard<std::mutex> lock(s_mutex);
+        const int fd = descriptorOf(directory);
+        if (isWatched(fd)) {
+            nameOf(fd).clear();
+        }
+    }
+    return original(directory);
+}
+
+void *readdir(void *directory)
+{
+    return readWatched(directory, "readdir");
+}
+
+void *readdir64(void *directory)
+{
+    return readWatched(directory, "readdir64");
+}
+
+ssize_t getdents64(int fd, void *buffer, size_t size)
+{
+    static const auto original = next<ssize_t (*)(int, void *, size_t)>("getdents64");
+    if (!s_watching) {
+        return original(fd, buffer, size);
+    }
+    const std::lock_guard<std::mutex> lock(s_mutex);
+    if (isWatched(fd) && strikes(Call::ReadDirectory)) {
+        errno = s_error;
+        return -1;
+    }
+    const ssize_t n = original(fd, buffer, size);
+    if (isWatched(fd) && s_hidesTypes) {
+        for (ssize_t at = 0; at < n;) {
+            auto *entry = reinterpret_cast<SystemEntry *>(static_cast<char *>(buffer) + at);
+            entry->type = 0;
+            at += entry->length;
+        }
+    }
+    return n;
+}
+
+// One symbol for each name that the C library gives a function: with 64 bits for file offsets,
+// and on 32-bit machines with 64 bits for times.
+#define DEFINE_STAT(symbol) \
+    int symbol(const char *path, void *info) \
+    { \
+        static const auto original = next<int (*)(const char *, void *)>(#symbol); \
+        return callWatched(Call::Examine, AT_FDCWD, path, [=] { return original(path, info); }); \
+    }
+#define DEFINE_FSTAT(symbol) \
+    int symbol(int fd, void *info) \
+    { \
+        static const auto original = next<int (*)(int, void *)>(#symbol); \
+        return callWatched(Call::Examine, fd, nullptr, [=] { return original(fd, info); }); \
+    }
+#define DEFINE_FSTATAT(symbol) \
+    int symbol(int base, const char *path, void *info, int flags) \
+    { \
+        static const auto original = next<int (*)(int, const char *, void *, int)>(#symbol); \
+        return callWatched(Call::Examine, base, path, \
+                           [=] { return original(base, path, info, flags); }); \
+    }
+
+DEFINE_STAT(stat)
+DEFINE_STAT(stat64)
+DEFINE_STAT(lstat)
+DEFINE_STAT(lstat64)
+DEFINE_FSTAT(fstat)
+DEFINE_FSTAT(fstat64)
+DEFINE_FSTATAT(fstatat)
+DEFINE_FSTATAT(fstatat64)
+#if __SIZEOF_LONG__ == 4
+DEFINE_STAT(__stat64_time64)
+DEFINE_STAT(__lstat64_time64)
+DEFINE_FSTAT(__fstat64_time64)
+DEFINE_FSTATAT(__fstatat64_time64)
+#endif
+
+int unlink(const char *path)
+{
+    static const auto original = next<int (*)(const char *)>("unlink");
+    return callWatched(Call::Remove, AT_FDCWD, path, [=] { return original(path); });
+}
+
+int rmdir(const char *path)
+{
+    static const auto original = next<int (*)(const char *)>("rmdir");
+    return callWatched(Call::Remove, AT_FDCWD, path, [=] { return original(path); });
+}
+
+int unlinkat(int base, const char *path, int flags)
+{
+    static const auto original = next<int (*)(int, const char *, int)>("unlinkat");
+    return callWatched(Call::Remove, base, path, [=] { return original(base, path, flags); });
+}
+
+int syncfs(int fd)
+{
+    static const auto original = next<int (*)(int)>("syncfs");
+    return callWatched(Call::FlushVolume, fd, nullptr, [=] { return original(fd); });
 }
 
 int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*function)(void *),

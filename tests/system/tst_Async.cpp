@@ -177,6 +177,11 @@ private Q_SLOTS:
     void clearQueueDeletesWhatWaits();
     void parallelFinishesWithoutTheQueue();
     void objectsDoNotShareTheirQueues();
+    void aNullTaskIsPassedOver_data();
+    void aNullTaskIsPassedOver();
+    void aNullTaskBetweenOthersChangesNothing_data();
+    void aNullTaskBetweenOthersChangesNothing();
+    void aNullTaskDiscardsWhatWaits();
 
     void tasksThatDeleteThemselvesAreDeletedAfterTheirRun();
     void otherTasksStayAndCanRunAgain();
@@ -539,6 +544,81 @@ void tst_Async::objectsDoNotShareTheirQueues()
     other.startTask((new Task(other, *m_journal, "2"))->tells(*m_begun));
     QVERIFY(haveBegun(2)); // although the first is held
     m_letGo->release();
+}
+
+void tst_Async::aNullTaskIsPassedOver_data()
+{
+    QTest::addColumn<Async::Mode>("mode");
+
+    QTest::newRow("Sequential") << Async::Sequential;
+    QTest::newRow("Parallel") << Async::Parallel;
+    QTest::newRow("SequentialLatest") << Async::SequentialLatest;
+    QTest::newRow("unknown") << s_unknownMode;
+}
+
+void tst_Async::aNullTaskIsPassedOver()
+{
+    QFETCH(Async::Mode, mode);
+    make(mode);
+    m_async->startTask(nullptr);
+    QVERIFY(!m_async->isRunning());
+    m_async->runInThread(nullptr);
+    QVERIFY(!m_async->isRunning());
+    m_async->addToQueue(nullptr);
+    m_async->startFromQueue();
+    QVERIFY(!m_async->isRunning());
+    m_async->waitDone(); // returns
+
+    // what comes behind it in the queue is the oldest
+    m_async->addToQueue(nullptr);
+    m_async->addToQueue(task("1"));
+    m_async->startFromQueue();
+    waitUntilIdle(m_async);
+    QCOMPARE(m_journal->lines(), list({"1 runs", "1 deleted"}));
+}
+
+void tst_Async::aNullTaskBetweenOthersChangesNothing_data()
+{
+    QTest::addColumn<Async::Mode>("mode");
+
+    QTest::newRow("Sequential") << Async::Sequential;
+    QTest::newRow("Parallel") << Async::Parallel;
+}
+
+void tst_Async::aNullTaskBetweenOthersChangesNothing()
+{
+    QFETCH(Async::Mode, mode);
+    make(mode);
+    m_async->startTask(nullptr);
+    m_async->startTask(heldTask("1"));
+    QVERIFY(haveBegun(1));
+    m_async->startTask(nullptr); // does not run beside the first, nor does it wait behind it
+    m_async->startTask(heldTask("2"));
+    m_async->startTask(nullptr);
+    QCOMPARE(m_begun->tryAcquire(1, mode == Async::Parallel ? s_patience : 0),
+             mode == Async::Parallel);
+    m_letGo->release(2);
+    waitUntilIdle(m_async); // not for good: each task was counted once, and no other
+    QStringList lines = m_journal->lines();
+    if (mode == Async::Parallel) {
+        lines.sort();
+        QCOMPARE(lines, list({"1 deleted", "1 runs", "2 deleted", "2 runs"}));
+    } else {
+        QCOMPARE(lines.filter(QStringLiteral("runs")), list({"1 runs", "2 runs"}));
+    }
+}
+
+void tst_Async::aNullTaskDiscardsWhatWaits()
+{
+    make(Async::SequentialLatest);
+    m_async->startTask(heldTask("1"));
+    QVERIFY(haveBegun(1));
+    m_async->startTask(task("2"));
+    m_async->startTask(nullptr);
+    QCOMPARE(m_journal->lines(), list({"1 runs", "2 deleted"}));
+    m_letGo->release();
+    waitUntilIdle(m_async);
+    QCOMPARE(m_journal->lines(), list({"1 runs", "2 deleted", "1 deleted"}));
 }
 
 void tst_Async::tasksThatDeleteThemselvesAreDeletedAfterTheirRun()

@@ -72,10 +72,24 @@ private Q_SLOTS:
     void fatOfOtherSizesHasNoType_data();
     void fatOfOtherSizesHasNoType();
     void exfatStaysAsItIs();
+    void anotherVolumeIsLeftAlone_data();
+    void anotherVolumeIsLeftAlone();
+    void aVolumePluggedInAgainIsMarkedAndCleaned_data();
+    void aVolumePluggedInAgainIsMarkedAndCleaned();
+    void aSwapDuringTheLookIsNoticed_data();
+    void aSwapDuringTheLookIsNoticed();
     void aDriveIsMountedAndUnmountedForReal();
 
 private:
-    bool makeVolume(qint64 size, const QString &program, const QStringList &options);
+    bool makeVolume(qint64 size, const QString &program, const QStringList &options)
+    {
+        return makeVolume(m_image, size, program, options);
+    }
+    static bool makeVolume(const QString &path, qint64 size, const QString &program,
+                           const QStringList &options);
+    static bool makeVolume(const QString &path, const QString &words);
+    void plug(const QByteArray &udevType);
+    void unplug();
     void attach(const QByteArray &udevType, const QByteArray &tableType);
     static int checked(QByteArray *verdict = nullptr);
 
@@ -116,22 +130,44 @@ void tst_RealVolumes::cleanup()
     m_folder.reset();
 }
 
-bool tst_RealVolumes::makeVolume(qint64 size, const QString &program, const QStringList &options)
+bool tst_RealVolumes::makeVolume(const QString &path, qint64 size, const QString &program,
+                                 const QStringList &options)
 {
-    QFile image(m_image);
+    QFile image(path);
     return image.open(QIODevice::WriteOnly) && image.resize(size)
-        && run(program, options + QStringList(m_image)) == 0;
+        && run(program, options + QStringList(path)) == 0;
+}
+
+// "40 mkfs.fat -F 32": size in MiB and command
+bool tst_RealVolumes::makeVolume(const QString &path, const QString &words)
+{
+    QStringList options = words.split(QLatin1Char(' '));
+    const qint64 size = options.takeFirst().toLongLong() * s_mebibyte;
+    const QString program = options.takeFirst();
+    return makeVolume(path, size, program, options);
 }
 
 // as /dev/sda1; the loop device comes before the test bed, which would answer for it
-void tst_RealVolumes::attach(const QByteArray &udevType, const QByteArray &tableType)
+void tst_RealVolumes::plug(const QByteArray &udevType)
 {
     m_loop = std::make_unique<LoopDevice>(m_image);
     PrivateMounts::makeBlockNode(s_partition, m_loop->number());
-    m_commands = std::make_unique<UsbCommands>();
-    m_commands->mountingSets(mounted("/dev/sda1", s_mountPoint, tableType));
     m_bed = std::make_unique<UdevTestBed>();
     m_bed->addStick("sda", {{"sda1", udevType}});
+}
+
+void tst_RealVolumes::unplug()
+{
+    m_bed.reset();
+    QFile::remove(s_partition);
+    m_loop.reset();
+}
+
+void tst_RealVolumes::attach(const QByteArray &udevType, const QByteArray &tableType)
+{
+    plug(udevType);
+    m_commands = std::make_unique<UsbCommands>();
+    m_commands->mountingSets(mounted("/dev/sda1", s_mountPoint, tableType));
 }
 
 // 0 for clean, 1 for dirty, by the tool that every system has
@@ -232,6 +268,147 @@ void tst_RealVolumes::exfatStaysAsItIs()
     QVERIFY(PrivateMounts::mountTable().isEmpty());
     QVERIFY(contentOf(m_image) == before);
     QCOMPARE(run(QStringLiteral("fsck.exfat"), {QStringLiteral("-n"), s_partition}), 0);
+}
+
+void tst_RealVolumes::anotherVolumeIsLeftAlone_data()
+{
+    QTest::addColumn<QString>("volume"); // size in MiB, and how it is made
+    QTest::addColumn<QString>("other");
+
+    const QString fat16 = QStringLiteral("128 mkfs.fat -F 16 -s 4 -i 1111aaaa");
+    const QString fat32 = QStringLiteral("40 mkfs.fat -F 32 -s 1 -i 1111aaaa");
+    QTest::newRow("FAT16, then FAT32 with its sectors per FAT at byte 37")
+        << fat16 << QStringLiteral("130 mkfs.fat -F 32 -s 2 -i 1111aaaa");
+    QTest::newRow("FAT32, then exFAT") << fat32 << QStringLiteral("40 mkfs.exfat");
+    QTest::newRow("FAT32, then what is no FAT at all")
+        << fat32 << QStringLiteral("40 mkfs.ext4 -q");
+    QTest::newRow("FAT32, then FAT16") << fat32 << fat16;
+    QTest::newRow("another serial number")
+        << fat32 << QStringLiteral("40 mkfs.fat -F 32 -s 1 -i 1111aaab");
+    QTest::newRow("another serial number of FAT16")
+        << fat16 << QStringLiteral("128 mkfs.fat -F 16 -s 4 -i 1011aaaa");
+    QTest::newRow("another size") << fat32 << QStringLiteral("41 mkfs.fat -F 32 -s 1 -i 1111aaaa");
+}
+
+void tst_RealVolumes::anotherVolumeIsLeftAlone()
+{
+    QFETCH(QString, volume);
+    QFETCH(QString, other);
+    const QString otherImage = m_folder->filePath(QStringLiteral("other"));
+    QVERIFY(makeVolume(m_image, volume));
+    QVERIFY(makeVolume(otherImage, other));
+    const auto otherLoop = std::make_unique<LoopDevice>(otherImage);
+    attach("vfat", "vfat");
+    const QString type = MountedUSBDeviceList::getFatSubtype(s_partition);
+
+    USBDriveCleanAccessManager manager;
+    QVERIFY(manager.lock(s_drive));
+    QVERIFY(manager.unlock());
+    const QByteArray clean = contentOf(m_image);
+
+    PrivateMounts::makeBlockNode(s_partition, otherLoop->number());
+    for (const int value : {0, 1}) {
+        // neither is taken for what is to be written anyway
+        const qint64 offset = Tavro::Shared::getDirtyByteOffset(type);
+        QVERIFY(USBDriveCleanAccessManager::writeByteIntoDev(s_partition, offset, char(value)));
+        const QByteArray before = contentOf(otherImage);
+        QCOMPARE(manager.unlock(), false);
+        QVERIFY(contentOf(otherImage) == before);
+        QCOMPARE(manager.lock(QStringLiteral("/somewhere/else")), false);
+        QVERIFY(contentOf(otherImage) == before);
+        QVERIFY(MountedUSBDeviceList::isUSBMounted()); // mounted all the same
+        QCOMPARE(manager.unlock(), false);
+        QVERIFY(!MountedUSBDeviceList::isUSBMounted());
+        QVERIFY(contentOf(otherImage) == before);
+    }
+
+    // back again: it is this one that was found
+    PrivateMounts::makeBlockNode(s_partition, m_loop->number());
+    QCOMPARE(manager.lock(QStringLiteral("/somewhere/else")), true);
+    QVERIFY(contentOf(m_image) != clean);
+    QCOMPARE(manager.unlock(), true);
+    QVERIFY(contentOf(m_image) == clean);
+}
+
+void tst_RealVolumes::aVolumePluggedInAgainIsMarkedAndCleaned_data()
+{
+    QTest::addColumn<QString>("volume");
+
+    QTest::newRow("FAT32") << QStringLiteral("40 mkfs.fat -F 32 -s 1");
+    QTest::newRow("FAT16") << QStringLiteral("128 mkfs.fat -F 16 -s 4");
+}
+
+void tst_RealVolumes::aVolumePluggedInAgainIsMarkedAndCleaned()
+{
+    QFETCH(QString, volume);
+    QVERIFY(makeVolume(m_image, volume));
+    const QByteArray clean = contentOf(m_image);
+    attach("vfat", "vfat");
+    USBDriveCleanAccessManager manager;
+    QVERIFY(manager.lock(s_drive));
+
+    // pulled while it is locked, used elsewhere, plugged in again: another device, the same volume
+    unplug();
+    QCOMPARE(run(QStringLiteral("fatlabel"), {m_image, QStringLiteral("INSPECTION")}), 0);
+    const QByteArray used = contentOf(m_image);
+    QVERIFY(used != clean);
+    plug("vfat");
+    QCOMPARE(checked(), 1);
+    QCOMPARE(manager.unlock(), true);
+    QCOMPARE(checked(), 0);
+    QCOMPARE(differences(used, contentOf(m_image)).size(), 1);
+    QCOMPARE(manager.lock(QStringLiteral("/somewhere/else")), true);
+    QCOMPARE(checked(), 1);
+    QVERIFY(contentOf(m_image) == used);
+    QCOMPARE(manager.unlock(), true);
+
+    // formatted anew while it was locked: the mark is not there any more, nor is the volume
+    QVERIFY(manager.lock(s_drive));
+    unplug();
+    QVERIFY(makeVolume(m_image, volume + QStringLiteral(" -i 0badcafe")));
+    plug("vfat");
+    const QByteArray anew = contentOf(m_image);
+    QCOMPARE(manager.unlock(), false);
+    QVERIFY(contentOf(m_image) == anew);
+    QVERIFY(manager.lock(s_drive)); // finds this one
+    QCOMPARE(checked(), 1);
+    QVERIFY(manager.unlock());
+    QVERIFY(contentOf(m_image) == anew);
+}
+
+// the look unmounts the drive that it has mounted, so it can be pulled before lock() mounts it
+void tst_RealVolumes::aSwapDuringTheLookIsNoticed_data()
+{
+    QTest::addColumn<QString>("command");
+
+    QTest::newRow("before the volume is remembered") << QStringLiteral("umount");
+    QTest::newRow("after it") << QStringLiteral("mount");
+}
+
+void tst_RealVolumes::aSwapDuringTheLookIsNoticed()
+{
+    QFETCH(QString, command);
+    const QString otherImage = m_folder->filePath(QStringLiteral("other"));
+    QVERIFY(makeVolume(m_image, QStringLiteral("128 mkfs.fat -F 16 -s 4")));
+    QVERIFY(makeVolume(otherImage, QStringLiteral("130 mkfs.fat -F 32 -s 2")));
+    const LoopDevice other(otherImage);
+    attach("vfat", "vfat");
+    const QByteArray before = contentOf(otherImage);
+    PrivateMounts::makeBlockNode(QStringLiteral("/dev/other"), other.number());
+    const QByteArray swap = "if [ -e /dev/look ]; then mv -f /dev/other /dev/sda1; fi";
+    const QByteArray table = mounted("/dev/sda1", s_mountPoint);
+    m_commands->add(QStringLiteral("mount"),
+                    (command == QLatin1String("mount") ? swap : QByteArray()) + "\nprintf '%s' '"
+                        + table + "' > /etc/mtab; : > /dev/look");
+    m_commands->add(QStringLiteral("umount"),
+                    (command == QLatin1String("umount") ? swap : QByteArray()) + "\n: > /etc/mtab");
+    USBDriveCleanAccessManager manager;
+    QCOMPARE(manager.lock(s_drive), false);
+    QVERIFY(!QFile::exists(QStringLiteral("/dev/other"))); // swapped it was
+    QVERIFY(contentOf(otherImage) == before);
+    QCOMPARE(manager.unlock(), false);
+    QVERIFY(contentOf(otherImage) == before);
+    QVERIFY(QFile::remove(QStringLiteral("/dev/look")));
 }
 
 // the system's own commands, fstab and mount table; only "usleep", which Debian lacks, is a fake

@@ -1,3 +1,4 @@
+#include "shared/usb/MountedUSBDeviceList.h"
 #include "shared/usb/USBDriveCleanAccessManager.h"
 #include "tests/support/FileTree.h"
 #include "tests/support/LoopDevice.h"
@@ -21,6 +22,8 @@
 
 using namespace Test;
 using Tavro::Shared::getDirtyByteOffset;
+using Tavro::Shared::MountedUSBDeviceList;
+using Tavro::Shared::mountItem;
 using Tavro::Shared::USBDriveCleanAccessManager;
 
 namespace {
@@ -90,6 +93,7 @@ private Q_SLOTS:
     void aDriveFoundTheSecondTimeIsLocked();
     void thePartitionIsTheFirstWhosePathFits_data();
     void thePartitionIsTheFirstWhosePathFits();
+    void theRootOfTwoPartitionsIsOnNeither();
     void aPathElsewhereKeepsTheLastPartition();
     void aPathElsewhereAtFirstMountsAndIsFalse();
     void aFailedMountStillMarks();
@@ -100,6 +104,13 @@ private Q_SLOTS:
     void locksAreNotCounted();
     void unlockTwiceActsTwice();
     void aDrivePulledWhileLockedCannotBeCleared();
+    void whatTakesTheNodesPlaceIsLeftAlone_data();
+    void whatTakesTheNodesPlaceIsLeftAlone();
+    void whatChangesInUseDoesNotMatter_data();
+    void whatChangesInUseDoesNotMatter();
+    void aTypeWithoutDirtyByteForgetsTheVolumeBefore();
+    void anExfatThatIsCalledFatIsLeftAlone();
+    void aDriveWithoutSignatureIsMarked();
 
 private:
     char byteAt(qint64 offset) const { return contentOf(m_image).at(int(offset)); }
@@ -542,6 +553,8 @@ void tst_USBDriveCleanAccessManager::thePartitionIsTheFirstWhosePathFits_data()
     QTest::newRow("below a later one, which is the same to the first")
         << s_drive + QStringLiteral("/inner/x") << 37;
     QTest::newRow("a name that begins like it") << s_drive + QStringLiteral("2/c") << 37;
+    QTest::newRow("a directory beside it") << s_drive + QStringLiteral("-backup/x") << 37;
+    QTest::newRow("a way out of it") << s_drive + QStringLiteral("/../x") << 37;
     QTest::newRow("upper case") << QStringLiteral("/media/USBDRIVE/c") << -1;
     QTest::newRow("above it") << QStringLiteral("/media") << -1;
     QTest::newRow("relative") << QStringLiteral("media/usbdrive") << -1;
@@ -565,6 +578,27 @@ void tst_USBDriveCleanAccessManager::thePartitionIsTheFirstWhosePathFits()
     QCOMPARE(manager.lock(path), offset >= 0);
     QVERIFY(contentOf(m_image) == expected);
     QCOMPARE(m_commands->journal(), QStringList{s_mount}); // in every case
+}
+
+void tst_USBDriveCleanAccessManager::theRootOfTwoPartitionsIsOnNeither()
+{
+    m_bed->addStick("sda", {{"sda1", QByteArray()}, {"sda2", QByteArray()}});
+    for (const char *name : {"/a", "/b"}) {
+        QVERIFY(QDir().mkpath(s_drive + QLatin1String(name)));
+    }
+    PrivateMounts::setMountTable(mounted("/dev/sda1", s_mountPoint + "/a", "fat16")
+                                 + mounted("/dev/sda2", s_mountPoint + "/b", "fat16"));
+    const QVariantList root = MountedUSBDeviceList::getUSBMountPathRoot();
+    QCOMPARE(root, (QVariantList{s_drive, true}));
+    Manager manager;
+    QCOMPARE(manager.lock(root.at(0).toString()), false);
+    QVERIFY(contentOf(m_image) == QByteArray(s_size, s_untouched));
+
+    // the directory that is written to is on one
+    const QList<mountItem> items = MountedUSBDeviceList::getUSBMountPaths().items;
+    QCOMPARE(items.size(), 2);
+    QCOMPARE(manager.lock(items.first().mountPoint.absoluteFilePath()), true);
+    QCOMPARE(byteAt(37), '\1');
 }
 
 void tst_USBDriveCleanAccessManager::aPathElsewhereKeepsTheLastPartition()
@@ -685,6 +719,129 @@ void tst_USBDriveCleanAccessManager::aDrivePulledWhileLockedCannotBeCleared()
     QCOMPARE(manager.unlock(), false);
     QVERIFY(!QFile::exists(s_partition));
     QCOMPARE(byteAt(65), '\1'); // as the next system will find it
+}
+
+void tst_USBDriveCleanAccessManager::whatTakesTheNodesPlaceIsLeftAlone_data()
+{
+    QTest::addColumn<QByteArray>("type");
+
+    QTest::newRow("fat12") << QByteArray("fat12");
+    QTest::newRow("fat32") << QByteArray("fat32");
+}
+
+// a file is no drive, whatever it holds: a copy of the volume that somebody keeps there
+void tst_USBDriveCleanAccessManager::whatTakesTheNodesPlaceIsLeftAlone()
+{
+    QFETCH(QByteArray, type);
+    plug(type);
+    Manager manager;
+    QVERIFY(manager.lock(s_drive));
+    const QByteArray copy = contentOf(m_image);
+    QVERIFY(QFile::remove(s_partition));
+    makeFile(s_partition, copy);
+    QCOMPARE(manager.unlock(), false);
+    QVERIFY(contentOf(s_partition) == copy);
+
+    QVERIFY(QFile::remove(s_partition));
+    QVERIFY(QDir().mkdir(s_partition));
+    QCOMPARE(manager.unlock(), false);
+    QVERIFY(QDir().rmdir(s_partition));
+    QVERIFY(contentOf(m_image) == copy);
+}
+
+void tst_USBDriveCleanAccessManager::whatChangesInUseDoesNotMatter_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<int>("offset");
+    QTest::addColumn<bool>("isTheVolume");
+
+    const QByteArray fat16 = "fat16";
+    const QByteArray fat32 = "fat32";
+    QTest::newRow("OEM name") << fat16 << 3 << false;
+    QTest::newRow("OEM name's end") << fat32 << 10 << false;
+    QTest::newRow("bytes per sector") << fat32 << 11 << false;
+    QTest::newRow("kind of FAT") << fat16 << 22 << false;
+    QTest::newRow("number of sectors") << fat32 << 35 << false;
+    QTest::newRow("serial number") << fat16 << 39 << false;
+    QTest::newRow("serial number's end") << fat16 << 42 << false;
+    QTest::newRow("label") << fat16 << 43 << true;
+    QTest::newRow("label's end") << fat16 << 53 << true;
+    QTest::newRow("kind as a text") << fat16 << 54 << false;
+    QTest::newRow("sectors per FAT32") << fat32 << 36 << false;
+    QTest::newRow("serial number of FAT32") << fat32 << 67 << false;
+    QTest::newRow("serial number's end of FAT32") << fat32 << 70 << false;
+    QTest::newRow("label of FAT32") << fat32 << 71 << true;
+    QTest::newRow("kind as a text of FAT32") << fat32 << 89 << false;
+    QTest::newRow("program that starts a system") << fat32 << 200 << true;
+    QTest::newRow("signature") << fat32 << 511 << false;
+    QTest::newRow("behind the boot sector") << fat32 << 512 << true;
+    QTest::newRow("dirty byte") << fat16 << 37 << true;
+    QTest::newRow("dirty byte of FAT32") << fat32 << 65 << true;
+}
+
+void tst_USBDriveCleanAccessManager::whatChangesInUseDoesNotMatter()
+{
+    QFETCH(QByteArray, type);
+    QFETCH(int, offset);
+    QFETCH(bool, isTheVolume);
+    plug(type);
+    Manager manager;
+    QVERIFY(manager.lock(s_drive));
+    setByte(offset, char(byteAt(offset) ^ 0x2a));
+    QByteArray expected = contentOf(m_image);
+    if (isTheVolume) {
+        expected[type == "fat32" ? 65 : 37] = '\0';
+    }
+    QCOMPARE(manager.unlock(), isTheVolume);
+    QVERIFY(contentOf(m_image) == expected);
+}
+
+void tst_USBDriveCleanAccessManager::aTypeWithoutDirtyByteForgetsTheVolumeBefore()
+{
+    plug("fat32");
+    Manager manager;
+    QVERIFY(manager.lock(s_drive));
+    QVERIFY(manager.unlock());
+    setByte(65, s_untouched);
+    m_commands->mountingSets(mounted("/dev/sda1", s_mountPoint, "exfat"));
+    m_bed.reset();
+    m_bed = std::make_unique<UdevTestBed>();
+    m_bed->addStick("sda", {{"sda1", "exfat"}});
+    const QByteArray before = contentOf(m_image);
+    QCOMPARE(manager.lock(s_drive), false);
+    QCOMPARE(manager.unlock(), false);
+    QCOMPARE(manager.lock(QStringLiteral("/somewhere/else")), false);
+    QVERIFY(contentOf(m_image) == before);
+}
+
+// udev's word is older than the look, and 0 at byte 22 is "fat32"
+void tst_USBDriveCleanAccessManager::anExfatThatIsCalledFatIsLeftAlone()
+{
+    QByteArray sector(512, '\0');
+    sector.replace(0, 11,
+                   "\xEB\x76\x90"
+                   "EXFAT   ");
+    sector.replace(510, 2, "\x55\xAA");
+    for (int i = 0; i < sector.size(); ++i) {
+        setByte(i, sector.at(i));
+    }
+    plug("fat32");
+    const QByteArray before = contentOf(m_image);
+    Manager manager;
+    QCOMPARE(manager.lock(s_drive), false);
+    QVERIFY(!PrivateMounts::mountTable().isEmpty()); // mounted all the same
+    QCOMPARE(manager.unlock(), false);
+    QVERIFY(contentOf(m_image) == before);
+}
+
+// Linux mounts a FAT without the two bytes at the end of its boot sector
+void tst_USBDriveCleanAccessManager::aDriveWithoutSignatureIsMarked()
+{
+    plug("fat16");
+    QCOMPARE(byteAt(510), s_untouched);
+    Manager manager;
+    QCOMPARE(manager.lock(s_drive), true);
+    QCOMPARE(manager.unlock(), true);
 }
 
 USB_TEST_MAIN(tst_USBDriveCleanAccessManager)

@@ -58,7 +58,7 @@ void announce(const QStringList &paths, Console &console)
         if (info.isSymLink()) {
             what = QStringLiteral("link");
         } else if (info.isDir()) {
-            const quint64 bytes = Shared::CDirectorySizeFinder::dirSize(path).first;
+            const quint64 bytes = Shared::CDirectorySizeFinder().dirSize(path).first;
             what = QStringLiteral("folder of %1").arg(formatBytes(static_cast<qint64>(bytes)));
         }
         console.print(QStringLiteral("To delete: %1 (%2)").arg(quoted(path), what));

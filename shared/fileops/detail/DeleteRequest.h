@@ -2,6 +2,7 @@
 
 #include "shared/fileops/CFileDeleteData.h"
 #include "shared/fileops/detail/RunRequest.h"
+#include "shared/fileops/detail/TreeRemoval.h"
 
 namespace Tavro::Shared::detail {
 
@@ -9,7 +10,8 @@ namespace Tavro::Shared::detail {
 struct DeleteRequest : RunRequest
 {
     QList<CFileDeleteData> jobs;
-    QStringList roots; // the directory that each job's path meant when it was loaded
+    QList<RemovalRoot> roots; // what each job's path meant when it was loaded
+    QList<QStringList> unreadable; // of each job: directories that could not be listed
 };
 
 } // namespace Tavro::Shared::detail

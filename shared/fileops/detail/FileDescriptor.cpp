@@ -1,8 +1,11 @@
 #include "shared/fileops/detail/FileDescriptor.h"
 
+#include "shared/filesystem/detail/NativeName.h"
+
 #include <QFile>
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -10,6 +13,12 @@
 namespace Tavro::Shared::detail {
 
 namespace {
+
+constexpr mode_t s_resourceMode = 0444; // what QFile says of a resource
+constexpr mode_t s_newFileMode = 0666; // less what the umask takes away
+
+// not blocking: the path may have come to mean a FIFO
+constexpr int s_flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
 
 // repeats a system call that a signal interrupted
 template<typename Call> auto uninterrupted(Call call)
@@ -21,25 +30,32 @@ template<typename Call> auto uninterrupted(Call call)
     return result;
 }
 
-// the system would take a name only up to its first NUL, and so mean another file
-bool isNameable(const QString &path)
+bool isMeant(const QString &path)
 {
-    return !path.isEmpty() && !path.contains(QLatin1Char('\0'));
+    if (!isNameable(path)) {
+        errno = ENOENT;
+        return false;
+    }
+    return true;
 }
+
+} // namespace
 
 bool isSameFile(const struct stat &a, const struct stat &b)
 {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
-} // namespace
-
 FileDescriptor FileDescriptor::openRegularFile(const QString &path, struct stat &info)
 {
-    if (!isNameable(path)) {
+    if (isResource(path)) {
+        return openResource(path).ifRegular(info);
+    }
+    if (!isMeant(path) || ::stat(QFile::encodeName(path).constData(), &info) != 0) {
         return {};
     }
-    if (::stat(QFile::encodeName(path).constData(), &info) != 0 || !S_ISREG(info.st_mode)) {
+    if (!S_ISREG(info.st_mode)) {
+        errno = S_ISDIR(info.st_mode) ? EISDIR : EINVAL;
         return {};
     }
     return openFoundFile(path, info);
@@ -47,43 +63,60 @@ FileDescriptor FileDescriptor::openRegularFile(const QString &path, struct stat 
 
 FileDescriptor FileDescriptor::openFoundFile(const QString &path, struct stat &info)
 {
-    if (!isNameable(path)) {
+    if (isResource(path)) {
+        return openResource(path).ifRegular(info);
+    }
+    if (!isMeant(path)) {
         return {};
     }
     const QByteArray name = QFile::encodeName(path);
-    // non-blocking, and asked again: the path may have come to mean a FIFO in between
-    const auto open = [&name] {
-        return ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
-    };
-    FileDescriptor file(uninterrupted(open));
-    if (!file.examine(info) || !S_ISREG(info.st_mode)) {
+    FileDescriptor file(
+        uninterrupted([&] { return ::open(name.constData(), O_RDONLY | s_flags); }));
+    return file.ifRegular(info);
+}
+
+// A resource lies in the program's memory. A file in memory is read like any other.
+FileDescriptor FileDescriptor::openResource(const QString &path)
+{
+    QFile resource(path);
+    if (!resource.open(QIODevice::ReadOnly)) {
+        errno = ENOENT;
+        return {};
+    }
+    const QByteArray content = resource.readAll();
+    FileDescriptor file(::memfd_create("resource", MFD_CLOEXEC));
+    if (file.isOpen()
+        && (!file.write(content.constData(), content.size()) || ::lseek(file.m_fd, 0, SEEK_SET) != 0
+            || ::fchmod(file.m_fd, s_resourceMode) != 0)) {
         file.close();
     }
     return file;
 }
 
-FileDescriptor FileDescriptor::createUnlessSame(const QString &path, const struct stat &source,
-                                                struct stat &info)
+// asked again, now that it is open: it may be something else than it was
+FileDescriptor FileDescriptor::ifRegular(struct stat &info)
 {
-    if (!isNameable(path)) {
-        return {};
+    const bool isExamined = examine(info);
+    if (!isExamined || !S_ISREG(info.st_mode)) {
+        const int error = isExamined ? EINVAL : errno;
+        close();
+        errno = error;
     }
-    const QByteArray name = QFile::encodeName(path);
+    return std::move(*this);
+}
+
+FileDescriptor FileDescriptor::openOrCreate(int folder, const char *name)
+{
     // not emptied by open(): it may be the source, and must be asked first
-    const auto open = [&name] {
-        return ::open(name.constData(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK,
-                      0666);
-    };
-    FileDescriptor file(uninterrupted(open));
-    if (!file.examine(info) || isSameFile(info, source)) {
-        file.close();
-        return file;
-    }
-    if (S_ISREG(info.st_mode) && info.st_size > 0
-        && uninterrupted([&file] { return ::ftruncate(file.m_fd, 0); }) != 0) {
-        file.close();
-    }
-    return file;
+    return FileDescriptor(uninterrupted(
+        [=] { return ::openat(folder, name, O_WRONLY | O_CREAT | s_flags, s_newFileMode); }));
+}
+
+FileDescriptor FileDescriptor::createNew(int folder, const char *name)
+{
+    return FileDescriptor(uninterrupted([=] {
+        return ::openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | s_flags, s_newFileMode);
+    }));
 }
 
 bool FileDescriptor::examine(struct stat &info) const
@@ -106,6 +139,11 @@ qint64 FileDescriptor::read(char *data, qint64 size, qint64 expected)
         total += n;
     } while (total < size && total < expected);
     return total;
+}
+
+bool FileDescriptor::truncate()
+{
+    return uninterrupted([this] { return ::ftruncate(m_fd, 0); }) == 0;
 }
 
 bool FileDescriptor::write(const char *data, qint64 size)
@@ -134,15 +172,6 @@ bool FileDescriptor::close()
     }
     // not repeated when interrupted: the descriptor is gone, and its number may be another's
     return ::close(std::exchange(m_fd, -1)) == 0;
-}
-
-void removeWrittenFile(const QString &path)
-{
-    const QByteArray name = QFile::encodeName(path);
-    struct stat info = {};
-    if (::lstat(name.constData(), &info) == 0 && (S_ISREG(info.st_mode) || S_ISLNK(info.st_mode))) {
-        ::unlink(name.constData());
-    }
 }
 
 } // namespace Tavro::Shared::detail

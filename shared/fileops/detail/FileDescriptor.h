@@ -8,10 +8,13 @@
 
 namespace Tavro::Shared::detail {
 
+bool isSameFile(const struct stat &a, const struct stat &b);
+
 /**
  * An open file, closed when it goes out of scope.
  *
- * Calls that a signal interrupted are made again; no call blocks on a pipe or a device.
+ * Calls that a signal interrupted are made again; no call blocks on a pipe or a device. What
+ * fails leaves the reason in errno.
  */
 class FileDescriptor
 {
@@ -30,25 +33,28 @@ public:
 
     /**
      * Opens a regular file, links followed, for reading. Anything else is not even opened: a
-     * FIFO would wait for a writer, and some devices act on being opened. @p info describes it.
+     * FIFO would wait for a writer, and some devices act on being opened. A resource of the
+     * program is a regular file, too. @p info describes the file.
      */
     static FileDescriptor openRegularFile(const QString &path, struct stat &info);
     /** The same for what a walk has just found to be a regular file, and with one question less. */
     static FileDescriptor openFoundFile(const QString &path, struct stat &info);
 
-    /**
-     * Opens or creates a file for writing, empty, unless it is the file that @p source describes
-     * (then it stays as it is and the result is closed). @p info describes it.
-     */
-    static FileDescriptor createUnlessSame(const QString &path, const struct stat &source,
-                                           struct stat &info);
+    /** Opens the file @p name in @p folder for writing, or creates it. */
+    static FileDescriptor openOrCreate(int folder, const char *name);
+    /** Creates the file @p name in @p folder; fails with EEXIST when there is one. */
+    static FileDescriptor createNew(int folder, const char *name);
 
     bool isOpen() const { return m_fd >= 0; }
     int handle() const { return m_fd; }
 
+    /** Describes the file; false when it is not open. */
+    bool examine(struct stat &info) const;
     /** Reads until @p size bytes, or @p expected of them, are there, or the file ends. -1: error.
      */
     qint64 read(char *data, qint64 size, qint64 expected);
+    /** Cuts off all that is in the file. */
+    bool truncate();
     /** True when all of it was written. */
     bool write(const char *data, qint64 size);
     /** True when what was written so far is on the device. */
@@ -62,12 +68,10 @@ private:
     {
     }
 
-    bool examine(struct stat &info) const;
+    static FileDescriptor openResource(const QString &path);
+    FileDescriptor ifRegular(struct stat &info);
 
     int m_fd = -1;
 };
-
-/** Removes a file or a link; never a device node that the path may name. */
-void removeWrittenFile(const QString &path);
 
 } // namespace Tavro::Shared::detail

@@ -43,7 +43,9 @@ ReportQueue::ReportQueue(QObject *receiver)
 void ReportQueue::report(Report report)
 {
     if (QThread::currentThread() == m_receivingThread) {
-        report();
+        if (m_receiver != nullptr) { // no other thread changes it
+            report();
+        }
         return;
     }
     const std::lock_guard<std::mutex> lock(m_mutex);

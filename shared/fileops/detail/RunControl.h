@@ -1,5 +1,9 @@
 #pragma once
 
+#include "shared/fileops/CFileOperationResult.h"
+
+#include <functional>
+
 namespace Tavro::Shared::detail {
 
 /** What a controller does to the runs of its worker besides loading. From any thread. */
@@ -8,6 +12,8 @@ class RunControl
 public:
     virtual ~RunControl() = default;
 
+    /** Has @p receive called on the working thread for each run, before its end shows. */
+    virtual void onResult(std::function<void(const CFileOperationResult &)> receive) = 0;
     /** Sets what is loaded aside for a run of its own, whatever is loaded before that begins. */
     virtual void claimLoadedRequest() = 0;
     /** Whether there is a run that has not begun. */

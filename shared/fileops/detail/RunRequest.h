@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include "shared/fileops/CFileOperationResult.h"
 
 #include <atomic>
 
@@ -11,7 +11,7 @@ namespace Tavro::Shared::detail {
  *
  * Each run has its own, so that loading the next request, or a reset, changes nothing for a run
  * in progress. The jobs that a derived request adds are filled in before it is published and
- * belong to the run from then on; the rest may be touched by any thread.
+ * belong to the run from then on; the atomic rest may be touched by any thread.
  */
 struct RunRequest
 {
@@ -20,6 +20,7 @@ struct RunRequest
     std::atomic<qint64> totalBytes{0};
     std::atomic<bool> canceled{false}; // polled all the time
     std::atomic<bool> abandoned{false}; // canceled, and nobody is left to hear of it
+    CFileOperationResult result; // the run's own until its end
 };
 
 } // namespace Tavro::Shared::detail

@@ -12,55 +12,23 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
+#include <memory>
+#include <set>
+#include <utility>
+#include <vector>
 
 namespace Tavro::Shared::detail {
 
 namespace {
 
-/** Removes everything that it meets. */
-class Removal : public FolderDescent
+using Outcome = TreeRemoval::Outcome;
+
+struct Freer
 {
-public:
-    bool isWhole() const { return m_isWhole; }
-
-protected:
-    Next visit(int folder, const dirent64 &entry) override
-    {
-        return unlink(folder, entry.d_name, 0) ? Next::ReadAgain : Next::GoOn;
-    }
-    void leave(int folder, const char *name) override { unlink(folder, name, AT_REMOVEDIR); }
-
-private:
-    bool unlink(int folder, const char *name, int flags)
-    {
-        const bool isGone = ::unlinkat(folder, name, flags) == 0;
-        // what somebody else has removed is gone, too
-        m_isWhole = m_isWhole && (isGone || errno == ENOENT);
-        return isGone;
-    }
-
-    bool m_isWhole = true;
+    void operator()(char *text) const { std::free(text); } // NOLINT(*-no-malloc)
 };
-
-bool isSameFile(const struct stat &a, const struct stat &b)
-{
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
-bool isRootOfAll(const struct stat &info)
-{
-    struct stat root = {};
-    return ::stat("/", &root) == 0 && isSameFile(info, root);
-}
-
-bool removeLinkToFolder(const QByteArray &link)
-{
-    struct stat target = {};
-    if (::stat(link.constData(), &target) != 0 || !S_ISDIR(target.st_mode)) {
-        return true; // no directory
-    }
-    return ::unlink(link.constData()) == 0 || errno == ENOENT;
-}
+using SystemText = std::unique_ptr<char, Freer>;
 
 QString withoutFinalSlashes(QString path)
 {
@@ -70,97 +38,301 @@ QString withoutFinalSlashes(QString path)
     return path;
 }
 
+// A file system that knows no such thing as flushing a directory has no objection to it.
+int flushFolder(int folder)
+{
+    return ::fsync(folder) == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
+}
+
+/** Removes everything that it meets. */
+class Removal : public FolderDescent
+{
+public:
+    explicit Removal(const QString &root)
+        : m_root(root)
+    {
+    }
+
+    // what kept the tree, whose root could not be removed for @p error
+    TreeRemoval failure(int error)
+    {
+        TreeRemoval result = {Outcome::Failed, error, m_root, {}, true};
+        if (m_hasFailed) {
+            result.systemError = m_error;
+            result.path = absolute(m_path);
+        } else if (!m_notices.empty()) {
+            result.systemError = m_notices.front().error;
+            result.path = absolute(m_notices.front().path);
+        }
+        for (const Notice &notice : m_notices) {
+            result.unreadableDirectories.append(absolute(notice.path));
+        }
+        result.unreadableDirectories.removeDuplicates();
+        return result;
+    }
+
+    void notice(const QByteArray &path, int error) override
+    {
+        if (m_notices.empty() || m_notices.back().path != path) {
+            m_notices.push_back({path, error});
+        }
+    }
+
+protected:
+    Next visit(int folder, const dirent64 &entry) override
+    {
+        if (::unlinkat(folder, entry.d_name, 0) == 0) {
+            forgive(entry.d_name);
+            return Next::ReadAgain;
+        }
+        // what somebody else has removed is gone, too
+        if (errno != ENOENT) {
+            fail(entry.d_name, errno);
+        }
+        return Next::GoOn;
+    }
+
+    void leave(int folder, const char *name) override
+    {
+        const bool isGone = ::unlinkat(folder, name, AT_REMOVEDIR) == 0 || errno == ENOENT;
+        const int error = errno;
+        if (isGone) {
+            while (hasNoticed(name)) {
+                m_notices.pop_back();
+            }
+            return;
+        }
+        if (error == EBUSY) {
+            flushMount(folder, name);
+        }
+        fail(name, hasNoticed(name) ? m_notices.back().error : error);
+    }
+
+private:
+    /** A folder that was not seen, or only in part. */
+    struct Notice
+    {
+        QByteArray path;
+        int error;
+    };
+
+    QString absolute(const QByteArray &path) const
+    {
+        if (path.isEmpty()) {
+            return m_root;
+        }
+        const QByteArray root = QFile::encodeName(m_root);
+        return QFile::decodeName(root.endsWith('/') ? root + path : root + '/' + path);
+    }
+
+    void fail(const char *name, int error)
+    {
+        if (!m_hasFailed) {
+            m_hasFailed = true;
+            m_error = error;
+            m_path = pathOf(name);
+        }
+    }
+
+    // it is gone at a second try
+    void forgive(const char *name) { m_hasFailed = m_hasFailed && m_path != pathOf(name); }
+
+    // of what was in it nothing is left to tell of
+    bool hasNoticed(const char *folder) const
+    {
+        return !m_notices.empty() && m_notices.back().path == pathOf(folder);
+    }
+
+    // what was removed below a mount point is not on the volume that is flushed in the end
+    static void flushMount(int folder, const char *name)
+    {
+        const FolderHandle mount = FolderHandle::openBelow(folder, name);
+        if (mount.isOpen()) {
+            ::syncfs(mount.get());
+            flushFolder(mount.get());
+        }
+    }
+
+    const QString m_root;
+    std::vector<Notice> m_notices;
+    bool m_hasFailed = false;
+    int m_error = 0; // of the first failure
+    QByteArray m_path;
+};
+
+bool isSameFile(const struct stat &a, const struct stat &b)
+{
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+// also when nobody can tell: too much is at stake
+bool mayBeRootOfAll(const struct stat &info)
+{
+    struct stat root = {};
+    return ::stat("/", &root) != 0 || isSameFile(info, root);
+}
+
+// that there is nothing of that name, and not just nothing to be seen
+bool meansNothing(int error)
+{
+    return error == ENOENT || error == ENOTDIR;
+}
+
+TreeRemoval removeLinkToFolder(const QString &root, const QByteArray &link)
+{
+    struct stat target = {};
+    if (::stat(link.constData(), &target) != 0) {
+        const bool isBroken = meansNothing(errno) || errno == ELOOP;
+        return isBroken ? TreeRemoval{Outcome::NoDirectory, ENOTDIR, root, {}, false}
+                        : TreeRemoval{Outcome::Failed, errno, root, {}, true};
+    }
+    if (!S_ISDIR(target.st_mode)) {
+        return {Outcome::NoDirectory, ENOTDIR, root, {}, false};
+    }
+    if (::unlink(link.constData()) == 0 || errno == ENOENT) {
+        return {Outcome::Gone, 0, {}, {}, true};
+    }
+    return {Outcome::Failed, errno, root, {}, true};
+}
+
+// what a system call has answered for @p path; null when it has failed
+RemovalRoot found(const SystemText &answer, const QString &path)
+{
+    if (!answer) {
+        return meansNothing(errno) ? RemovalRoot() : RemovalRoot{path, errno};
+    }
+    return isAddressable(answer.get()) ? RemovalRoot{QFile::decodeName(answer.get()), 0}
+                                       : RemovalRoot{path, EILSEQ};
+}
+
+// where the system finds @p path, links and ".." followed
+RemovalRoot realPath(const QString &path)
+{
+    return found(SystemText(::realpath(QFile::encodeName(path).constData(), nullptr)), path);
+}
+
 } // namespace
 
-QString removalRoot(const QString &path)
+RemovalRoot removalRoot(const QString &path)
 {
-    if (!isNameable(path)) {
+    const QString resolved = resolvedPath(path);
+    if (!isNameable(resolved)) {
         return {};
     }
-    QString absolute = path;
-    if (!path.startsWith(QLatin1Char('/'))) {
-        const QString current = QDir::currentPath();
-        if (current.isEmpty()) { // it was removed; the path must not come to mean one of the root's
-            return {};
+    if (isResource(resolved)) {
+        return {resolved, 0};
+    }
+    QString absolute = resolved;
+    if (!resolved.startsWith(QLatin1Char('/'))) {
+        // perhaps removed; the path must not come to mean one of the root's
+        const RemovalRoot current = found(SystemText(::getcwd(nullptr, 0)), resolved);
+        if (current.path.isEmpty() || current.systemError != 0) {
+            return current;
         }
-        absolute = current + QLatin1Char('/') + path;
+        absolute = current.path + QLatin1Char('/') + resolved;
     }
     absolute = withoutFinalSlashes(absolute);
 
     const QStringList names = absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     if (!names.contains(QLatin1String(".."))) {
-        return QDir::cleanPath(absolute);
+        return {QDir::cleanPath(absolute), 0};
     }
     // behind a link, ".." is not where the text says
     if (names.constLast() == QLatin1String("..") || names.constLast() == QLatin1String(".")) {
-        return QFileInfo(absolute).canonicalFilePath();
+        return realPath(absolute);
     }
     const int end = absolute.lastIndexOf(QLatin1Char('/'));
-    const QString folder = QFileInfo(absolute.left(end)).canonicalFilePath();
-    return folder.isEmpty() ? QString() : withoutFinalSlashes(folder) + absolute.mid(end);
+    RemovalRoot root = realPath(absolute.left(end));
+    if (!root.path.isEmpty() && root.systemError == 0) {
+        root.path = withoutFinalSlashes(root.path) + absolute.mid(end);
+    }
+    return root;
 }
 
 bool isRemovableTree(const QString &root)
 {
+    if (isResource(root)) {
+        return QFileInfo(root).isDir();
+    }
     struct stat info = {};
     return isNameable(root) && ::lstat(QFile::encodeName(root).constData(), &info) == 0
-        && S_ISDIR(info.st_mode) && !isRootOfAll(info);
+        && S_ISDIR(info.st_mode) && !mayBeRootOfAll(info);
 }
 
-bool removeTree(const QString &root)
+TreeRemoval removeTree(const QString &root)
 {
     if (!isNameable(root)) {
-        return true;
+        return {};
+    }
+    if (isResource(root)) {
+        return QFileInfo(root).isDir() ? TreeRemoval{Outcome::Failed, EROFS, root, {}, true}
+                                       : TreeRemoval();
     }
     const QByteArray name = QFile::encodeName(root);
     struct stat info = {};
     if (::lstat(name.constData(), &info) != 0) {
-        return true;
+        return meansNothing(errno) ? TreeRemoval()
+                                   : TreeRemoval{Outcome::Failed, errno, root, {}, false};
     }
     if (S_ISLNK(info.st_mode)) {
-        return removeLinkToFolder(name);
+        return removeLinkToFolder(root, name);
     }
     if (!S_ISDIR(info.st_mode)) {
-        return true;
+        return {Outcome::NoDirectory, ENOTDIR, root, {}, false};
     }
-    if (isRootOfAll(info)) {
-        return false;
+    if (mayBeRootOfAll(info)) {
+        return {Outcome::Failed, EBUSY, root, {}, false};
     }
-    bool isWhole = true;
+    Removal removal(root);
     FolderHandle folder = FolderHandle::open(name.constData(), FolderHandle::Links::Refuse);
     if (folder.isOpen()) {
-        Removal removal;
-        isWhole = removal.run(std::move(folder)) && removal.isWhole();
+        removal.run(std::move(folder));
+    } else {
+        removal.notice({}, errno);
     }
-    return (::rmdir(name.constData()) == 0 || errno == ENOENT) && isWhole;
+    // which an empty directory alone allows
+    if (::rmdir(name.constData()) == 0 || errno == ENOENT) {
+        return {Outcome::Gone, 0, {}, {}, true};
+    }
+    return removal.failure(errno);
 }
 
 FileRemoval::FileRemoval(const QString &root)
     : m_prefix(root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/'))
-    , m_root(FolderHandle::open(QFile::encodeName(root).constData(), FolderHandle::Links::Refuse))
 {
+    if (isResource(root)) {
+        m_error = EROFS;
+        return;
+    }
+    m_root = FolderHandle::open(QFile::encodeName(root).constData(), FolderHandle::Links::Refuse);
+    m_error = m_root.isOpen() ? 0 : errno;
 }
 
-bool FileRemoval::remove(const QString &path)
+FileRemoval::~FileRemoval()
+{
+    leaveFolder();
+}
+
+int FileRemoval::remove(const QString &path)
 {
     const int begin = path.lastIndexOf(QLatin1Char('/')) + 1;
-    if (!enterFolder(path, begin)) {
-        return false;
+    if (const int error = enterFolder(path, begin)) {
+        return error;
     }
     const NativeName name(path, begin);
-    return ::unlinkat(m_folder.get(), name.get(), 0) == 0;
+    return ::unlinkat(m_folder.get(), name.get(), 0) == 0 ? 0 : errno;
 }
 
 // Name by name from the root: what stands in the place of a folder of the walk may be a link now.
-bool FileRemoval::enterFolder(const QString &path, int length)
+int FileRemoval::enterFolder(const QString &path, int length)
 {
-    if (m_folderPath.size() == length && path.startsWith(m_folderPath)) {
-        return m_folder.isOpen();
+    if (!m_root.isOpen() || (m_folderPath.size() == length && path.startsWith(m_folderPath))) {
+        return m_error;
     }
-    m_folder.close();
+    leaveFolder();
     m_folderPath = path.left(length);
-    if (!m_root.isOpen() || !m_folderPath.startsWith(m_prefix)) {
-        return false;
+    if (!m_folderPath.startsWith(m_prefix)) {
+        return m_error = ENOENT;
     }
     m_folder = FolderHandle::openBelow(m_root.get(), ".");
     for (int begin = m_prefix.size(); m_folder.isOpen() && begin < length;) {
@@ -169,7 +341,56 @@ bool FileRemoval::enterFolder(const QString &path, int length)
         m_folder = FolderHandle::openBelow(m_folder.get(), name.get());
         begin = end + 1;
     }
-    return m_folder.isOpen();
+    struct stat info = {};
+    struct stat root = {};
+    const bool isFound = m_folder.isOpen() && ::fstat(m_folder.get(), &info) == 0
+        && ::fstat(m_root.get(), &root) == 0;
+    m_error = isFound ? 0 : errno;
+    m_isOnOtherVolume = isFound && info.st_dev != root.st_dev;
+    return m_error;
+}
+
+void FileRemoval::leaveFolder()
+{
+    if (m_folder.isOpen() && m_isOnOtherVolume) {
+        ::syncfs(m_folder.get());
+        flushFolder(m_folder.get());
+    }
+    m_folder.close();
+}
+
+FlushFailure flushRemovals(const QStringList &roots)
+{
+    QStringList folders;
+    for (const QString &root : roots) {
+        folders.append(withoutFinalSlashes(root.left(root.lastIndexOf(QLatin1Char('/')) + 1)));
+    }
+    folders += roots; // what is left of them may be mount points
+    folders.removeDuplicates();
+
+    FlushFailure failure;
+    std::set<dev_t> volumes;
+    for (const QString &path : qAsConst(folders)) {
+        const FolderHandle folder =
+            FolderHandle::open(QFile::encodeName(path).constData(), FolderHandle::Links::Refuse);
+        struct stat info = {};
+        if (!folder.isOpen() || ::fstat(folder.get(), &info) != 0) {
+            if (errno != ENOENT) {
+                ::sync(); // a directory may be changed, and not be read
+            }
+            continue;
+        }
+        int error = 0;
+        if (volumes.insert(info.st_dev).second && ::syncfs(folder.get()) != 0) {
+            error = errno;
+        }
+        // on FAT, this is what makes the drive empty its own cache
+        const int folderError = flushFolder(folder.get());
+        if (failure.systemError == 0 && (error != 0 || folderError != 0)) {
+            failure = {error != 0 ? error : folderError, path};
+        }
+    }
+    return failure;
 }
 
 } // namespace Tavro::Shared::detail

@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <memory>
 #include <string>
@@ -52,6 +53,25 @@ struct Examined
     qint64 size = 0;
 };
 
+// repeats a call that a signal interrupted
+template<typename Call> auto uninterrupted(Call call)
+{
+    auto result = call();
+    while (!result && errno == EINTR) {
+        result = call();
+    }
+    return result;
+}
+
+// null at the end, with errno 0, and when the system fails
+const dirent *next(DIR *directory)
+{
+    return uninterrupted([directory] {
+        errno = 0;
+        return ::readdir(directory);
+    });
+}
+
 Kind kindOf(mode_t mode)
 {
     if (S_ISREG(mode)) {
@@ -69,41 +89,46 @@ Kind kindOf(mode_t mode)
 class FolderReader
 {
 public:
-    explicit FolderReader(Links links)
+    FolderReader(Links links, const std::atomic<bool> *abandoned)
         : m_links(links)
+        , m_abandoned(abandoned)
     {
     }
 
-    void read(const QString &path);
+    bool isAbandoned() const { return m_abandoned != nullptr && *m_abandoned; }
+
+    // the errno of what kept entries from being seen, the first one; 0 when all were
+    int read(const QString &path);
 
     // subdirectories and files, in order; some entries are both
     void listDirectories(int rootLength, QStringList &directories);
     void listFiles(TreeListing &listing);
 
 private:
-    static void appendFile(TreeListing &listing, const CFileEntry &file, bool isSpecial);
     void add(int directoryFd, const dirent &entry);
-    Examined examine(int directoryFd, const dirent &entry, qsizetype nameLength) const;
-    Examined examineLink(const char *name) const;
+    Examined examine(int directoryFd, const dirent &entry, qsizetype nameLength);
+    Examined examineLink(const char *name, bool isTooLong);
+    Examined hidden(int error);
     Piece append(const char *ascii, int length);
     Piece append(const QString &text);
     Piece appendFolded(Piece name, bool isAscii);
     std::u16string_view text(Piece piece) const;
-    bool sort(Entries &entries) const;
+    void sort(Entries &entries) const;
     QString pathOf(const Entry &entry, int begin) const;
 
-    QDir::Filters filters(QDir::Filters kinds) const;
-
     const Links m_links;
+    const std::atomic<bool> *const m_abandoned;
     QString m_prefix; // the directory's path, ending in "/"
     QByteArray m_nativePath; // the same as the system takes it
     std::u16string m_text;
     Entries m_files;
     Entries m_directories;
+    int m_error = 0;
 };
 
-void FolderReader::read(const QString &path)
+int FolderReader::read(const QString &path)
 {
+    m_error = 0;
     m_text.clear();
     m_files.clear();
     m_directories.clear();
@@ -112,16 +137,25 @@ void FolderReader::read(const QString &path)
 
     // by its full path, not relative to its parent: the system counts the links of a path, and
     // that count is what ends a walk through a link to a directory above
-    const DirectoryHandle directory(::opendir(QFile::encodeName(path).constData()));
+    const QByteArray nativePath = QFile::encodeName(path);
+    const DirectoryHandle directory(
+        uninterrupted([&nativePath] { return ::opendir(nativePath.constData()); }));
     if (!directory) {
-        return;
+        return errno;
     }
     const int fd = ::dirfd(directory.get());
-    while (const dirent *entry = ::readdir(directory.get())) {
+    while (const dirent *entry = next(directory.get())) {
+        if (isAbandoned()) {
+            return m_error;
+        }
         if (entry->d_name[0] != '.') { // hidden, or the directory itself, or its parent
             add(fd, *entry);
         }
     }
+    if (errno != 0) {
+        hidden(errno);
+    }
+    return m_error;
 }
 
 void FolderReader::add(int directoryFd, const dirent &entry)
@@ -134,11 +168,12 @@ void FolderReader::add(int directoryFd, const dirent &entry)
         isAscii = isAscii && static_cast<unsigned char>(name[length]) < 0x80;
         hasCapitals = hasCapitals || (name[length] >= 'A' && name[length] <= 'Z');
     }
-    if (!isAscii && !isAddressable(name)) {
-        return;
-    }
     const Examined examined = examine(directoryFd, entry, length);
     if (examined.kind == Kind::Nothing) {
+        return;
+    }
+    if (!isAscii && !isAddressable(name)) {
+        hidden(EILSEQ);
         return;
     }
 
@@ -157,13 +192,23 @@ void FolderReader::add(int directoryFd, const dirent &entry)
     }
 }
 
+// an entry that may be there, and cannot be told from one that is not
+Examined FolderReader::hidden(int error)
+{
+    if (m_error == 0) {
+        m_error = error;
+    }
+    return {};
+}
+
 // QFileInfo believes what the directory says of an entry, and follows links by the full path
-Examined FolderReader::examine(int directoryFd, const dirent &entry, qsizetype nameLength) const
+Examined FolderReader::examine(int directoryFd, const dirent &entry, qsizetype nameLength)
 {
     const bool isTooLong = m_nativePath.size() + nameLength >= PATH_MAX;
     struct stat info = {};
     switch (entry.d_type) {
     case DT_REG:
+        // without its size it is listed all the same: whoever opens it will hear what is wrong
         if (isTooLong || ::fstatat(directoryFd, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) != 0) {
             return {Kind::File, 0};
         }
@@ -171,13 +216,16 @@ Examined FolderReader::examine(int directoryFd, const dirent &entry, qsizetype n
     case DT_DIR:
         return {Kind::Directory, 0};
     case DT_LNK:
-        return examineLink(entry.d_name);
+        return examineLink(entry.d_name, isTooLong);
     case DT_UNKNOWN: // some file systems leave the question to us
-        if (isTooLong || ::fstatat(directoryFd, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) != 0) {
-            return {};
+        if (isTooLong) {
+            return hidden(ENAMETOOLONG);
+        }
+        if (::fstatat(directoryFd, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) != 0) {
+            return errno == ENOENT ? Examined() : hidden(errno);
         }
         if (S_ISLNK(info.st_mode)) {
-            return examineLink(entry.d_name);
+            return examineLink(entry.d_name, isTooLong);
         }
         if (S_ISREG(info.st_mode) || S_ISDIR(info.st_mode)) {
             return {kindOf(info.st_mode), info.st_size};
@@ -188,16 +236,27 @@ Examined FolderReader::examine(int directoryFd, const dirent &entry, qsizetype n
     }
 }
 
-Examined FolderReader::examineLink(const char *name) const
+Examined FolderReader::examineLink(const char *name, bool isTooLong)
 {
     struct stat info = {};
     if (m_links == Links::LeaveOut) {
         return {};
     }
-    if (::stat((m_nativePath + name).constData(), &info) != 0) {
-        return {}; // broken
+    if (isTooLong) {
+        return hidden(ENAMETOOLONG);
     }
-    return {kindOf(info.st_mode), info.st_size};
+    if (::stat((m_nativePath + name).constData(), &info) == 0) {
+        return {kindOf(info.st_mode), info.st_size};
+    }
+    switch (errno) {
+    case ENOENT:
+    case ENOTDIR:
+    case ENAMETOOLONG: // of what it points to: no such name can exist
+    case ELOOP: // points to itself, or to a directory above and has been followed often enough
+        return {}; // broken
+    default:
+        return hidden(errno);
+    }
 }
 
 Piece FolderReader::append(const char *ascii, int length)
@@ -234,16 +293,14 @@ std::u16string_view FolderReader::text(Piece piece) const
     return {m_text.data() + piece.begin, piece.length};
 }
 
-// by name ignoring case; false when that leaves the order of two entries open
-bool FolderReader::sort(Entries &entries) const
+// By name ignoring case. Names that differ only in case stand in the order in which std::sort
+// happens to leave them: QDir's order, as long as it sorts the same entries from the same order by
+// the same comparison. So no stable sort here, and no look at the names themselves.
+void FolderReader::sort(Entries &entries) const
 {
     std::sort(entries.begin(), entries.end(), [this](const Entry &a, const Entry &b) {
         return text(a.foldedName) < text(b.foldedName);
     });
-    const auto tie = [this](const Entry &a, const Entry &b) {
-        return text(a.foldedName) == text(b.foldedName);
-    };
-    return std::adjacent_find(entries.begin(), entries.end(), tie) == entries.end();
 }
 
 // the entry's path without its first characters
@@ -257,69 +314,77 @@ QString FolderReader::pathOf(const Entry &entry, int begin) const
     return path;
 }
 
-QDir::Filters FolderReader::filters(QDir::Filters kinds) const
-{
-    return m_links == Links::LeaveOut ? kinds | QDir::NoSymLinks : kinds;
-}
-
-// Names that differ only in case stand in the order in which QDir's own sorting happens to
-// leave them, so QDir is asked for these rare directories.
-
 void FolderReader::listDirectories(int rootLength, QStringList &directories)
 {
-    if (sort(m_directories)) {
-        for (const Entry &entry : m_directories) {
-            directories.append(pathOf(entry, rootLength));
-        }
-        return;
-    }
-    const QDir directory(m_prefix);
-    const QStringList names =
-        directory.entryList(filters(QDir::AllDirs | QDir::NoDotAndDotDot), QDir::NoSort);
-    for (const QString &name : names) {
-        directories.append(directory.absoluteFilePath(name).mid(rootLength));
+    sort(m_directories);
+    for (const Entry &entry : m_directories) {
+        directories.append(pathOf(entry, rootLength));
     }
 }
 
 void FolderReader::listFiles(TreeListing &listing)
 {
-    if (sort(m_files)) {
-        for (const Entry &entry : m_files) {
-            appendFile(listing, CFileEntry(pathOf(entry, 0), entry.size), entry.isSpecial);
+    sort(m_files);
+    for (const Entry &entry : m_files) {
+        listing.files.append(CFileEntry(pathOf(entry, 0), entry.size));
+        listing.bytes += entry.size;
+        if (entry.isSpecial) {
+            listing.specialFiles.insert(listing.files.constLast().path());
         }
-        return;
-    }
-    const QFileInfoList files = QDir(m_prefix).entryInfoList(filters(QDir::Files), QDir::NoSort);
-    for (const QFileInfo &file : files) {
-        appendFile(listing, CFileEntry(file.absoluteFilePath(), file.size()), !file.isFile());
     }
 }
 
-void FolderReader::appendFile(TreeListing &listing, const CFileEntry &file, bool isSpecial)
+void visitResources(const QString &path, int rootLength, TreeListing &listing)
 {
-    listing.files.append(file);
-    listing.bytes += file.size();
-    if (isSpecial) {
-        listing.specialFiles.insert(file.path());
+    const QDir directory(path);
+    const QStringList names =
+        directory.entryList(QDir::AllDirs | QDir::NoDotAndDotDot, QDir::NoSort);
+    for (const QString &name : names) {
+        listing.directories.append(directory.absoluteFilePath(name).mid(rootLength));
+    }
+    const QFileInfoList files = directory.entryInfoList(QDir::Files, QDir::NoSort);
+    for (const QFileInfo &file : files) {
+        listing.files.append(CFileEntry(file.absoluteFilePath(), file.size()));
+        listing.bytes += file.size();
+    }
+}
+
+void noteUnreadable(const QString &path, int error, TreeListing &listing)
+{
+    const bool hasFinalSlash = path.size() > 1 && path.endsWith(QLatin1Char('/'));
+    listing.unreadableDirectories.append(hasFinalSlash ? path.chopped(1) : path);
+    if (listing.systemError == 0) {
+        listing.systemError = error;
     }
 }
 
 } // namespace
 
-TreeListing listTree(const QString &root, Links links)
+TreeListing listTree(const QString &root, Links links, const std::atomic<bool> *abandoned)
 {
     TreeListing listing;
     const QString prefix = root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/');
-    FolderReader reader(links);
+    const bool isOfResources = isResource(root);
+    FolderReader reader(links, abandoned);
     const auto visit = [&](const QString &path) {
-        reader.read(path);
+        if (isOfResources) {
+            visitResources(path, prefix.size(), listing);
+            return;
+        }
+        const int error = reader.read(path);
+        if (error != 0) {
+            noteUnreadable(path, error, listing);
+        }
         reader.listDirectories(prefix.size(), listing.directories);
         reader.listFiles(listing);
     };
 
     visit(root);
+    if (isOfResources && !QDir(root).exists()) {
+        noteUnreadable(root, ENOENT, listing);
+    }
     // the list of what was found is also the queue of what to visit: breadth first
-    for (int i = 0; i < listing.directories.size(); ++i) {
+    for (int i = 0; i < listing.directories.size() && !reader.isAbandoned(); ++i) {
         visit(prefix + listing.directories.at(i));
     }
     return listing;

@@ -6,6 +6,8 @@
 #include <QSet>
 #include <QStringList>
 
+#include <atomic>
+
 namespace Tavro::Shared::detail {
 
 /** What a walk found below a directory. */
@@ -15,6 +17,8 @@ struct TreeListing
     QList<CFileEntry> files; // the directory's own first, then each subdirectory's in that order
     QSet<QString> specialFiles; // paths of those that are no regular files: links to FIFOs, devices
     qint64 bytes = 0; // sum of the files' sizes
+    QStringList unreadableDirectories; // absolute, in the order of the walk: see listTree()
+    int systemError = 0; // the errno of the first of them
 };
 
 /** What a walk does with links. */
@@ -34,8 +38,17 @@ enum class Links {
  * With links left out, what QDir answers with QDir::NoSymLinks added.
  *
  * One pass over each directory instead of two listings and an examination of every full path.
- * Directories that cannot be read are empty.
+ *
+ * A directory that cannot be opened or read to its end, and one with an entry that cannot be
+ * examined or named (no UTF-8), is listed as far as it goes and is among the
+ * unreadableDirectories; so is @p root when it does not exist. A link that leads nowhere, or back
+ * to where it came from until the system refuses it, hides nothing.
+ *
+ * @p root may be a directory of resources, ":/name".
+ *
+ * Ends soon, with what it has, when @p abandoned becomes true.
  */
-TreeListing listTree(const QString &root, Links links = Links::Follow);
+TreeListing listTree(const QString &root, Links links = Links::Follow,
+                     const std::atomic<bool> *abandoned = nullptr);
 
 } // namespace Tavro::Shared::detail

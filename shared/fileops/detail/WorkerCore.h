@@ -68,6 +68,10 @@ public:
         m_gate.open(); // a paused run has to wake up to see it
     }
 
+    void onResult(std::function<void(const CFileOperationResult &)> receive) override
+    {
+        m_receiveResult = std::move(receive);
+    }
     void claimLoadedRequest() override { m_requests.claim(); }
     bool hasClaimedRequest() const override { return m_requests.hasClaims(); }
     void dropClaimedRequests() override { m_requests.dropClaims(); }
@@ -117,6 +121,10 @@ public:
             processEvents();
             m_gate.pass();
         } while (!request->canceled && takeStep(*request));
+        request->result.canceled = request->canceled;
+        if (m_receiveResult) {
+            m_receiveResult(request->result);
+        }
         end(request);
         m_requests.endRun();
         Q_EMIT m_worker.finished();
@@ -140,6 +148,7 @@ private:
     Worker &m_worker;
     PauseGate m_gate;
     RequestLine<Request> m_requests;
+    std::function<void(const CFileOperationResult &)> m_receiveResult; // set before any run
     std::atomic<int> m_shownState{0};
     EventPoll m_poll;
 };

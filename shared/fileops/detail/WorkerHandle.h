@@ -5,6 +5,7 @@
 #include "shared/fileops/detail/WorkerThreadOwner.h"
 
 #include <memory>
+#include <utility>
 
 namespace Tavro::Shared::detail {
 
@@ -30,11 +31,21 @@ public:
         QObject::connect(m_worker, &Worker::finished, thread(), &QThread::quit,
                          Qt::DirectConnection);
     }
-    ~WorkerHandle()
+    ~WorkerHandle() { letGo(); }
+
+    /**
+     * To be called by the destructor of the controller, whose functions may keep the handle for a
+     * moment longer: while they load a request, a slot may be the controller's end.
+     */
+    void letGo()
     {
-        m_reports->close();
-        runs().abandonWork();
+        if (std::exchange(m_isOwned, false)) {
+            m_reports->close();
+            runs().abandonWork();
+        }
     }
+    /** False once the controller is gone. */
+    bool isOwned() const { return m_isOwned; }
 
     Worker &worker() const { return *m_worker; }
     RunControl &runs() const { return m_worker->runs(); }
@@ -52,6 +63,14 @@ public:
                 reports->report([receive, arguments...] { receive(arguments...); });
             },
             Qt::DirectConnection);
+    }
+
+    /** Has @p receive(result) called there for each run, before anything tells of its end. */
+    template<typename Receive> void onResult(Receive receive)
+    {
+        runs().onResult([reports = m_reports, receive](const CFileOperationResult &result) {
+            reports->report([receive, result] { receive(result); });
+        });
     }
 
     /** Has @p receive() called there for each end of a run, without waiting for the next look. */
@@ -93,6 +112,7 @@ private:
     Worker *m_worker; // owned by m_thread, lives in it
     WorkerThreadOwner m_thread;
     std::shared_ptr<ReportQueue> m_reports;
+    bool m_isOwned = true;
 };
 
 } // namespace Tavro::Shared::detail

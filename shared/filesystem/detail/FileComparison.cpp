@@ -4,6 +4,7 @@
 
 #include <QCryptographicHash>
 #include <QFile>
+#include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -29,7 +30,7 @@ public:
     ~BlockReader();
 
     /** True until opening or reading fails. */
-    bool isReadable() const { return m_fd >= 0 && !m_hasFailed; }
+    bool isReadable() const { return !m_hasFailed; }
     /** Reads the next block, whole unless the file ends. */
     void next();
     const char *data() const { return m_block.get(); }
@@ -42,6 +43,11 @@ public:
     QByteArray digest();
 
 private:
+    bool openResource(const QString &path);
+    bool openFile(const QString &path);
+    qint64 read(char *data, size_t size);
+
+    QFile m_resource; // open in place of the descriptor
     int m_fd = -1;
     bool m_hasFailed = false;
     std::unique_ptr<char[]> m_block{new char[s_blockSize]};
@@ -52,18 +58,31 @@ private:
 // devices never end.
 BlockReader::BlockReader(const QString &path)
 {
+    const QString resolved = resolvedPath(path);
+    m_hasFailed = isResource(resolved) ? !openResource(resolved) : !openFile(resolved);
+}
+
+bool BlockReader::openResource(const QString &path)
+{
+    m_resource.setFileName(path);
+    return QFileInfo(path).isFile() && m_resource.open(QIODevice::ReadOnly);
+}
+
+bool BlockReader::openFile(const QString &path)
+{
     if (!isNameable(path)) {
-        return;
+        return false;
     }
     const QByteArray name = QFile::encodeName(path);
     do {
         m_fd = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     } while (m_fd < 0 && errno == EINTR);
     struct stat info = {};
-    m_hasFailed = m_fd < 0 || ::fstat(m_fd, &info) != 0 || !S_ISREG(info.st_mode);
-    if (!m_hasFailed) {
-        ::posix_fadvise(m_fd, 0, 0, POSIX_FADV_SEQUENTIAL);
+    if (m_fd < 0 || ::fstat(m_fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+        return false;
     }
+    ::posix_fadvise(m_fd, 0, 0, POSIX_FADV_SEQUENTIAL);
+    return true;
 }
 
 BlockReader::~BlockReader()
@@ -73,17 +92,23 @@ BlockReader::~BlockReader()
     }
 }
 
+qint64 BlockReader::read(char *data, size_t size)
+{
+    return m_resource.isOpen() ? m_resource.read(data, static_cast<qint64>(size))
+                               : ::read(m_fd, data, size);
+}
+
 void BlockReader::next()
 {
     m_size = 0;
     while (m_size < s_blockSize && isReadable()) {
-        const ssize_t n = ::read(m_fd, m_block.get() + m_size, s_blockSize - m_size);
+        const qint64 n = read(m_block.get() + m_size, s_blockSize - m_size);
         if (n == 0) {
             return;
         }
         if (n > 0) {
             m_size += static_cast<size_t>(n);
-        } else if (errno != EINTR) {
+        } else if (m_resource.isOpen() || errno != EINTR) {
             m_hasFailed = true;
         }
     }
@@ -91,7 +116,8 @@ void BlockReader::next()
 
 void BlockReader::rewind()
 {
-    m_hasFailed = m_hasFailed || ::lseek(m_fd, 0, SEEK_SET) != 0;
+    m_hasFailed = m_hasFailed
+        || !(m_resource.isOpen() ? m_resource.seek(0) : ::lseek(m_fd, 0, SEEK_SET) == 0);
 }
 
 bool BlockReader::readToEnd()

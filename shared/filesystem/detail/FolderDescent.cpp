@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstring>
 
 namespace Tavro::Shared::detail {
@@ -19,6 +20,15 @@ constexpr int s_passes = 16; // over a folder that changes while it is read
 bool isSelfOrParent(const char *name)
 {
     return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
+}
+
+ssize_t readEntries(int folder, char *buffer)
+{
+    ssize_t size = -1;
+    do {
+        size = ::getdents64(folder, buffer, s_bufferSize);
+    } while (size < 0 && errno == EINTR);
+    return size;
 }
 
 } // namespace
@@ -43,9 +53,28 @@ FolderDescent::FolderDescent()
 
 FolderDescent::~FolderDescent() = default;
 
-bool FolderDescent::run(FolderHandle root)
+void FolderDescent::notice(const QByteArray & /*path*/, int /*error*/)
 {
-    m_isComplete = true;
+}
+
+QByteArray FolderDescent::pathOfFolder() const
+{
+    QByteArray path;
+    for (size_t i = 0; i + 1 < m_levels.size(); ++i) {
+        path += i == 0 ? "" : "/";
+        path += m_levels[i].current();
+    }
+    return path;
+}
+
+QByteArray FolderDescent::pathOf(const char *name) const
+{
+    const QByteArray folder = pathOfFolder();
+    return folder.isEmpty() ? QByteArray(name) : folder + '/' + name;
+}
+
+void FolderDescent::run(FolderHandle root)
+{
     enter(std::move(root));
     while (!m_levels.empty()) {
         const Level &level = m_levels.back();
@@ -55,14 +84,21 @@ bool FolderDescent::run(FolderHandle root)
         }
         const int folder = level.folder.get();
         FolderHandle below = FolderHandle::openBelow(folder, level.current());
-        if (below.isOpen()) {
+        if (below.isOpen() && mayEnter(below.get())) {
             enter(std::move(below));
         } else {
+            noticeUnlessGone(pathOf(level.current()), errno);
             leave(folder, level.current());
             m_levels.back().advance();
         }
     }
-    return m_isComplete;
+}
+
+void FolderDescent::noticeUnlessGone(const QByteArray &path, int error)
+{
+    if (error != ENOENT) {
+        notice(path, error);
+    }
 }
 
 void FolderDescent::enter(FolderHandle folder)
@@ -83,32 +119,40 @@ bool FolderDescent::readFolder(Level &level)
     bool isUnchanged = true;
     const int folder = level.folder.get();
     ssize_t size = 0;
-    while ((size = ::getdents64(folder, m_buffer.get(), s_bufferSize)) > 0) {
+    while ((size = readEntries(folder, m_buffer.get())) > 0) {
         for (ssize_t at = 0; at < size;) {
             const void *record = m_buffer.get() + at; // the system aligns it
             const auto &entry = *static_cast<const dirent64 *>(record);
             at += entry.d_reclen;
-            if (isSelfOrParent(entry.d_name) || !isAddressable(entry.d_name)) {
+            if (isSelfOrParent(entry.d_name)) {
                 continue;
             }
-            if (isFolder(folder, entry)) {
+            if (!isAddressable(entry.d_name)) {
+                notice(pathOfFolder(), EILSEQ);
+            } else if (isFolder(folder, entry)) {
                 level.folders.append(entry.d_name).push_back('\0');
             } else if (visit(folder, entry) == Next::ReadAgain) {
                 isUnchanged = false;
             }
         }
     }
+    if (size < 0) {
+        noticeUnlessGone(pathOfFolder(), errno);
+    }
     return isUnchanged;
 }
 
-bool FolderDescent::isFolder(int folder, const dirent64 &entry) const
+bool FolderDescent::isFolder(int folder, const dirent64 &entry)
 {
     if (entry.d_type != DT_UNKNOWN) { // which is what some file systems say of all
         return entry.d_type == DT_DIR;
     }
     struct stat info = {};
-    return ::fstatat(folder, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) == 0
-        && S_ISDIR(info.st_mode);
+    if (::fstatat(folder, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) == 0) {
+        return S_ISDIR(info.st_mode);
+    }
+    noticeUnlessGone(pathOfFolder(), errno);
+    return false;
 }
 
 void FolderDescent::closeFarthest()
@@ -133,11 +177,14 @@ void FolderDescent::ascend()
         return;
     }
     Level &level = m_levels.back();
+    int error = 0;
     if (!level.folder.isOpen() && below.folder.isOpen()) {
         level.folder = FolderHandle::openBelow(below.folder.get(), "..");
         struct stat info = {};
-        if (!level.folder.isOpen() || ::fstat(level.folder.get(), &info) != 0
-            || info.st_dev != level.device || info.st_ino != level.inode) {
+        if (!level.folder.isOpen() || ::fstat(level.folder.get(), &info) != 0) {
+            error = errno;
+            level.folder.close();
+        } else if (info.st_dev != level.device || info.st_ino != level.inode) {
             level.folder.close(); // somebody has moved what lies below: this is not the way back
         }
     }
@@ -146,7 +193,7 @@ void FolderDescent::ascend()
         level.advance();
     } else {
         level.position = level.folders.size();
-        m_isComplete = false;
+        notice(pathOfFolder(), error);
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include "shared/filesystem/detail/FolderHandle.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <dirent.h>
 #include <sys/types.h>
@@ -29,8 +29,8 @@ public:
     FolderDescent();
     virtual ~FolderDescent();
 
-    /** Goes through what lies below @p root; false when part of it could not be reached. */
-    bool run(FolderHandle root);
+    /** Goes through what lies below @p root. */
+    void run(FolderHandle root);
 
 protected:
     enum class Next { GoOn, ReadAgain };
@@ -40,21 +40,33 @@ protected:
      * some file systems pass others over then.
      */
     virtual Next visit(int folder, const dirent64 &entry) = 0;
+    /** False when the open folder @p folder, found below the root, is not to be gone through. */
+    virtual bool mayEnter(int /*folder*/) { return true; }
     /** The folder @p name in @p folder was gone through, as far as it could be opened. */
     virtual void leave(int folder, const char *name) = 0;
+    /**
+     * The folder @p path, below the root, was not seen, or only in part: an errno, or 0 when
+     * somebody has moved it. Told while it is gone through, or before leave() when it is not, and
+     * perhaps more than once. A folder that is gone has nothing in it.
+     */
+    virtual void notice(const QByteArray &path, int error);
+
+    /** The path of @p name in the folder at hand, below the root. */
+    QByteArray pathOf(const char *name) const;
 
 private:
     struct Level;
 
     void enter(FolderHandle folder);
     bool readFolder(Level &level);
-    bool isFolder(int folder, const dirent64 &entry) const;
+    void noticeUnlessGone(const QByteArray &path, int error);
+    QByteArray pathOfFolder() const;
+    bool isFolder(int folder, const dirent64 &entry);
     void closeFarthest();
     void ascend();
 
     std::vector<Level> m_levels; // from the root to the folder at hand
     std::unique_ptr<char[]> m_buffer;
-    bool m_isComplete = true;
 };
 
 } // namespace Tavro::Shared::detail

@@ -11,6 +11,11 @@ namespace {
 
 constexpr int s_flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
+int flags(FolderHandle::Links links)
+{
+    return links == FolderHandle::Links::Follow ? s_flags : s_flags | O_NOFOLLOW;
+}
+
 int openFolder(int base, const char *path, int flags)
 {
     int fd = -1;
@@ -24,13 +29,12 @@ int openFolder(int base, const char *path, int flags)
 
 FolderHandle FolderHandle::open(const char *path, Links links)
 {
-    return FolderHandle(
-        openFolder(AT_FDCWD, path, links == Links::Follow ? s_flags : s_flags | O_NOFOLLOW));
+    return FolderHandle(openFolder(AT_FDCWD, path, flags(links)));
 }
 
-FolderHandle FolderHandle::openBelow(int folder, const char *name)
+FolderHandle FolderHandle::openBelow(int folder, const char *name, Links links)
 {
-    return FolderHandle(openFolder(folder, name, s_flags | O_NOFOLLOW));
+    return FolderHandle(openFolder(folder, name, flags(links)));
 }
 
 void FolderHandle::close()

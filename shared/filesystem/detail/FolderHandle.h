@@ -24,8 +24,8 @@ public:
 
     /** Opens a folder by its path; @p links says what to do when the path itself is a link. */
     static FolderHandle open(const char *path, Links links);
-    /** Opens what @p name means in @p folder, unless it is a link. */
-    static FolderHandle openBelow(int folder, const char *name);
+    /** Opens what @p name means in @p folder; @p links says what to do when it is a link. */
+    static FolderHandle openBelow(int folder, const char *name, Links links = Links::Refuse);
 
     bool isOpen() const { return m_fd >= 0; }
     int get() const { return m_fd; }

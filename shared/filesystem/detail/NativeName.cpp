@@ -1,6 +1,7 @@
 #include "shared/filesystem/detail/NativeName.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace Tavro::Shared::detail {
 
@@ -21,6 +22,18 @@ bool isAddressable(const char *name)
 bool isNameable(const QString &path)
 {
     return !path.isEmpty() && !path.contains(QLatin1Char('\0'));
+}
+
+QString resolvedPath(const QString &path)
+{
+    // the file information has looked for it already; without a prefix it does not look at all
+    const int colon = path.indexOf(QLatin1Char(':'));
+    return colon > 1 ? QFileInfo(path).filePath() : path;
+}
+
+bool isResource(const QString &path)
+{
+    return path.startsWith(QLatin1Char(':'));
 }
 
 NativeName::NativeName(const QString &path, int begin)

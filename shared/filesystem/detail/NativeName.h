@@ -13,6 +13,15 @@ bool isAddressable(const char *name);
 /** True when the system takes @p path as it is: it would end at a NUL, and so mean another. */
 bool isNameable(const QString &path);
 
+/**
+ * @p path as QFile takes it: a prefix of QDir::addSearchPath() is replaced by that of its
+ * directories in which the rest is found. Any other path is returned as it is.
+ */
+QString resolvedPath(const QString &path);
+
+/** True for a resource of the program, ":/name": only QFile and QDir know what it is. */
+bool isResource(const QString &path);
+
 /** What the system calls an entry of a folder; a plain name costs no allocation. */
 class NativeName
 {

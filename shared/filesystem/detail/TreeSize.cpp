@@ -3,7 +3,9 @@
 #include "shared/filesystem/detail/FolderDescent.h"
 #include "shared/filesystem/detail/NativeName.h"
 
+#include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -34,15 +36,30 @@ private:
     qint64 m_bytes = 0;
 };
 
+qint64 sizeOfResources(const QString &path)
+{
+    qint64 bytes = 0;
+    QDirIterator entries(path, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        entries.next();
+        bytes += entries.fileInfo().size();
+    }
+    return bytes;
+}
+
 } // namespace
 
 qint64 treeSize(const QString &path)
 {
-    if (!isNameable(path)) {
+    const QString resolved = resolvedPath(path);
+    if (!isNameable(resolved)) {
         return 0;
     }
+    if (isResource(resolved)) {
+        return sizeOfResources(resolved);
+    }
     FolderHandle root =
-        FolderHandle::open(QFile::encodeName(path).constData(), FolderHandle::Links::Follow);
+        FolderHandle::open(QFile::encodeName(resolved).constData(), FolderHandle::Links::Follow);
     if (!root.isOpen()) {
         return 0;
     }

@@ -4,7 +4,6 @@
 #include <QRunnable>
 
 #include <mutex>
-#include <optional>
 #include <utility>
 
 namespace Tavro::Shared::detail {
@@ -17,20 +16,18 @@ namespace Tavro::Shared::detail {
 class TaskQueue
 {
 public:
+    /** @p task is not null. */
     void append(QRunnable *task)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_tasks.append(task);
     }
 
-    /** Removes the oldest, which may be null; nothing when the queue is empty. */
-    std::optional<QRunnable *> takeFirst()
+    /** Removes the oldest; null when the queue is empty. */
+    QRunnable *takeFirst()
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_tasks.isEmpty()) {
-            return std::nullopt;
-        }
-        return m_tasks.takeFirst();
+        return m_tasks.isEmpty() ? nullptr : m_tasks.takeFirst();
     }
 
     /** Deletes all of them. */

@@ -6,16 +6,22 @@
 //                      an empty line
 //     five             the text to judge
 //
+// An option "pattern*500=(" appends to the pattern, and that often: what is deep is long, too.
 // Bytes that are not UTF-8 become halves of emojis, which no UTF-8 stands for.
 
+#include "shared/input/RegExpValidator.h"
 #include "shared/input/TextValidator.h"
 #include "shared/input/ValidationDoubleValidator.h"
 #include "shared/input/Validator.h"
 
 #include <QDateTime>
 #include <QScopedPointer>
+#include <QThread>
 #include <QtDebug>
 
+#include <memory>
+
+using Tavro::Shared::RegExpValidator;
 using Tavro::Shared::TextValidator;
 using Tavro::Shared::Validator;
 
@@ -46,7 +52,7 @@ QString textFrom(const QByteArray &bytes)
 // the rules.
 bool isTooMuchForTheEngine(const QString &pattern)
 {
-    if (pattern.count(QLatin1String("(?")) > 13) {
+    if (pattern.count(QLatin1String("(?=")) + pattern.count(QLatin1String("(?!")) > 13) {
         return true;
     }
     qint64 copies = pattern.size();
@@ -70,6 +76,23 @@ struct Case
     QString text;
 };
 
+constexpr int s_longestPattern = 8000; // longer ones take too much time
+
+// true when the option is one of this program, not of the rule
+bool isAppended(QVariantMap &options, const QByteArray &option, const QString &value)
+{
+    static const QByteArray prefix = "pattern*";
+    if (!option.startsWith(prefix)) {
+        return false;
+    }
+    const QString name = QStringLiteral("pattern");
+    QString pattern = options.value(name).toString();
+    const int times = qBound(0, option.mid(prefix.size()).toInt(), s_longestPattern);
+    pattern += value.repeated(times).left(s_longestPattern);
+    options.insert(name, pattern.left(s_longestPattern));
+    return true;
+}
+
 Case caseFrom(const QByteArray &data)
 {
     Case result;
@@ -85,7 +108,10 @@ Case caseFrom(const QByteArray &data)
             break;
         } else {
             const int equals = part.indexOf('=');
-            result.options.insert(textFrom(part.left(equals)), textFrom(part.mid(equals + 1)));
+            const QString value = textFrom(part.mid(equals + 1));
+            if (!isAppended(result.options, part.left(equals), value)) {
+                result.options.insert(textFrom(part.left(equals)), value);
+            }
         }
         ++line;
     }
@@ -119,6 +145,23 @@ void checkWholeNumber(const Validator &rule, const QString &text, QValidator::St
     const bool isOnGrid = step == 0 || distance % step == 0;
     check((verdict == QValidator::Acceptable) == (bottom <= value && value <= top && isOnGrid),
           "verdict on a whole number");
+}
+
+// A thread of little stack: a pattern that is too deep for the engine, and is not kept from it,
+// ends the process here although it is only some thousand letters long.
+void askWithLittleStack(const QString &pattern, bool isMask)
+{
+    constexpr int enough = 1024 * 1024; // bytes, for the thousand groups that are allowed
+    const std::unique_ptr<QThread> thread(QThread::create([&pattern, isMask] {
+        RegExpValidator rule(isMask);
+        rule.setPattern(pattern);
+        QString text = QStringLiteral("a");
+        int pos = 0;
+        rule.validate(text, pos);
+    }));
+    thread->setStackSize(enough);
+    thread->start();
+    thread->wait();
 }
 
 void judge(const Case &tried)
@@ -155,8 +198,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const Case tried =
         caseFrom(QByteArray(reinterpret_cast<const char *>(data), static_cast<int>(size)));
-    if (isTooMuchForTheEngine(tried.options.value(QStringLiteral("pattern")).toString())) {
+    const QString pattern = tried.options.value(QStringLiteral("pattern")).toString();
+    if (isTooMuchForTheEngine(pattern)) {
         return -1; // not to be kept
+    }
+    constexpr int deepest = 1000; // groups, which take a letter each
+    if (pattern.size() > deepest) {
+        askWithLittleStack(pattern, tried.type == TextValidator::ValidatorNumericalMask);
     }
     judge(tried);
 

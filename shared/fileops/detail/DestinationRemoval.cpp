@@ -1,0 +1,129 @@
+#include "shared/fileops/detail/DestinationRemoval.h"
+
+#include "shared/filesystem/detail/FolderDescent.h"
+#include "shared/filesystem/detail/NativeName.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace Tavro::Shared::detail {
+
+namespace {
+
+/** Removes everything that it meets and need not keep. */
+class Removal : public FolderDescent
+{
+public:
+    explicit Removal(const KeptSources &sources)
+        : m_sources(sources)
+    {
+    }
+
+protected:
+    bool mayEnter(int folder) override
+    {
+        struct stat info = {};
+        return ::fstat(folder, &info) == 0 && !m_sources.contains(info);
+    }
+    Next visit(int folder, const dirent64 &entry) override
+    {
+        return ::unlinkat(folder, entry.d_name, 0) == 0 ? Next::ReadAgain : Next::GoOn;
+    }
+    void leave(int folder, const char *name) override
+    {
+        struct stat info = {};
+        if (::fstatat(folder, name, &info, AT_SYMLINK_NOFOLLOW) == 0 && !m_sources.contains(info)) {
+            ::unlinkat(folder, name, AT_REMOVEDIR);
+        }
+    }
+
+private:
+    const KeptSources &m_sources;
+};
+
+QByteArray parentOf(const QString &path)
+{
+    return QFile::encodeName(path.left(path.lastIndexOf(QLatin1Char('/')) + 1));
+}
+
+void removeDirectory(const QString &path, const KeptSources &sources)
+{
+    FolderHandle folder =
+        FolderHandle::open(QFile::encodeName(path).constData(), FolderHandle::Links::Follow);
+    struct stat info = {};
+    // asked again, now that it is open
+    if (!folder.isOpen() || ::fstat(folder.get(), &info) != 0 || sources.contains(info)) {
+        return;
+    }
+    // not by the path as it is: the system does not remove "dir/.", nor "dir/below/.."
+    const QFileInfo directory(path);
+    const QString name = directory.isSymLink() ? QString() : directory.canonicalFilePath();
+    Removal(sources).run(std::move(folder));
+    if (!name.isEmpty()) {
+        ::rmdir(QFile::encodeName(name).constData());
+    }
+}
+
+} // namespace
+
+KeptSources::KeptSources(const QStringList &sources)
+{
+    insertWithAncestors("/");
+    for (const QString &source : sources) {
+        struct stat info = {};
+        if (!isNameable(source) || ::stat(QFile::encodeName(source).constData(), &info) != 0) {
+            continue;
+        }
+        m_files.emplace(info.st_dev, info.st_ino);
+        QString path = source;
+        while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
+            path.chop(1);
+        }
+        // a link and what it points to are held by directories of their own
+        insertWithAncestors(parentOf(path));
+        insertWithAncestors(parentOf(QFileInfo(source).canonicalFilePath()));
+    }
+}
+
+// up to the root, which is above itself
+void KeptSources::insertWithAncestors(const QByteArray &directory)
+{
+    QByteArray path = directory;
+    struct stat info = {};
+    while (::stat(path.constData(), &info) == 0
+           && m_files.emplace(info.st_dev, info.st_ino).second) {
+        path += "/..";
+    }
+}
+
+bool KeptSources::contains(const struct stat &info) const
+{
+    return m_files.count({info.st_dev, info.st_ino}) != 0;
+}
+
+bool KeptSources::contains(const QString &destination) const
+{
+    struct stat info = {};
+    return isNameable(destination) && ::stat(QFile::encodeName(destination).constData(), &info) == 0
+        && contains(info);
+}
+
+void removeDestination(const QString &destination, const KeptSources &sources)
+{
+    struct stat info = {};
+    const QByteArray name = QFile::encodeName(destination);
+    if (!isNameable(destination) || ::stat(name.constData(), &info) != 0
+        || sources.contains(info)) {
+        return;
+    }
+    if (S_ISDIR(info.st_mode)) {
+        removeDirectory(destination, sources);
+    } else if (S_ISREG(info.st_mode)) {
+        ::unlink(name.constData());
+    }
+}
+
+} // namespace Tavro::Shared::detail

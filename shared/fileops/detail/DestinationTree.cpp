@@ -1,0 +1,269 @@
+#include "shared/fileops/detail/DestinationTree.h"
+
+#include "shared/fileops/detail/WrittenVolumes.h"
+#include "shared/filesystem/detail/NativeName.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace Tavro::Shared::detail {
+
+namespace {
+
+constexpr QLatin1Char s_slash('/');
+constexpr mode_t s_newDirectoryMode = 0777; // less what the umask takes away
+
+int lengthOfDirectory(const QString &path)
+{
+    return path.lastIndexOf(s_slash) + 1;
+}
+
+bool examine(const QString &path, struct stat &info)
+{
+    return ::stat(QFile::encodeName(path).constData(), &info) == 0;
+}
+
+QString canonicalPath(const QString &path)
+{
+    return QFileInfo(path).canonicalFilePath();
+}
+
+} // namespace
+
+DestinationTree::DestinationTree(const QString &root, Root whenMissing, WrittenVolumes &volumes)
+    : m_rootPath(root)
+    , m_whenMissing(whenMissing)
+    , m_volumes(volumes)
+{
+}
+
+int DestinationTree::makeDirectories(const QStringList &directories)
+{
+    int made = 0;
+    for (const QString &directory : directories) {
+        const QString path = m_rootPath + directory;
+        if (!enterDirectoryOf(path)) {
+            break;
+        }
+        const NativeName name(path, lengthOfDirectory(path));
+        if (::mkdirat(m_folder.get(), name.get(), s_newDirectoryMode) != 0) {
+            struct stat info = {};
+            if (errno != EEXIST || ::fstatat(m_folder.get(), name.get(), &info, 0) != 0) {
+                break;
+            }
+            if (!S_ISDIR(info.st_mode)) {
+                errno = ENOTDIR;
+                break;
+            }
+            ::fstatat(m_folder.get(), name.get(), &info, AT_SYMLINK_NOFOLLOW);
+            if (S_ISLNK(info.st_mode)) {
+                m_links.insert(path + s_slash);
+            }
+        }
+        ++made;
+    }
+    return made;
+}
+
+bool DestinationTree::enterDirectoryOf(const QString &path)
+{
+    if (!isNameable(path)) {
+        errno = ENOENT;
+        return false;
+    }
+    const int length = lengthOfDirectory(path);
+    struct stat info = {};
+    if (m_folder.isOpen() && m_folderPath.size() == length && path.startsWith(m_folderPath)
+        && examine(m_folderPath, info) && isSameFile(info, m_folderInfo)) {
+        return true;
+    }
+    m_folder.close();
+    return isRootUsable() && descendTo(path.left(length));
+}
+
+bool DestinationTree::openRoot()
+{
+    if (!isNameable(m_rootPath)) {
+        errno = ENOENT;
+        return false;
+    }
+    const bool isRootOfAll = m_rootPath.size() == 1;
+    const QByteArray path = QFile::encodeName(isRootOfAll ? m_rootPath : m_rootPath.chopped(1));
+    m_root = FolderHandle::open(path.constData(), FolderHandle::Links::Follow);
+    if (!m_root.isOpen() && errno == ENOENT && m_whenMissing == Root::MadeWhenMissing
+        && QDir().mkpath(m_rootPath)) {
+        m_root = FolderHandle::open(path.constData(), FolderHandle::Links::Follow);
+    }
+    if (!m_root.isOpen() || ::fstat(m_root.get(), &m_rootInfo) != 0) {
+        return false;
+    }
+    m_flushed.clear();
+    m_links.clear();
+    return true;
+}
+
+// A destination that is gone is made again, and one that was made anew is used. Not so when its
+// path leads elsewhere now: behind a link, or to the volume below the one that was taken away.
+bool DestinationTree::isRootUsable()
+{
+    if (!m_root.isOpen()) {
+        const bool isOpen = openRoot();
+        m_canonicalRoot = canonicalPath(m_rootPath);
+        return isOpen;
+    }
+    struct stat info = {};
+    if (examine(m_rootPath, info)) {
+        if (isSameFile(info, m_rootInfo)) {
+            return true;
+        }
+        if (info.st_dev != m_rootInfo.st_dev || canonicalPath(m_rootPath) != m_canonicalRoot) {
+            errno = ENODEV;
+            return false;
+        }
+    } else if (errno != ENOENT || !mayMakeRootAgain()) {
+        return false;
+    }
+    const dev_t device = m_rootInfo.st_dev;
+    if (!openRoot()) {
+        return false;
+    }
+    if (m_rootInfo.st_dev != device) {
+        errno = ENODEV;
+        return false;
+    }
+    return true;
+}
+
+// where what is left of the path is still on the same volume, and no link leads away
+bool DestinationTree::mayMakeRootAgain() const
+{
+    QString rest;
+    QString existing = m_rootPath.chopped(1);
+    struct stat info = {};
+    while (!existing.isEmpty() && !examine(existing, info)) {
+        const int end = existing.lastIndexOf(s_slash);
+        rest.prepend(existing.mid(end));
+        existing.truncate(end);
+    }
+    const bool isRootOfAll = existing.isEmpty() && examine(QStringLiteral("/"), info);
+    const QString canonical = isRootOfAll ? QString() : canonicalPath(existing);
+    const bool isThere = info.st_dev == m_rootInfo.st_dev && canonical + rest == m_canonicalRoot;
+    if (!isThere) {
+        errno = ENODEV;
+    }
+    return isThere;
+}
+
+// Name by name from the root: what stands in the place of a directory may be a link now.
+bool DestinationTree::descendTo(const QString &path)
+{
+    FolderHandle folder = FolderHandle::openBelow(m_root.get(), ".");
+    for (int begin = m_rootPath.size(); folder.isOpen() && begin < path.size();) {
+        const int end = path.indexOf(s_slash, begin);
+        folder = openBelow(folder.get(), path, begin, end);
+        begin = end + 1;
+    }
+    if (!folder.isOpen() || ::fstat(folder.get(), &m_folderInfo) != 0) {
+        return false;
+    }
+    m_volumes.add(folder.get(), m_folderInfo.st_dev);
+    m_folder = std::move(folder);
+    m_folderPath = path;
+    m_coversNames = fsyncCoversName(m_folder.get());
+    m_isFolderFlushed = false;
+    return true;
+}
+
+FolderHandle DestinationTree::openBelow(int folder, const QString &path, int begin, int end) const
+{
+    const NativeName name(path.mid(begin, end - begin), 0);
+    const bool wasLink = m_links.contains(path.left(end + 1));
+    return FolderHandle::openBelow(
+        folder, name.get(), wasLink ? FolderHandle::Links::Follow : FolderHandle::Links::Refuse);
+}
+
+FileDescriptor DestinationTree::openFile(const char *name, bool &isNew) const
+{
+    isNew = false;
+    if (m_coversNames) { // nobody will ask
+        return FileDescriptor::openOrCreate(m_folder.get(), name);
+    }
+    FileDescriptor file = FileDescriptor::createNew(m_folder.get(), name);
+    isNew = file.isOpen();
+    return isNew || errno != EEXIST ? std::move(file)
+                                    : FileDescriptor::openOrCreate(m_folder.get(), name);
+}
+
+bool DestinationTree::flushNames(bool isNewFile)
+{
+    if (m_coversNames || (m_isFolderFlushed && !isNewFile)) {
+        return true;
+    }
+    // at first what lies above: a name is found from the root of the volume on
+    if (!m_isFolderFlushed && !flushWay()) {
+        return false;
+    }
+    m_isFolderFlushed = flushDirectory(m_folder.get());
+    return m_isFolderFlushed;
+}
+
+// each directory above the one entered, once
+bool DestinationTree::flushWay()
+{
+    FolderHandle folder = FolderHandle::openBelow(m_root.get(), ".");
+    for (int begin = m_rootPath.size(); folder.isOpen() && begin < m_folderPath.size();) {
+        const QString path = m_folderPath.left(begin);
+        if (!m_flushed.contains(path)) {
+            if (!flushDirectory(folder.get())) {
+                return false;
+            }
+            m_flushed.insert(path);
+        }
+        const int end = m_folderPath.indexOf(s_slash, begin);
+        folder = openBelow(folder.get(), m_folderPath, begin, end);
+        begin = end + 1;
+    }
+    const QString above; // stands for what lies above the root
+    if (!m_flushed.contains(above)) {
+        if (!flushVolumeAboveRoot()) {
+            return false;
+        }
+        m_flushed.insert(above);
+    }
+    return folder.isOpen();
+}
+
+bool DestinationTree::flushVolumeAboveRoot() const
+{
+    FolderHandle folder = FolderHandle::openBelow(m_root.get(), "..");
+    struct stat below = m_rootInfo;
+    struct stat info = {};
+    while (folder.isOpen() && ::fstat(folder.get(), &info) == 0 && info.st_dev == below.st_dev
+           && !isSameFile(info, below)) {
+        if (!flushDirectory(folder.get())) {
+            return false;
+        }
+        folder = FolderHandle::openBelow(folder.get(), "..");
+        below = info;
+    }
+    return true;
+}
+
+void DestinationTree::removeFile(const char *name, const struct stat &written) const
+{
+    struct stat entry = {};
+    struct stat meant = {};
+    if (::fstatat(m_folder.get(), name, &entry, AT_SYMLINK_NOFOLLOW) == 0
+        && ::fstatat(m_folder.get(), name, &meant, 0) == 0 && isSameFile(meant, written)
+        && (S_ISREG(entry.st_mode) || S_ISLNK(entry.st_mode))) {
+        ::unlinkat(m_folder.get(), name, 0);
+    }
+}
+
+} // namespace Tavro::Shared::detail
