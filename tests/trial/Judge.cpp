@@ -61,15 +61,15 @@ const char *lossOf(const std::optional<std::string> &found, const std::string &c
                    std::size_t expected)
 {
     if (!found) {
-        return "is missing";
+        return " is missing";
     }
     if (found->size() < expected) {
-        return "is cut off";
+        return " is cut off";
     }
     if (expected == content.size() && found->size() > expected) {
-        return "is too long";
+        return " is too long";
     }
-    return found->compare(0, expected, content, 0, expected) == 0 ? nullptr : "has other content";
+    return found->compare(0, expected, content, 0, expected) == 0 ? nullptr : " has other content";
 }
 
 } // namespace
@@ -141,6 +141,7 @@ void Judge::addBefore(const std::string &directory, const std::string &destinati
 Verdict Judge::judge(const std::string &root, const Report &report) const
 {
     Verdict verdict;
+    const std::string top = root + '/';
     std::int64_t ahead = report.counted;
     for (const PlannedFile &file : m_files) {
         const auto size = static_cast<std::int64_t>(file.content.size());
@@ -155,17 +156,17 @@ Verdict Judge::judge(const std::string &root, const Report &report) const
             continue;
         }
         ++verdict.reported;
-        const char *loss = lossOf(contentOf(root + '/' + file.path), file.content,
-                                  static_cast<std::size_t>(expected));
+        const char *loss =
+            lossOf(contentOf(top + file.path), file.content, static_cast<std::size_t>(expected));
         if (loss) {
             ++verdict.lost;
-            verdict.findings.push_back(file.path + ' ' + loss);
+            verdict.findings.push_back(file.path + loss);
         }
     }
     if (report.isComplete) {
         for (const std::string &directory : m_directories) {
             ++verdict.reported;
-            if (!isDirectory(root + '/' + directory)) {
+            if (!isDirectory(top + directory)) {
                 ++verdict.lost;
                 verdict.findings.push_back(directory + "/ is missing");
             }
@@ -173,13 +174,13 @@ Verdict Judge::judge(const std::string &root, const Report &report) const
     }
     for (const auto &[path, file] : m_before) {
         ++verdict.before;
-        const auto found = contentOf(root + '/' + path);
+        const auto found = contentOf(top + path);
         if (found && (*found == file.content || (file.isReplaced && *found == file.replacement))) {
             continue;
         }
         ++verdict.beforeLost;
-        verdict.findings.push_back(path + " of before "
-                                   + (found ? "is neither old nor new" : "is missing"));
+        verdict.findings.push_back(
+            path + (found ? " of before is neither old nor new" : " of before is missing"));
     }
     return verdict;
 }
