@@ -30,6 +30,12 @@ CFileCopyData directoryJob(const QString &sourcePath, const QString &destination
     return job;
 }
 
+// as it is written, ".." and all
+QString directoryName(const QString &destinationPath)
+{
+    return QDir(detail::withFinalSlash(detail::withoutBlanksAtEnd(destinationPath))).dirName();
+}
+
 // why there is nothing to be listed; 0 for a directory
 int errorOfDirectory(const QString &path)
 {
@@ -121,6 +127,7 @@ void CFileCopyWorker::copyDirectories(const QStringList &sourcePaths,
     const int count = std::min(sourcePaths.size(), destinationPaths.size());
     for (int i = 0; i < count; ++i) {
         request->jobs.append(directoryJob(sourcePaths.at(i), destinationPaths.at(i)));
+        request->directoryNames.append(directoryName(destinationPaths.at(i)));
     }
     m_d->load(CFileCopyController::StateEnumeratingFiles, std::move(request));
 }

@@ -121,10 +121,9 @@ private Q_SLOTS:
 
 private:
     void onWorkerState(int state);
-    void request();
     void startNextRun();
 
-    std::unique_ptr<detail::WorkerHandle<CFileDeleteWorker>> m_handle; // worker and thread
+    std::shared_ptr<detail::WorkerHandle<CFileDeleteWorker>> m_handle; // worker and thread
     qlonglong m_totalBytes = 0;
     qlonglong m_processedBytes = 0;
     int m_state = StateIdle;

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace Trial {
+
+/** What somebody has been told, up to a moment. */
+struct Report
+{
+    std::int64_t counted = 0; /**< bytes */
+    std::vector<std::string> files; /**< one by one, by their path */
+    bool isComplete = false; /**< all of it is there */
+
+    /** Adds what a mark of the log says; false when it is none of a report. */
+    bool add(const std::string &mark);
+};
+
+/** What a volume held, measured by what was reported. */
+struct Verdict
+{
+    std::int64_t reported = 0; /**< files, or parts of one, that had been reported */
+    std::int64_t lost = 0; /**< of them */
+    std::int64_t before = 0; /**< files that were there before */
+    std::int64_t beforeLost = 0; /**< of them */
+    std::vector<std::string> findings; /**< a line for each file that is lost */
+
+    void add(const Verdict &other);
+};
+
+/** Knows what a copy has to be, and what was there before it. */
+class Judge
+{
+public:
+    /**
+     * @p plan lists, in the order of the copy, "file<TAB>DESTINATION<TAB>SOURCE" and
+     * "directory<TAB>DESTINATION", with destinations from the root of the volume on.
+     */
+    explicit Judge(const std::string &plan);
+
+    /**
+     * Adds the files below @p directory as those that were at @p destination before. A file that
+     * the copy replaces counts among them only if @p replacedWhole: it has to be old or new then.
+     */
+    void addBefore(const std::string &directory, const std::string &destination,
+                   bool replacedWhole);
+
+    /** Looks at the volume mounted at @p root. */
+    Verdict judge(const std::string &root, const Report &report) const;
+
+private:
+    struct PlannedFile
+    {
+        std::string path;
+        std::string content;
+    };
+
+    struct EarlierFile
+    {
+        std::string content;
+        std::string replacement;
+        bool isReplaced = false;
+    };
+
+    std::vector<PlannedFile> m_files;
+    std::vector<std::string> m_directories;
+    std::map<std::string, EarlierFile> m_before;
+};
+
+} // namespace Trial
