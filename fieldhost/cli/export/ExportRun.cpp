@@ -306,10 +306,8 @@ void ExportRun::settle()
                 m_console.printError(QStringLiteral("As before: %1, with all that it holds.")
                                          .arg(quoted(other->job.landing)));
             }
-            if (other->copy.isStaged()) {
-                other->copy.discard();
-            }
         }
+        discardStaged();
         finish(ExitFailed);
         return;
     }
@@ -359,7 +357,7 @@ void ExportRun::onStepCanceled()
     const bool staged = anyStaged();
     const QStringList removed = discardAll();
     m_console.clearLiveLine();
-    if (removed.isEmpty()) {
+    if (removed.isEmpty() && m_verification) {
         m_console.print(QStringLiteral("Aborted. The copy is in its place, but was not compared."));
     } else {
         m_console.print(QStringLiteral("Aborted. Removed: %1").arg(quotedList(removed)));
@@ -395,13 +393,15 @@ void ExportRun::fail(const QString &reason)
     m_console.clearLiveLine();
     m_console.printError(QStringLiteral("Failed: %1").arg(reason));
     if (m_wholeFiles == 0 || staged) {
-        const QStringList removed = discardAll();
+        const bool isRemoved = discardAll().size() == static_cast<int>(m_tasks.size());
         if (staged) {
-            m_console.printError(QStringLiteral("The unfinished copy was removed; what was in the "
-                                                "destination before is unchanged."));
-        } else if (removed.size() == static_cast<int>(m_tasks.size())) {
+            m_console.printError((isRemoved
+                                      ? QStringLiteral("The unfinished copy was removed; what was ")
+                                      : QStringLiteral("What was "))
+                                 + QStringLiteral("in the destination before is unchanged."));
+        } else if (isRemoved) {
             m_console.printError(QStringLiteral("Nothing was left in the destination."));
-        } else {
+        } else if (m_verification) {
             m_console.printError(QStringLiteral("The copies that replaced files of the same name "
                                                 "stay where they are. Export again."));
         }
@@ -441,8 +441,23 @@ QStringList ExportRun::discardAll()
     // the last first: folders made for one copy may hold those of the next
     for (auto task = m_tasks.rbegin(); task != m_tasks.rend(); ++task) {
         removed = (*task)->copy.discard() + removed;
+        if (!(*task)->copy.error().isEmpty()) {
+            m_console.printError((*task)->copy.error());
+        }
     }
     return removed;
+}
+
+void ExportRun::discardStaged()
+{
+    for (const auto &task : m_tasks) {
+        if (task->copy.isStaged()) {
+            task->copy.discard();
+            if (!task->copy.error().isEmpty()) {
+                m_console.printError(task->copy.error());
+            }
+        }
+    }
 }
 
 bool ExportRun::anyStaged() const

@@ -64,6 +64,7 @@ private:
     void failWithoutDrive();
     void finish(ExitCode code);
     QStringList discardAll();
+    void discardStaged();
     bool anyStaged() const;
     QString shown(const QString &path) const;
     void showProgress();

@@ -98,10 +98,15 @@ bool StagedCopy::settle()
 QStringList StagedCopy::discard()
 {
     QStringList removed;
+    m_error.clear();
     if (m_staging) {
-        const QString path = m_staging->path();
+        const QString path = m_job.held->shown(m_staging->path());
         if (m_staging->discard()) {
-            removed.append(m_job.held->shown(path));
+            removed.append(path);
+        } else {
+            fail(QStringLiteral("%1 could not be removed. The next export to this place will try "
+                                "again.")
+                     .arg(quoted(path)));
         }
         m_staging.reset();
     } else if (!m_job.landingExists && !m_isMerged) {
@@ -110,6 +115,10 @@ QStringList StagedCopy::discard()
             QDir(m_landing).removeRecursively();
         } else {
             QFile::remove(m_landing);
+        }
+        if (existsOrIsLink(m_landing)) {
+            removed.clear();
+            fail(QStringLiteral("%1 could not be removed.").arg(quoted(m_job.landing)));
         }
     }
     // those below a folder just removed are gone; what holds another job's files stays

@@ -43,7 +43,7 @@ public:
     bool settle();
     /**
      * Removes the copy and every folder created for it, but not what has been moved to its
-     * landing. Returns what was removed, if anything.
+     * landing. Returns what was removed, if anything; a sentence in error() if something stays.
      */
     QStringList discard();
 

@@ -115,7 +115,10 @@ std::unique_ptr<StagingFolder> StagingFolder::create(const QString &place, int &
         return nullptr;
     }
     auto folder = adopt(QFile::decodeName(path));
-    error = folder ? 0 : errno;
+    if (!folder) {
+        error = errno;
+        ::rmdir(path.constData());
+    }
     return folder;
 }
 
