@@ -116,30 +116,31 @@ bool DestinationTree::openRoot()
 // path leads elsewhere now: behind a link, or to the volume below the one that was taken away.
 bool DestinationTree::isRootUsable()
 {
-    if (!m_root.isOpen()) {
+    if (m_canonicalRoot.isEmpty()) {
         if (!openRoot()) {
             return false; // with errno as it is: nothing is asked of the system any more
         }
+        m_device = m_rootInfo.st_dev;
         m_canonicalRoot = canonicalPath(m_rootPath);
         return true;
     }
     struct stat info = {};
     if (examine(m_rootPath, info)) {
-        if (isSameFile(info, m_rootInfo)) {
+        if (m_root.isOpen() && isSameFile(info, m_rootInfo)) {
             return true;
         }
-        if (info.st_dev != m_rootInfo.st_dev || canonicalPath(m_rootPath) != m_canonicalRoot) {
+        if (info.st_dev != m_device || canonicalPath(m_rootPath) != m_canonicalRoot) {
             errno = ENODEV;
             return false;
         }
     } else if (errno != ENOENT || !mayMakeRootAgain()) {
         return false;
     }
-    const dev_t device = m_rootInfo.st_dev;
     if (!openRoot()) {
         return false;
     }
-    if (m_rootInfo.st_dev != device) {
+    if (m_rootInfo.st_dev != m_device) {
+        m_root.close();
         errno = ENODEV;
         return false;
     }
@@ -159,7 +160,7 @@ bool DestinationTree::mayMakeRootAgain() const
     }
     const bool isRootOfAll = existing.isEmpty() && examine(QStringLiteral("/"), info);
     const QString canonical = isRootOfAll ? QString() : canonicalPath(existing);
-    const bool isThere = info.st_dev == m_rootInfo.st_dev && canonical + rest == m_canonicalRoot;
+    const bool isThere = info.st_dev == m_device && canonical + rest == m_canonicalRoot;
     if (!isThere) {
         errno = ENODEV;
     }

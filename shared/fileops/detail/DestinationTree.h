@@ -78,6 +78,7 @@ private:
     FolderHandle m_root;
     struct stat m_rootInfo = {};
     QString m_canonicalRoot; // where the root was found first, links resolved
+    dev_t m_device = 0; // on which it was found first
 
     FolderHandle m_folder; // the directory entered last
     struct stat m_folderInfo = {};
