@@ -1,11 +1,11 @@
 # ovo_add_test(<folder> <Class> [LIBRARIES <target>...] [SOURCES <file>...] [TIMEOUT <seconds>]
-#              [ENVIRONMENT <NAME=value>...])
+#              [ENVIRONMENT <NAME=value>...] [LAUNCHER <command> <argument>...])
 #
 # Builds tst_<Class>.cpp of the calling folder into the test "<folder>.<Class>", labelled with
 # the folder. Every test links the library and the simulated host, and runs in a pinned
-# environment: UTF-8, English, UTC, no display.
+# environment: UTF-8, English, UTC, no display. A launcher is what the test is run by.
 function(ovo_add_test folder class)
-    cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "LIBRARIES;SOURCES;ENVIRONMENT")
+    cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "LIBRARIES;SOURCES;ENVIRONMENT;LAUNCHER")
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
@@ -18,7 +18,7 @@ function(ovo_add_test folder class)
     target_link_libraries(${target} PRIVATE
         ${arg_LIBRARIES} OvoSharedBase ovo_fieldhost_services Qt5::Test)
 
-    add_test(NAME ${folder}.${class} COMMAND ${target})
+    add_test(NAME ${folder}.${class} COMMAND ${arg_LAUNCHER} $<TARGET_FILE:${target}>)
     set_tests_properties(${folder}.${class} PROPERTIES
         LABELS ${folder}
         TIMEOUT ${arg_TIMEOUT}

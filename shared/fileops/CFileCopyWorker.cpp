@@ -61,7 +61,7 @@ void enumerate(CFileCopyData &job, detail::CopyRequest &request)
             result.errorCode = CFileCopyController::createErrorCode(
                 CFileCopyController::ErrorSourceFileOpenFailed);
             result.systemError = error;
-            result.path = job.sourcePath;
+            result.path = detail::withoutFinalSlash(job.sourcePath);
         }
         return;
     }

@@ -15,7 +15,8 @@ namespace Trial {
 
 namespace {
 
-// a volume after a cut may hold anything: what cannot be read is not there
+// a volume after a cut may hold anything: what cannot be opened is not there, and a file ends where
+// it cannot be read any further
 std::optional<std::string> contentOf(const std::string &path)
 {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
@@ -29,8 +30,8 @@ std::optional<std::string> contentOf(const std::string &path)
         std::size_t done = 0;
         while (done < content->size()) {
             const ssize_t count = ::read(file, &(*content)[done], content->size() - done);
-            if (count <= 0) {
-                content.reset();
+            if (count <= 0) { // on FAT, where the entry tells of clusters that did not arrive
+                content->resize(done);
                 break;
             }
             done += static_cast<std::size_t>(count);
@@ -60,15 +61,15 @@ const char *lossOf(const std::optional<std::string> &found, const std::string &c
                    std::size_t expected)
 {
     if (!found) {
-        return "is missing";
+        return " is missing";
     }
     if (found->size() < expected) {
-        return "is cut off";
+        return " is cut off";
     }
     if (expected == content.size() && found->size() > expected) {
-        return "is too long";
+        return " is too long";
     }
-    return found->compare(0, expected, content, 0, expected) == 0 ? nullptr : "has other content";
+    return found->compare(0, expected, content, 0, expected) == 0 ? nullptr : " has other content";
 }
 
 } // namespace
@@ -140,6 +141,7 @@ void Judge::addBefore(const std::string &directory, const std::string &destinati
 Verdict Judge::judge(const std::string &root, const Report &report) const
 {
     Verdict verdict;
+    const std::string top = root + '/';
     std::int64_t ahead = report.counted;
     for (const PlannedFile &file : m_files) {
         const auto size = static_cast<std::int64_t>(file.content.size());
@@ -154,17 +156,17 @@ Verdict Judge::judge(const std::string &root, const Report &report) const
             continue;
         }
         ++verdict.reported;
-        const char *loss = lossOf(contentOf(root + '/' + file.path), file.content,
-                                  static_cast<std::size_t>(expected));
+        const char *loss =
+            lossOf(contentOf(top + file.path), file.content, static_cast<std::size_t>(expected));
         if (loss) {
             ++verdict.lost;
-            verdict.findings.push_back(file.path + ' ' + loss);
+            verdict.findings.push_back(file.path + loss);
         }
     }
     if (report.isComplete) {
         for (const std::string &directory : m_directories) {
             ++verdict.reported;
-            if (!isDirectory(root + '/' + directory)) {
+            if (!isDirectory(top + directory)) {
                 ++verdict.lost;
                 verdict.findings.push_back(directory + "/ is missing");
             }
@@ -172,13 +174,13 @@ Verdict Judge::judge(const std::string &root, const Report &report) const
     }
     for (const auto &[path, file] : m_before) {
         ++verdict.before;
-        const auto found = contentOf(root + '/' + path);
+        const auto found = contentOf(top + path);
         if (found && (*found == file.content || (file.isReplaced && *found == file.replacement))) {
             continue;
         }
         ++verdict.beforeLost;
-        verdict.findings.push_back(path + " of before "
-                                   + (found ? "is neither old nor new" : "is missing"));
+        verdict.findings.push_back(
+            path + (found ? " of before is neither old nor new" : " of before is missing"));
     }
     return verdict;
 }

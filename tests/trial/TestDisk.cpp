@@ -16,7 +16,7 @@ namespace Trial {
 
 namespace {
 
-constexpr std::size_t s_pieceSize = 256 * 1024;
+constexpr std::size_t s_pieceSize = 256UL * 1024;
 
 void writeAt(int file, std::uint64_t offset, const char *data, std::size_t size)
 {

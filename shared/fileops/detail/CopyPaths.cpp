@@ -55,6 +55,11 @@ QString withFinalSlash(const QString &path)
     return path.endsWith(s_slash) ? path : path + s_slash;
 }
 
+QString withoutFinalSlash(const QString &path)
+{
+    return path.size() > 1 && path.endsWith(s_slash) ? path.chopped(1) : path;
+}
+
 QString sourceDirectory(const QString &path)
 {
     if (path.isEmpty()) {

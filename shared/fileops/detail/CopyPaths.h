@@ -30,4 +30,7 @@ QString withoutBlanksAtEnd(const QString &path);
 
 QString withFinalSlash(const QString &path);
 
+/** The root keeps it. */
+QString withoutFinalSlash(const QString &path);
+
 } // namespace Tavro::Shared::detail

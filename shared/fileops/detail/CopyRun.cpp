@@ -1,6 +1,7 @@
 #include "shared/fileops/detail/CopyRun.h"
 
 #include "shared/fileops/CFileCopyData.h"
+#include "shared/fileops/detail/CopyPaths.h"
 #include "shared/fileops/detail/DestinationRemoval.h"
 #include "shared/fileops/detail/DestinationTree.h"
 #include "shared/fileops/detail/FileDescriptor.h"
@@ -112,7 +113,7 @@ void CopyRun::copyTrees()
         m_worker.updateProcessingDirectory(m_request.directoryNames.value(i));
         isDone = copyTree(jobs.at(i));
     }
-    const int error = finish(jobs.value(0).destinationPath);
+    const int error = finish(withoutFinalSlash(jobs.value(0).destinationPath));
     if (isDone && error != CFileCopyController::ErrorNone) {
         m_request.error = error;
         Q_EMIT m_worker.errorOccurred(error);

@@ -100,7 +100,11 @@ bool DestinationTree::openRoot()
         && QDir().mkpath(m_rootPath)) {
         m_root = FolderHandle::open(path.constData(), FolderHandle::Links::Follow);
     }
-    if (!m_root.isOpen() || ::fstat(m_root.get(), &m_rootInfo) != 0) {
+    if (!m_root.isOpen()) {
+        return false;
+    }
+    if (::fstat(m_root.get(), &m_rootInfo) != 0) {
+        m_root.close();
         return false;
     }
     m_flushed.clear();
@@ -113,9 +117,11 @@ bool DestinationTree::openRoot()
 bool DestinationTree::isRootUsable()
 {
     if (!m_root.isOpen()) {
-        const bool isOpen = openRoot();
+        if (!openRoot()) {
+            return false; // with errno as it is: nothing is asked of the system any more
+        }
         m_canonicalRoot = canonicalPath(m_rootPath);
-        return isOpen;
+        return true;
     }
     struct stat info = {};
     if (examine(m_rootPath, info)) {
@@ -169,10 +175,10 @@ bool DestinationTree::descendTo(const QString &path)
         folder = openBelow(folder.get(), path, begin, end);
         begin = end + 1;
     }
-    if (!folder.isOpen() || ::fstat(folder.get(), &m_folderInfo) != 0) {
+    if (!folder.isOpen() || ::fstat(folder.get(), &m_folderInfo) != 0
+        || !m_volumes.add(folder.get(), m_folderInfo.st_dev)) {
         return false;
     }
-    m_volumes.add(folder.get(), m_folderInfo.st_dev);
     m_folder = std::move(folder);
     m_folderPath = path;
     m_coversNames = fsyncCoversName(m_folder.get());
