@@ -474,7 +474,7 @@ bool ExportRun::anyStaged() const
 QString ExportRun::shown(const QString &path) const
 {
     for (const auto &task : m_tasks) {
-        const QString known = task->job.held->shown(path);
+        QString known = task->job.held->shown(path);
         if (known != path) {
             return known;
         }
