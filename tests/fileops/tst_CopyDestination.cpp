@@ -69,7 +69,11 @@ private Q_SLOTS:
     void volumeBelowALazilyUnmountedOneGetsNothing_data();
     void volumeBelowALazilyUnmountedOneGetsNothing();
 
+    void volumeMountedOverASubdirectoryGetsNothing();
+    void subdirectoryOnAnotherVolumeIsUsedWhileItIsThere();
+
     void linksToDirectoriesOfBeforeAreFollowed();
+    void linkOfBeforeThatLeadsElsewhereMeanwhileIsNotFollowed();
     void linkToAFileIsWrittenThrough();
     void fileThatTookTheNameOfAFailedOneStays();
     void failedFileOfBeforeIsRemoved();
@@ -399,6 +403,37 @@ void tst_CopyDestination::volumeBelowALazilyUnmountedOneGetsNothing()
     QCOMPARE(below, QStringList());
 }
 
+void tst_CopyDestination::volumeMountedOverASubdirectoryGetsNothing()
+{
+    if (!Test::PrivateMounts::entered()) {
+        QSKIP("needs root, to mount");
+    }
+    const QByteArray sub = QFile::encodeName(path("dst/sub"));
+    const CFileOperationResult result =
+        copyAnd([&] { return ::mount("tmpfs", sub.constData(), "tmpfs", 0, nullptr); }, 3);
+    const QStringList onTheNewOne = Test::treeOf(path("dst/sub")).keys();
+    QCOMPARE(::umount2(sub.constData(), MNT_DETACH), 0);
+    COMPARE_FAILURE(result, ErrorDestinationFileOpenFailed, ENODEV, "dst/sub/d");
+    QCOMPARE(onTheNewOne, QStringList());
+}
+
+void tst_CopyDestination::subdirectoryOnAnotherVolumeIsUsedWhileItIsThere()
+{
+    if (!Test::PrivateMounts::entered()) {
+        QSKIP("needs root, to mount");
+    }
+    QVERIFY(QDir().mkpath(path("dst/sub")));
+    const QByteArray sub = QFile::encodeName(path("dst/sub"));
+    QCOMPARE(::mount("tmpfs", sub.constData(), "tmpfs", 0, nullptr), 0);
+    QVERIFY(copyAnd([] { return 0; }).isWhole());
+    QCOMPARE(Test::treeOf(path("dst")), Test::treeOf(path("src")));
+
+    const CFileOperationResult result =
+        copyAnd([&] { return ::umount2(sub.constData(), MNT_DETACH); }, 3);
+    COMPARE_FAILURE(result, ErrorDestinationFileOpenFailed, ENODEV, "dst/sub/d");
+    QCOMPARE(Test::treeOf(path("dst/sub")).size(), 0);
+}
+
 void tst_CopyDestination::linksToDirectoriesOfBeforeAreFollowed()
 {
     Test::makeFile(path("src/sub/deep/e"), "e");
@@ -412,6 +447,24 @@ void tst_CopyDestination::linksToDirectoriesOfBeforeAreFollowed()
     QCOMPARE(Test::contentOf(path("far/e")), QByteArray("e"));
     QVERIFY(QFileInfo(path("dst/sub")).isSymLink());
     QVERIFY(QFileInfo(path("elsewhere/deep")).isSymLink());
+}
+
+void tst_CopyDestination::linkOfBeforeThatLeadsElsewhereMeanwhileIsNotFollowed()
+{
+    QVERIFY(QDir().mkpath(path("dst")));
+    QVERIFY(QDir().mkpath(path("elsewhere")));
+    link("elsewhere", "dst/sub");
+    const QMap<QString, QByteArray> outside = Test::treeOf(path("outside"));
+    const CFileOperationResult result = copyAnd(
+        [this] {
+            QFile::remove(path("dst/sub"));
+            link("outside", "dst/sub");
+            return 0;
+        },
+        3);
+    COMPARE_FAILURE(result, ErrorDestinationFileOpenFailed, ENODEV, "dst/sub/d");
+    QCOMPARE(Test::treeOf(path("outside")), outside);
+    QCOMPARE(Test::treeOf(path("elsewhere")).keys(), QStringList(QStringLiteral("c")));
 }
 
 void tst_CopyDestination::linkToAFileIsWrittenThrough()
