@@ -40,7 +40,8 @@ QString directoryName(const QString &destinationPath)
 int errorOfDirectory(const QString &path)
 {
     if (detail::isResource(path)) {
-        return QFileInfo(path).isDir() ? 0 : ENOENT;
+        const QFileInfo resource(path);
+        return resource.isDir() ? 0 : resource.exists() ? ENOTDIR : ENOENT;
     }
     struct stat info = {};
     if (!detail::isNameable(path)) {

@@ -36,7 +36,7 @@ std::atomic<bool> s_isFat{false}; // what every file system says it is
 extern "C" int fstatfs(int fd, struct statfs *info)
 {
     using Function = int (*)(int, struct statfs *);
-    static const auto original = reinterpret_cast<Function>(::dlsym(RTLD_NEXT, "fstatfs"));
+    static const auto original = reinterpret_cast<Function>(::dlsym(RTLD_NEXT, "fstatfs64"));
     const int result = original(fd, info);
     if (result == 0 && s_isFat) {
         info->f_type = MSDOS_SUPER_MAGIC;

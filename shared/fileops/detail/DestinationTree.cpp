@@ -61,9 +61,12 @@ int DestinationTree::makeDirectories(const QStringList &directories)
                 errno = ENOTDIR;
                 break;
             }
-            ::fstatat(m_folder.get(), name.get(), &info, AT_SYMLINK_NOFOLLOW);
-            if (S_ISLNK(info.st_mode)) {
-                m_links.insert(path + s_slash);
+            struct stat entry = {};
+            const bool isLink =
+                ::fstatat(m_folder.get(), name.get(), &entry, AT_SYMLINK_NOFOLLOW) == 0
+                && S_ISLNK(entry.st_mode);
+            if (isLink || info.st_dev != m_folderInfo.st_dev) {
+                m_waysOut.insert(path + s_slash, info);
             }
         }
         ++made;
@@ -108,7 +111,7 @@ bool DestinationTree::openRoot()
         return false;
     }
     m_flushed.clear();
-    m_links.clear();
+    m_waysOut.clear();
     return true;
 }
 
@@ -167,13 +170,14 @@ bool DestinationTree::mayMakeRootAgain() const
     return isThere;
 }
 
-// Name by name from the root: what stands in the place of a directory may be a link now.
+// Name by name from the root: what stands in the place of a directory may be a link now, or the
+// root of another volume.
 bool DestinationTree::descendTo(const QString &path)
 {
     FolderHandle folder = FolderHandle::openBelow(m_root.get(), ".");
     for (int begin = m_rootPath.size(); folder.isOpen() && begin < path.size();) {
         const int end = path.indexOf(s_slash, begin);
-        folder = openBelow(folder.get(), path, begin, end);
+        folder = openBelow(folder, path, begin, end);
         begin = end + 1;
     }
     if (!folder.isOpen() || ::fstat(folder.get(), &m_folderInfo) != 0
@@ -187,12 +191,25 @@ bool DestinationTree::descendTo(const QString &path)
     return true;
 }
 
-FolderHandle DestinationTree::openBelow(int folder, const QString &path, int begin, int end) const
+FolderHandle DestinationTree::openBelow(const FolderHandle &folder, const QString &path, int begin,
+                                        int end) const
 {
     const NativeName name(path.mid(begin, end - begin), 0);
-    const bool wasLink = m_links.contains(path.left(end + 1));
-    return FolderHandle::openBelow(
-        folder, name.get(), wasLink ? FolderHandle::Links::Follow : FolderHandle::Links::Refuse);
+    const auto wayOut = m_waysOut.constFind(path.left(end + 1));
+    const bool leadsOut = wayOut != m_waysOut.cend();
+    FolderHandle below = FolderHandle::openBelow(folder.get(), name.get(),
+                                                 leadsOut ? FolderHandle::Links::Follow
+                                                          : FolderHandle::Links::Refuse);
+    struct stat above = {};
+    struct stat info = {};
+    if (!below.isOpen() || ::fstat(folder.get(), &above) != 0 || ::fstat(below.get(), &info) != 0) {
+        return {};
+    }
+    if (leadsOut ? !isSameFile(info, *wayOut) : info.st_dev != above.st_dev) {
+        errno = ENODEV;
+        return {};
+    }
+    return below;
 }
 
 FileDescriptor DestinationTree::openFile(const char *name, bool &isNew) const
@@ -233,7 +250,7 @@ bool DestinationTree::flushWay()
             m_flushed.insert(path);
         }
         const int end = m_folderPath.indexOf(s_slash, begin);
-        folder = openBelow(folder.get(), m_folderPath, begin, end);
+        folder = openBelow(folder, m_folderPath, begin, end);
         begin = end + 1;
     }
     const QString above; // stands for what lies above the root
