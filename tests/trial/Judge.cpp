@@ -29,11 +29,11 @@ std::optional<std::string> contentOf(const std::string &path)
         std::size_t done = 0;
         while (done < content->size()) {
             const ssize_t count = ::read(file, &(*content)[done], content->size() - done);
-            if (count <= 0) {
-                content.reset();
-                break;
+            if (count <= 0) { // what comes before can still be read
+                content->resize(done);
+            } else {
+                done += static_cast<std::size_t>(count);
             }
-            done += static_cast<std::size_t>(count);
         }
     }
     ::close(file);
