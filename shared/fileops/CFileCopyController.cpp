@@ -133,7 +133,7 @@ void CFileCopyController::startRun()
         for (Run &run : m_runs) {
             removeDestinations(run);
         }
-        const int loadedState = m_handle->worker().state();
+        const int loadedState = m_handle->runs().loadedStep();
         m_handle->reports()->reportUrgently([this, loadedState] { setState(loadedState); });
         m_handle->reports()->reportUrgently([this] { setProcessedBytes(0); });
         m_handle->reports()->reportUrgently([this] { setTotalBytes(0); });

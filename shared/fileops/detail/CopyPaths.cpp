@@ -4,7 +4,6 @@
 #include "shared/filesystem/detail/NativeName.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 namespace Tavro::Shared::detail {
 
@@ -18,9 +17,10 @@ QString absolute(const QString &path)
     if (path.startsWith(s_slash) || isResource(path)) {
         return path;
     }
-    const QString current = QDir::currentPath();
-    // a current directory that was removed must not turn the path into one below the root
-    return current.isEmpty() ? QString() : withFinalSlash(current) + path;
+    // one that was removed, or has no name as a text, must not turn the path into another
+    const RemovalRoot current = currentDirectory();
+    const bool isKnown = !current.path.isEmpty() && current.systemError == 0;
+    return isKnown ? withFinalSlash(current.path) + path : QString();
 }
 
 // Empty where the path goes up from what is not there: nobody can tell where it would lead.

@@ -9,6 +9,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <memory>
+
 namespace Tavro::Shared::detail {
 
 namespace {
@@ -44,26 +47,32 @@ private:
     const KeptSources &m_sources;
 };
 
-QByteArray parentOf(const QString &path)
+struct Freer
 {
-    return QFile::encodeName(path.left(path.lastIndexOf(QLatin1Char('/')) + 1));
+    void operator()(char *text) const { std::free(text); } // NOLINT(*-no-malloc)
+};
+using SystemText = std::unique_ptr<char, Freer>;
+
+QByteArray parentOf(const QByteArray &path)
+{
+    return path.left(path.lastIndexOf('/') + 1);
 }
 
 void removeDirectory(const QString &path, const KeptSources &sources)
 {
-    FolderHandle folder =
-        FolderHandle::open(QFile::encodeName(path).constData(), FolderHandle::Links::Follow);
+    const QByteArray native = QFile::encodeName(path);
+    FolderHandle folder = FolderHandle::open(native.constData(), FolderHandle::Links::Follow);
     struct stat info = {};
     // asked again, now that it is open
     if (!folder.isOpen() || ::fstat(folder.get(), &info) != 0 || sources.contains(info)) {
         return;
     }
-    // not by the path as it is: the system does not remove "dir/.", nor "dir/below/.."
-    const QFileInfo directory(path);
-    const QString name = directory.isSymLink() ? QString() : directory.canonicalFilePath();
+    // not by the path as it is: the system does not remove "dir/."
+    const SystemText name(QFileInfo(path).isSymLink() ? nullptr
+                                                      : ::realpath(native.constData(), nullptr));
     Removal(sources).run(std::move(folder));
-    if (!name.isEmpty()) {
-        ::rmdir(QFile::encodeName(name).constData());
+    if (name) {
+        ::rmdir(name.get());
     }
 }
 
@@ -76,14 +85,17 @@ KeptSources::KeptSources(const QStringList &sources)
         while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
             path.chop(1); // what is asked for as a directory may be a file
         }
+        const QByteArray native = QFile::encodeName(path);
         struct stat info = {};
-        if (!isNameable(path) || ::stat(QFile::encodeName(path).constData(), &info) != 0) {
+        if (!isNameable(path) || ::stat(native.constData(), &info) != 0) {
             continue;
         }
         m_files.emplace(info.st_dev, info.st_ino);
         // a link and what it points to are held by directories of their own
-        insertWithAncestors(parentOf(path));
-        insertWithAncestors(parentOf(QFileInfo(path).canonicalFilePath()));
+        insertWithAncestors(parentOf(native));
+        if (const SystemText real{::realpath(native.constData(), nullptr)}) {
+            insertWithAncestors(parentOf(real.get()));
+        }
     }
 }
 

@@ -14,6 +14,8 @@ public:
 
     /** Has @p receive called on the working thread for each run, before its end shows. */
     virtual void onResult(std::function<void(const CFileOperationResult &)> receive) = 0;
+    /** The first step of what is loaded. */
+    virtual int loadedStep() const = 0;
     /** Sets what is loaded aside for a run of its own, whatever is loaded before that begins. */
     virtual void claimLoadedRequest() = 0;
     /** Whether there is a run that has not begun. */

@@ -209,13 +209,17 @@ RemovalRoot found(const SystemText &answer, const QString &path)
                                        : RemovalRoot{path, EILSEQ};
 }
 
-// where the system finds @p path, links and ".." followed
+} // namespace
+
 RemovalRoot realPath(const QString &path)
 {
     return found(SystemText(::realpath(QFile::encodeName(path).constData(), nullptr)), path);
 }
 
-} // namespace
+RemovalRoot currentDirectory()
+{
+    return found(SystemText(::getcwd(nullptr, 0)), {});
+}
 
 RemovalRoot removalRoot(const QString &path)
 {
@@ -229,9 +233,9 @@ RemovalRoot removalRoot(const QString &path)
     QString absolute = resolved;
     if (!resolved.startsWith(QLatin1Char('/'))) {
         // perhaps removed; the path must not come to mean one of the root's
-        const RemovalRoot current = found(SystemText(::getcwd(nullptr, 0)), resolved);
+        const RemovalRoot current = currentDirectory();
         if (current.path.isEmpty() || current.systemError != 0) {
-            return current;
+            return {current.systemError == 0 ? QString() : resolved, current.systemError};
         }
         absolute = current.path + QLatin1Char('/') + resolved;
     }

@@ -18,6 +18,12 @@ struct RemovalRoot
     int systemError = 0; // why the system cannot tell what it means; nothing of that may be removed
 };
 
+/** Where the system finds @p path now, links and ".." followed. */
+RemovalRoot realPath(const QString &path);
+
+/** The current directory. */
+RemovalRoot currentDirectory();
+
 /** What @p path means now. A directory of resources keeps its name. */
 RemovalRoot removalRoot(const QString &path);
 

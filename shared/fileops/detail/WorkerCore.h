@@ -72,6 +72,7 @@ public:
     {
         m_receiveResult = std::move(receive);
     }
+    int loadedStep() const override { return m_requests.loaded()->step; }
     void claimLoadedRequest() override { m_requests.claim(); }
     bool hasClaimedRequest() const override { return m_requests.hasClaims(); }
     void dropClaimedRequests() override { m_requests.dropClaims(); }
