@@ -48,6 +48,7 @@ private Q_SLOTS:
 
     void unlockCleansTheDrive();
     void unlockWaitsForABusyDrive();
+    void unlockTouchesNoOtherDrive();
     void unlockOfNothingSaysSo();
     void unlockWithoutADirtyByteSaysSo();
     void unlockSaysWhichRightIsMissing();
@@ -294,6 +295,21 @@ void tst_UsbCommand::unlockWaitsForABusyDrive()
     const QString sleep = QStringLiteral("usleep 500");
     QCOMPARE(usb(QStringLiteral("unlock")).exitCode, int(Done));
     QCOMPARE(drive.commands.journal(), (QStringList{s_umount, sleep, s_umount, sleep, s_umount}));
+}
+
+void tst_UsbCommand::unlockTouchesNoOtherDrive()
+{
+    TestDrive drive;
+    drive.mount();
+    drive.setDirtyByte(1);
+    // the next stick: another serial number where FAT32 has it
+    drive.commands.add(QStringLiteral("umount"),
+                       ": > /etc/mtab; printf other | dd of=/dev/sda1 bs=1 seek=67 conv=notrunc");
+    const Outcome outcome = usb(QStringLiteral("unlock"));
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QVERIFY2(outcome.errors.contains(QLatin1String("Another drive is in its place now")),
+             qPrintable(outcome.errors));
+    QCOMPARE(drive.dirtyByte(), '\1');
 }
 
 void tst_UsbCommand::unlockOfNothingSaysSo()

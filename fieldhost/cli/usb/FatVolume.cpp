@@ -44,10 +44,13 @@ FatVolume readFatVolume(const QString &device)
         return volume;
     }
     // not by the library's own table: most volumes are of sizes that it has no type for
-    volume.type = typeOf(file.read(s_bootSectorSize));
-    const char byte = Shared::USBDriveCleanAccessManager::readByteFromDev(
-        device, Shared::getDirtyByteOffset(volume.type));
-    volume.isDirty = (byte & s_dirtyBit) != 0;
+    volume.identity = file.read(s_bootSectorSize);
+    volume.type = typeOf(volume.identity);
+    const auto offset = static_cast<int>(Shared::getDirtyByteOffset(volume.type));
+    if (offset >= 0) {
+        volume.isDirty = (volume.identity.at(offset) & s_dirtyBit) != 0;
+        volume.identity[offset] = 0;
+    }
     return volume;
 }
 

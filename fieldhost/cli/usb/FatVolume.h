@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace Tavro::FieldHost {
@@ -11,6 +12,8 @@ struct FatVolume
     QString type;
     /** Whether the last system that wrote to it left it without unmounting it. */
     bool isDirty = false;
+    /** The boot sector but for the dirty byte: the same for as long as it is the same volume. */
+    QByteArray identity;
 };
 
 /** Reads the boot sector of @p device; a volume of no type when it cannot be read. */

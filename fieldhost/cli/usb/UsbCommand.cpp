@@ -193,12 +193,19 @@ int unlock(const Request &request, Console &console)
     }
     console.print(QStringLiteral("Unmounting, as soon as nobody uses the drive; Ctrl-C gives up."));
     QDir::setCurrent(QStringLiteral("/")); // a folder of the drive keeps it in use
+    const QString device = partition ? partition->device.absoluteFilePath() : QString();
+    const QByteArray mountedVolume = readFatVolume(device).identity;
     MountedUSBDeviceList::dismountUSB();
     if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
         console.print(QStringLiteral("Unmounted. There was no dirty byte to clear."));
         return ExitDone;
     }
-    const QString device = partition->device.absoluteFilePath();
+    if (readFatVolume(device).identity != mountedVolume) {
+        console.printError(QStringLiteral("Unmounted. Another drive is in its place now, or none, "
+                                          "and was not touched: the drive that was mounted is "
+                                          "still marked as in use."));
+        return ExitFailed;
+    }
     if (USBDriveCleanAccessManager::clearDirtyFlag(device, partition->fileSystemType)) {
         console.print(QStringLiteral("Unmounted and marked clean: %1.").arg(described(*partition)));
         return ExitDone;
