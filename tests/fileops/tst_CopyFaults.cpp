@@ -302,6 +302,11 @@ void tst_CopyFaults::resultTellsTheTruth()
                 : Test::treeOf(copy) == tree;
             QVERIFY2(isEqual || !result.isWhole(), where);
             QVERIFY2(!result.canceled, where);
+            // what is not open is not flushed; above the destination there may be no right to it
+            const bool isHarmless = error == EINTR || (isFat && error == EACCES);
+            if (call == Call::OpenDirectory && Faults::hasStruck() && !isHarmless) {
+                QVERIFY2(!result.isWhole(), where);
+            }
             if (!result.isWhole()) {
                 QVERIFY2(Faults::hasStruck(), where);
                 QVERIFY2(result.systemError == error,

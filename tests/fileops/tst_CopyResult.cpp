@@ -95,6 +95,7 @@ private Q_SLOTS:
 
     void controllerMayEndInAnySlot_data();
     void controllerMayEndInAnySlot();
+    void controllerMayEndInTheSlotThatHearsIdleAfterAReset();
     void controllerMayEndDuringADirectCopy();
     void endOfTheControllerEndsAnEndlessWalk();
 
@@ -673,6 +674,27 @@ void tst_CopyResult::controllerMayEndInAnySlot()
         QTRY_COMPARE_WITH_TIMEOUT(threadCount(), threads, 30000);
         QVERIFY(n < 1000);
     }
+}
+
+// whose end is announced right behind
+void tst_CopyResult::controllerMayEndInTheSlotThatHearsIdleAfterAReset()
+{
+    makeSyncWait();
+    const QPointer<CFileCopyController> controller = new CFileCopyController;
+    bool hasCopied = false;
+    connect(controller.data(), &CFileCopyController::stateChanged, this, [&] {
+        hasCopied = hasCopied || controller->state() == CFileCopyController::StateCopying;
+        if (hasCopied && controller->state() == CFileCopyController::StateIdle) {
+            delete controller.data();
+        }
+    });
+    controller->copyDirectory(path("src"), path("dst"));
+    QVERIFY(waitUndisturbed([this] { return !m_commands->journal().isEmpty(); }));
+    controller->reset();
+    QVERIFY(!hasCopied);
+    Test::makeFile(path("letGo"));
+    QTRY_VERIFY_WITH_TIMEOUT(controller.isNull(), 30000);
+    QVERIFY(hasCopied);
 }
 
 void tst_CopyResult::controllerMayEndDuringADirectCopy()

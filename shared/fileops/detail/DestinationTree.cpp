@@ -268,15 +268,20 @@ bool DestinationTree::flushVolumeAboveRoot() const
     FolderHandle folder = FolderHandle::openBelow(m_root.get(), "..");
     struct stat below = m_rootInfo;
     struct stat info = {};
-    while (folder.isOpen() && ::fstat(folder.get(), &info) == 0 && info.st_dev == below.st_dev
-           && !isSameFile(info, below)) {
+    while (folder.isOpen()) {
+        if (::fstat(folder.get(), &info) != 0) {
+            return false;
+        }
+        if (info.st_dev != below.st_dev || isSameFile(info, below)) {
+            return true;
+        }
         if (!flushDirectory(folder.get())) {
             return false;
         }
         folder = FolderHandle::openBelow(folder.get(), "..");
         below = info;
     }
-    return true;
+    return errno == EACCES; // whoever may not look into it cannot flush it either
 }
 
 void DestinationTree::removeFile(const char *name, const struct stat &written) const
