@@ -11,8 +11,8 @@ declare -A uses_of=(
     [filesystem]='host'
     [input]='locale host'
     [locale]='base host shared/input/CInputType.h' # the enumeration that DataConverter answers with
-    [system]='host'
-    [usb]='host'
+    [system]='base host'
+    [usb]='base host'
     [view3d]='host'
 )
 

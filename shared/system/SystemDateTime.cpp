@@ -1,11 +1,16 @@
 #include "shared/system/SystemDateTime.h"
 
 #include "host/CLogger.h"
+#include "shared/base/detail/ChildProcess.h"
 
 #include <QLocale>
 #include <QProcess>
 
+#include <cerrno>
+
 namespace Tavro {
+
+using Shared::detail::ChildEnd;
 
 namespace {
 
@@ -22,6 +27,19 @@ void logError(const QString &message)
 template<typename T> QString inPlainDigits(const T &value, const QString &format)
 {
     return value.isValid() ? QLocale::c().toString(value, format) : QString();
+}
+
+// what the errorString() of a QProcess would say
+QString errorStringOf(const ChildEnd &end)
+{
+    if (end.kind == ChildEnd::Exited) {
+        return QProcess().errorString();
+    }
+    const QString reason = qt_error_string(end.code);
+    const bool isRefused =
+        end.kind == ChildEnd::NotStarted && (end.code == EAGAIN || end.code == ENOMEM);
+    return isRefused ? QProcess::tr("Resource error (fork failure): %1").arg(reason)
+                     : QStringLiteral("execvp: ") + reason;
 }
 
 bool setClocks(SystemDateTime &clock, const QString &value, const QString &quote)
@@ -41,22 +59,19 @@ bool SystemDateTime::sendSystemCommand(const QString &command)
 {
     QStringList arguments = QProcess::splitCommand(command);
     const QString program = arguments.isEmpty() ? QString() : arguments.takeFirst();
+    const ChildEnd end = Shared::detail::runProgram(program, arguments, s_patience);
 
-    QProcess process;
-    process.start(program, arguments, QIODevice::ReadWrite);
-    process.waitForFinished(s_patience);
-
-    if (process.exitStatus() != QProcess::NormalExit) {
+    if (end.kind == ChildEnd::Died) {
         logError(QStringLiteral("System command process crash!"));
         return false;
     }
-    // one that never ran has left no exit code
-    const bool started = process.error() != QProcess::FailedToStart;
-    if (started && process.exitCode() == 0) {
+    // one that still runs has left no exit code, and so none that tells of a failure
+    if (end.kind == ChildEnd::OutOfTime || (end.kind == ChildEnd::Exited && end.code == 0)) {
         return true;
     }
-    logError(QStringLiteral("System command <") + command + QStringLiteral("> - ")
-             + process.errorString());
+    const QString reason =
+        program.isEmpty() ? QProcess::tr("No program defined") : errorStringOf(end);
+    logError(QStringLiteral("System command <") + command + QStringLiteral("> - ") + reason);
     return false;
 }
 

@@ -34,7 +34,7 @@ public:
      *
      * **One that still runs after 5 seconds counts as done**: it has neither failed nor crashed so
      * far. It is killed before the call returns, so whether it took effect is not known. One that
-     * cannot be killed, as the kernel waits for a device, is waited for 30 seconds longer.
+     * cannot be killed, as the kernel waits for a device, is waited for a second longer.
      */
     bool sendSystemCommand(const QString &command);
 

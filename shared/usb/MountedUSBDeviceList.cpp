@@ -1,11 +1,11 @@
 #include "shared/usb/MountedUSBDeviceList.h"
 
+#include "shared/base/detail/ChildProcess.h"
 #include "shared/usb/detail/FileHandle.h"
 #include "shared/usb/detail/MountTable.h"
 #include "shared/usb/detail/UdevHandles.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QtEndian>
 
 #include <algorithm>
@@ -173,7 +173,7 @@ bool MountedUSBDeviceList::isUSBMounted()
 
 void MountedUSBDeviceList::mountUSB()
 {
-    QProcess::execute(QStringLiteral("mount"), {s_usbDevice});
+    detail::exitCodeOf(QStringLiteral("mount"), {s_usbDevice});
 }
 
 void MountedUSBDeviceList::dismountUSB()
@@ -182,8 +182,8 @@ void MountedUSBDeviceList::dismountUSB()
         return;
     }
     // for ever, if need be: a drive that is still mounted must not be called safe to pull
-    while (QProcess::execute(QStringLiteral("umount"), {s_usbDevice}) != 0) {
-        QProcess::execute(QStringLiteral("usleep"), {QStringLiteral("500")});
+    while (detail::exitCodeOf(QStringLiteral("umount"), {s_usbDevice}) != 0) {
+        detail::exitCodeOf(QStringLiteral("usleep"), {QStringLiteral("500")});
     }
 }
 

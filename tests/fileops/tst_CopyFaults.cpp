@@ -3,6 +3,7 @@
 #include "tests/support/FakeCommands.h"
 #include "tests/support/FaultInjection.h"
 #include "tests/support/FileTree.h"
+#include "tests/support/RefusedProcesses.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -29,6 +30,7 @@ Q_DECLARE_METATYPE(Test::FaultInjection::Call)
 namespace {
 
 std::atomic<bool> s_isFat{false}; // what every file system says it is
+std::atomic<int> s_syncs{0}; // calls of sync(), which does nothing else here
 
 } // namespace
 
@@ -42,6 +44,11 @@ extern "C" int fstatfs(int fd, struct statfs *info)
         info->f_type = MSDOS_SUPER_MAGIC;
     }
     return result;
+}
+
+extern "C" void sync() noexcept
+{
+    ++s_syncs;
 }
 
 /** What happens to a copy when the system fails it, call by call. */
@@ -66,6 +73,7 @@ private Q_SLOTS:
     void linkToWhatIsNoFileIsNotOpenedInATree_data();
     void linkToWhatIsNoFileIsNotOpenedInATree();
     void requestThatGetsNoThreadEndsAllTheSame();
+    void syncThatGetsNoProcessIsCalled();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
@@ -464,6 +472,21 @@ void tst_CopyFaults::requestThatGetsNoThreadEndsAllTheSame()
     Faults::stop();
     QCOMPARE(canceled.count(), 0);
     QCOMPARE(Test::treeOf(path("dst")), Test::treeOf(path("src")));
+}
+
+void tst_CopyFaults::syncThatGetsNoProcessIsCalled()
+{
+    makeSource();
+    s_syncs = 0;
+    const Test::RefusedProcesses refused(EAGAIN);
+    bool hasFailed = false;
+    copySource(&hasFailed);
+    QVERIFY(!hasFailed);
+    QCOMPARE(refused.count(), 1);
+    QCOMPARE(s_syncs.load(), 1);
+    QVERIFY(Test::RefusedProcesses::killedGroups().empty());
+    QCOMPARE(Test::treeOf(path("dst")), Test::treeOf(path("src")));
+    QCOMPARE(m_commands->journal(), QStringList());
 }
 
 QTEST_GUILESS_MAIN(tst_CopyFaults)

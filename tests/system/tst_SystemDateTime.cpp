@@ -279,18 +279,16 @@ void tst_SystemDateTime::whatTheCommandPrintsIsNotLogged()
 void tst_SystemDateTime::missingCommandFails()
 {
     QVERIFY(!SystemDateTime().sendSystemCommand(QStringLiteral("no-such-command x")));
-    QCOMPARE(m_log->entries().size(), 1);
-    const QString logged = m_log->entries().constFirst();
-    const QString beginning = entry(QStringLiteral("System command <no-such-command x> - "));
-    QVERIFY2(logged.startsWith(beginning) && logged.size() > beginning.size(), qPrintable(logged));
+    QCOMPARE(m_log->entries(),
+             QStringList(entry(QStringLiteral(
+                 "System command <no-such-command x> - execvp: No such file or directory"))));
 }
 
 void tst_SystemDateTime::emptyCommandFails()
 {
     QVERIFY(!SystemDateTime().sendSystemCommand(QString()));
-    QCOMPARE(m_log->entries().size(), 1);
-    QVERIFY(
-        m_log->entries().constFirst().startsWith(entry(QStringLiteral("System command <> - "))));
+    QCOMPARE(m_log->entries(),
+             QStringList(entry(QStringLiteral("System command <> - No program defined"))));
 }
 
 void tst_SystemDateTime::crashIsLogged()

@@ -1,6 +1,7 @@
 #include "shared/usb/MountedUSBDeviceList.h"
 #include "shared/usb/USBDriveCleanAccessManager.h"
 #include "tests/support/FileTree.h"
+#include "tests/support/RefusedProcesses.h"
 #include "tests/support/UdevTestBed.h"
 #include "tests/usb/UsbTest.h"
 
@@ -172,6 +173,8 @@ private Q_SLOTS:
     void aDeviceThatVanishesMidWayIsSkipped();
     void aChildBelongsToTheCaller();
     void aFailedFlushIsNoSuccess();
+    void aRefusedMountIsIgnored();
+    void aRefusedUnmountIsTriedAgain();
 
 private:
     std::unique_ptr<UsbCommands> m_commands;
@@ -334,6 +337,26 @@ void tst_UsbFaults::aFailedFlushIsNoSuccess()
     QVERIFY(USBDriveCleanAccessManager::writeByteIntoDev(device, 65, 1));
     s_flushFails = true;
     QVERIFY(!USBDriveCleanAccessManager::writeByteIntoDev(device, 65, 1));
+}
+
+void tst_UsbFaults::aRefusedMountIsIgnored()
+{
+    const RefusedProcesses refused(EAGAIN);
+    MountedUSBDeviceList::mountUSB();
+    QCOMPARE(refused.count(), 1);
+    QVERIFY(RefusedProcesses::killedGroups().empty());
+    QCOMPARE(m_commands->journal(), QStringList());
+}
+
+void tst_UsbFaults::aRefusedUnmountIsTriedAgain()
+{
+    PrivateMounts::setMountTable(mounted("/dev/sda1", "/media/usbdrive"));
+    const RefusedProcesses refused(ENOMEM, 3); // "umount", "usleep", "umount"
+    MountedUSBDeviceList::dismountUSB();
+    QCOMPARE(refused.count(), 3);
+    QVERIFY(RefusedProcesses::killedGroups().empty());
+    QCOMPARE(m_commands->journal(),
+             (QStringList{QStringLiteral("usleep 500"), QStringLiteral("umount /dev/sda1")}));
 }
 
 USB_TEST_MAIN(tst_UsbFaults)
