@@ -4,7 +4,10 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
+#include <cstring>
+
 using Tavro::Shared::CFileCopyController;
+using Tavro::Shared::CFileOperationResult;
 
 int main(int argc, char *argv[])
 {
@@ -21,10 +24,15 @@ int main(int argc, char *argv[])
         out << copy.processedBytes() << " of " << copy.totalBytes() << " bytes" << Qt::endl;
     });
     QObject::connect(&copy, &CFileCopyController::operationCompleted, &copy, [&] {
-        // a copy that failed has "completed", too: the bytes tell
-        const bool isWhole = copy.processedBytes() == copy.totalBytes();
-        out << (isWhole ? "copied" : "the copy is not complete") << Qt::endl;
-        QCoreApplication::exit(isWhole ? 0 : 1);
+        // a copy that failed has "completed", too: the result tells
+        const CFileOperationResult result = copy.lastResult();
+        if (result.isWhole()) {
+            out << "copied" << Qt::endl;
+        } else {
+            out << "the copy is not whole: " << result.path << ' '
+                << std::strerror(result.systemError) << Qt::endl;
+        }
+        QCoreApplication::exit(result.isWhole() ? 0 : 1);
     });
     copy.copyDirectory(arguments.at(1), arguments.at(2));
     return QCoreApplication::exec();

@@ -2,9 +2,11 @@
 
 #include "fieldhost/cli/Text.h"
 #include "fieldhost/services/HostLog.h"
+#include "fieldhost/services/Printable.h"
 
 #include <QByteArray>
 
+#include <atomic>
 #include <cerrno>
 
 #include <sys/ioctl.h>
@@ -13,6 +15,8 @@
 namespace Tavro::FieldHost {
 
 namespace {
+
+std::atomic<int> s_outputError{0};
 
 bool canRewriteLines()
 {
@@ -27,7 +31,10 @@ void writeAll(int fd, const QByteArray &bytes)
         const ssize_t n =
             ::write(fd, bytes.constData() + written, static_cast<size_t>(bytes.size() - written));
         if (n < 0 && errno != EINTR) {
-            return; // the reader is gone; the copy matters more than its report
+            if (errno != EPIPE && s_outputError == 0) {
+                s_outputError = errno;
+            }
+            return; // the work matters more than its report
         }
         if (n > 0) {
             written += static_cast<int>(n);
@@ -58,11 +65,16 @@ int Console::columns()
     return size.ws_col;
 }
 
+int Console::outputError()
+{
+    return s_outputError;
+}
+
 void Console::print(const QString &text)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     erase();
-    writeAll(STDOUT_FILENO, text.toUtf8() + '\n');
+    writeAll(STDOUT_FILENO, printableLines(text).toUtf8() + '\n');
     redraw();
 }
 
@@ -70,7 +82,7 @@ void Console::printError(const QString &text)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     erase();
-    writeAll(STDERR_FILENO, text.toUtf8() + '\n');
+    writeAll(STDERR_FILENO, printableLines(text).toUtf8() + '\n');
     redraw();
 }
 
@@ -80,7 +92,7 @@ void Console::setLiveLine(const QString &line)
         return;
     }
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_line = line;
+    m_line = printable(line);
     redraw();
 }
 

@@ -26,7 +26,16 @@ public:
     /** Characters that a line of the terminal holds; 80 without one. */
     static int columns();
 
-    /** One line, or several, for the user; to standard output. */
+    /**
+     * The errno of the first write to standard output or standard error that failed in this
+     * process; 0 when none did. A reader that has gone away is no failure.
+     */
+    static int outputError();
+
+    /**
+     * One line, or several, for the user; to standard output. Control characters are spelled out,
+     * here and below.
+     */
     void print(const QString &text);
     /** One line, or several, about what went wrong; to standard error. */
     void printError(const QString &text);

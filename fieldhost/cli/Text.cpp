@@ -15,20 +15,6 @@ namespace {
 constexpr double s_kibi = 1024;
 constexpr double s_mebi = s_kibi * s_kibi;
 
-bool isUnsafe(ushort c)
-{
-    const bool control = c < 0x20 || (c >= 0x7f && c < 0xa0);
-    const bool direction = (c >= 0x202a && c <= 0x202e) || (c >= 0x2066 && c <= 0x2069);
-    const bool lineEnd = c == 0x2028 || c == 0x2029;
-    return control || direction || lineEnd;
-}
-
-QString hexEscape(uint c)
-{
-    return c < 0x100 ? QStringLiteral("\\x%1").arg(c, 2, 16, QLatin1Char('0'))
-                     : QStringLiteral("\\u%1").arg(c, 4, 16, QLatin1Char('0'));
-}
-
 // length of the UTF-8 sequence at the beginning of bytes, 0 when there is no valid one
 int utf8Length(const QByteArray &bytes)
 {
@@ -109,19 +95,6 @@ QString counted(qint64 n, const char *singular, const char *plural)
     return QStringLiteral("%1 %2s").arg(n).arg(QLatin1String(singular));
 }
 
-QString printable(const QString &text)
-{
-    QString result;
-    for (const QChar c : text) {
-        if (isUnsafe(c.unicode())) {
-            result += hexEscape(c.unicode());
-        } else {
-            result += c;
-        }
-    }
-    return result;
-}
-
 QString quoted(const QString &path)
 {
     return QLatin1Char('"') + printable(path) + QLatin1Char('"');
@@ -134,7 +107,8 @@ QString quoted(const QByteArray &path)
     while (i < path.size()) {
         const int length = utf8Length(path.mid(i, 4));
         if (length == 0) {
-            text += hexEscape(static_cast<uchar>(path.at(i)));
+            text += QStringLiteral("\\x%1").arg(static_cast<uchar>(path.at(i)), 2, 16,
+                                                QLatin1Char('0'));
         } else {
             text += printable(QString::fromUtf8(path.mid(i, length)));
         }

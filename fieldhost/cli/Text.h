@@ -1,5 +1,7 @@
 #pragma once
 
+#include "fieldhost/services/Printable.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -16,12 +18,7 @@ QString formatDuration(qint64 milliseconds);
 /** "1 file", "2 files", "0 files"; @p plural where adding an s would not do. */
 QString counted(qint64 n, const char *singular, const char *plural = nullptr);
 
-/**
- * @p text as a terminal can show it: control characters and those that change the direction of
- * writing are spelled out, so that a name can neither clear the screen nor pose as another.
- */
-QString printable(const QString &text);
-/** @p path so, in double quotes. */
+/** @p path as a terminal can show it, in double quotes. */
 QString quoted(const QString &path);
 /** The same for a name as the file system has it; bytes that are not UTF-8 read \xNN. */
 QString quoted(const QByteArray &path);

@@ -16,7 +16,9 @@
 #include <csignal>
 #include <memory>
 
+#include <fcntl.h>
 #include <langinfo.h>
+#include <sys/resource.h>
 
 namespace Tavro::FieldHost {
 
@@ -78,7 +80,9 @@ QString helpText()
         + QStringLiteral("\n\nOptions:\n"
                          "  -h, --help     Shows this text; after a COMMAND, that of the "
                          "command with its exit codes.\n"
-                         "  -v, --version  Shows the version.");
+                         "  -v, --version  Shows the version.\n\n"
+                         "A command that has done its work ends with 1 when what it says cannot "
+                         "be written.");
 }
 
 int run(const QStringList &arguments)
@@ -143,6 +147,40 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
     return application;
 }
 
+// A standard stream that was closed would be the next file that is opened, and get its lines.
+void occupyStandardStreams()
+{
+    for (int fd = 0; fd <= 2; ++fd) {
+        // in the wrong direction: what is written is not lost without an error
+        if (::fcntl(fd, F_GETFD) < 0) {
+            ::open("/dev/null", fd == 0 ? O_WRONLY : O_RDONLY);
+        }
+    }
+}
+
+// an export holds a file open for each source that is copied into what exists
+void allowManyOpenFiles()
+{
+    constexpr rlim_t plenty = 65'536;
+    rlimit limit{};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) == 0 && limit.rlim_cur < plenty) {
+        limit.rlim_cur = qMin(limit.rlim_max, plenty);
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+}
+
+// an output that is full must not pass for work that was done and told
+int withOutputError(int code)
+{
+    const int error = Console::outputError();
+    if (error == 0) {
+        return code;
+    }
+    Console().printError(
+        QStringLiteral("The output could not be written (%1).").arg(systemText(error)));
+    return code == ExitDone ? ExitFailed : code;
+}
+
 // names that no text stands for would reach the file system changed
 int firstUnusableArgument(int argc, char **argv)
 {
@@ -162,6 +200,8 @@ int main(int argc, char *argv[])
 {
     using namespace Tavro::FieldHost;
 
+    occupyStandardStreams();
+    allowManyOpenFiles();
     // A reader that went away, as in "| head", must not end a copy half way.
     std::signal(SIGPIPE, SIG_IGN);
 
@@ -183,5 +223,5 @@ int main(int argc, char *argv[])
         return ExitUsage;
     }
     const FieldApplication host;
-    return run(QCoreApplication::arguments());
+    return withOutputError(run(QCoreApplication::arguments()));
 }

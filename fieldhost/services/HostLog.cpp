@@ -1,5 +1,7 @@
 #include "fieldhost/services/HostLog.h"
 
+#include "fieldhost/services/Printable.h"
+
 #include <QByteArray>
 
 #include <atomic>
@@ -83,7 +85,7 @@ HostLog::Sink HostLog::setSink(Sink sink)
 
 QString HostLog::format(LogLevel level, const QString &category, const QString &message)
 {
-    QString text = message;
+    QString text = printableLines(message); // names from a drive are among them
     text.replace(QLatin1Char('\n'), QLatin1String("\n    "));
     return QStringLiteral("[%1] %2: %3").arg(levelName(level), category, text);
 }

@@ -33,7 +33,7 @@ public:
 
     /**
      * The line for an entry: level, category, message. Further lines of a message are indented,
-     * so that none of them reads as an entry of its own.
+     * so that none of them reads as an entry of its own. Control characters are spelled out.
      */
     static QString format(Logging::LogLevel level, const QString &category, const QString &message);
 

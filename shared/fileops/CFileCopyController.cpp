@@ -37,7 +37,11 @@ CFileCopyController::~CFileCopyController()
 void CFileCopyController::connectReports()
 {
     using Worker = CFileCopyWorker;
-    m_handle->onResult([this](const CFileOperationResult &result) { m_lastResult = result; });
+    m_handle->onResult([this](const CFileOperationResult &result) {
+        m_lastResult = result;
+        // an abort counts until the end is announced, even if the worker was done before
+        m_lastResult.canceled |= !m_runs.isEmpty() && m_runs.constFirst().aborted;
+    });
     m_handle->onRunEnd([this] { onWorkerFinished(); });
     m_handle->onReport(&Worker::processedBytesChanged,
                        [this](qlonglong value) { setProcessedBytes(value); });
@@ -135,7 +139,8 @@ void CFileCopyController::startRun()
         m_handle->reports()->reportUrgently([this] { setTotalBytes(0); });
     }
 
-    m_runs.append({m_destinations});
+    // a slot that heard of the loading may have aborted it
+    m_runs.append({m_destinations, m_handle->worker().isCanceled()});
     m_handle->runs().claimLoadedRequest();
     if (!m_handle->startThread()) {
         const auto handle = m_handle;
@@ -220,16 +225,17 @@ void CFileCopyController::setState(int newState)
 
 void CFileCopyController::onWorkerFinished()
 {
-    Run run = m_runs.isEmpty() ? Run{m_destinations, m_handle->worker().isCanceled()}
-                               : m_runs.takeFirst();
     // after a reset() during the run the worker has nothing new to say of its state
     const QPointer<CFileCopyController> self(this);
-    if (m_runs.isEmpty()) {
+    if (m_runs.size() <= 1) {
         setState(StateIdle);
     }
     if (!self) {
         return; // a slot was the end of this object
     }
+    // not before: a slot may have aborted the run
+    Run run = m_runs.isEmpty() ? Run{m_destinations, m_handle->worker().isCanceled()}
+                               : m_runs.takeFirst();
     if (!run.aborted) { // not the worker's word: it speaks of what was loaded last
         Q_EMIT operationCompleted();
         return;

@@ -23,16 +23,16 @@ template<typename Worker> class WorkerHandle;
  * thread for its whole life; progress arrives through that thread's event loop.
  *
  * Every background request ends with exactly one of operationCompleted() and
- * operationCanceled(). **A copy that fails ends with operationCompleted() too**: compare
- * processedBytes with totalBytes, or look at the destination, before telling anybody that the
- * copy is whole.
+ * operationCanceled(). **A copy that fails ends with operationCompleted() too**: ask lastResult()
+ * before telling anybody that the copy is whole.
  *
  * A request made while another one runs blocks the caller until the running one has come to
  * its own end, and is carried out then.
  *
- * Destroying the controller while a copy runs is not meant to happen. Where it does, the copy
- * stops after the chunk in flight, the file that is not whole is removed, files that are whole
- * stay, and the destructor does not wait.
+ * Do not destroy the controller while a copy runs. If it happens, the walk over the sources or
+ * the copy stops after the chunk in flight, the file that is not whole is removed, files that are
+ * whole stay, and the destructor does not wait. A slot of any of the signals may delete the
+ * controller.
  */
 class OVO_SHARED_EXPORT CFileCopyController : public QObject
 {
@@ -93,7 +93,8 @@ public:
      * Copies what is below @p sourcePath into @p destinationPath, which is created when there is
      * something to copy into it. Hidden entries are left out, links are followed. Blanks and
      * tabs at the end of @p destinationPath are not part of its name; an empty path copies
-     * nothing.
+     * nothing. Relative paths count from the current directory of this moment; a source may be a
+     * resource, ":/name".
      *
      * Adds to the destinations that an abort removes: those of earlier calls stay among them.
      *
@@ -126,8 +127,9 @@ public:
     Q_INVOKABLE void resume();
     /**
      * Ends the copy before its next chunk and removes its destinations: **directories whole,
-     * with everything they held before the copy began**. Also ends a paused copy, and one whose
-     * end has not been announced yet.
+     * with everything they held before the copy began**. A source of the request, a directory
+     * that holds one, and the root of the file system are never removed. Also ends a paused copy,
+     * and one whose end has not been announced yet.
      */
     Q_INVOKABLE void abort();
     /** Sets the counters to 0 and the state to idle; a copy in progress still runs to its end. */

@@ -30,11 +30,18 @@ CFileCopyData directoryJob(const QString &sourcePath, const QString &destination
     return job;
 }
 
+// as it is written, ".." and all
+QString directoryName(const QString &destinationPath)
+{
+    return QDir(detail::withFinalSlash(detail::withoutBlanksAtEnd(destinationPath))).dirName();
+}
+
 // why there is nothing to be listed; 0 for a directory
 int errorOfDirectory(const QString &path)
 {
     if (detail::isResource(path)) {
-        return QFileInfo(path).isDir() ? 0 : ENOENT;
+        const QFileInfo resource(path);
+        return resource.isDir() ? 0 : resource.exists() ? ENOTDIR : ENOENT;
     }
     struct stat info = {};
     if (!detail::isNameable(path)) {
@@ -55,7 +62,7 @@ void enumerate(CFileCopyData &job, detail::CopyRequest &request)
             result.errorCode = CFileCopyController::createErrorCode(
                 CFileCopyController::ErrorSourceFileOpenFailed);
             result.systemError = error;
-            result.path = job.sourcePath;
+            result.path = detail::withoutFinalSlash(job.sourcePath);
         }
         return;
     }
@@ -121,6 +128,7 @@ void CFileCopyWorker::copyDirectories(const QStringList &sourcePaths,
     const int count = std::min(sourcePaths.size(), destinationPaths.size());
     for (int i = 0; i < count; ++i) {
         request->jobs.append(directoryJob(sourcePaths.at(i), destinationPaths.at(i)));
+        request->directoryNames.append(directoryName(destinationPaths.at(i)));
     }
     m_d->load(CFileCopyController::StateEnumeratingFiles, std::move(request));
 }

@@ -22,9 +22,9 @@ template<typename Worker> class WorkerHandle;
  * doWork() run there. A run works on its own copy of what was loaded: loading or reset() during
  * a run concerns the next one.
  *
- * Every chunk of at most 4 MiB is flushed to the device before it counts as processed, and the
- * command "sync", found on PATH, runs with the chunk that completes the request. So a drive
- * pulled out loses at most the chunk in flight.
+ * Every chunk of at most 4 MiB is flushed to the device before it counts as processed, with the
+ * name of its file, and the command "sync", found on PATH, runs with the chunk that completes the
+ * request. So a drive pulled out loses at most the chunk in flight.
  *
  * Loading belongs to the owner's thread. pause(), resume(), cancelWork(), reset() and the
  * readers may be called from any thread. Signals are emitted on the thread that works, those of
@@ -47,7 +47,7 @@ public:
 
     /**
      * Loads one directory, in place of what was loaded before. @p sourcePath may lack its final
-     * "/"; a relative one counts from the current directory of this moment. Blanks and tabs at
+     * "/"; relative paths count from the current directory of this moment. Blanks and tabs at
      * the end of @p destinationPath are removed. An empty source holds nothing to copy, an empty
      * destination cannot be written to.
      */

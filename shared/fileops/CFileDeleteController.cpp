@@ -17,7 +17,7 @@ constexpr quint32 s_moduleAndComponent = 0x000B0200; // this library, deleting
 
 CFileDeleteController::CFileDeleteController(QObject *parent)
     : QObject(parent)
-    , m_handle(std::make_unique<detail::WorkerHandle<CFileDeleteWorker>>(this))
+    , m_handle(std::make_shared<detail::WorkerHandle<CFileDeleteWorker>>(this))
 {
     // finished() and errorOccurred() end at the worker: that a run is over shows in the state
     using Worker = CFileDeleteWorker;
@@ -30,7 +30,10 @@ CFileDeleteController::CFileDeleteController(QObject *parent)
     m_handle->onThreadEnd([this] { startNextRun(); });
 }
 
-CFileDeleteController::~CFileDeleteController() = default;
+CFileDeleteController::~CFileDeleteController()
+{
+    m_handle->letGo();
+}
 
 qlonglong CFileDeleteController::processedBytes() const
 {
@@ -59,21 +62,19 @@ quint32 CFileDeleteController::createErrorCode(Error error)
 
 void CFileDeleteController::deleteDirectory(const QString &path)
 {
-    m_handle->worker().deleteDirectory(path);
-    request();
+    deleteDirectories({path});
 }
 
 void CFileDeleteController::deleteDirectories(const QStringList &path)
 {
-    m_handle->worker().deleteDirectories(path);
-    request();
-}
-
-void CFileDeleteController::request()
-{
-    m_handle->runs().claimLoadedRequest();
+    const auto handle = m_handle; // loading announces things, and a slot may be the end of this
+    handle->worker().deleteDirectories(path);
+    if (!handle->isOwned()) {
+        return;
+    }
+    handle->runs().claimLoadedRequest();
     // behind the end of an older run, should that not have been delivered yet
-    m_handle->reports()->reportUrgently([this] { setState(StateEnumeratingFiles); });
+    handle->reports()->reportUrgently([this] { setState(StateEnumeratingFiles); });
     startNextRun();
 }
 
@@ -91,7 +92,8 @@ void CFileDeleteController::startNextRun()
             m_lastResult = CFileOperationResult();
             m_lastResult.errorCode = createErrorCode(ErrorInternal);
             m_lastResult.systemError = EAGAIN; // what Qt's thread does not pass on
-            m_handle->worker().reset();
+            const auto handle = m_handle; // a slot may be the end of this object
+            handle->worker().reset();
         });
     }
 }

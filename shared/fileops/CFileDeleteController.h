@@ -23,7 +23,7 @@ template<typename Worker> class WorkerHandle;
  * thread for its whole life; progress arrives through that thread's event loop.
  *
  * The end of a run shows as state returning to StateIdle, and both counters to 0. **What went
- * wrong does not show**: look whether the directory is still there.
+ * wrong does not show**: ask lastResult() then. What was removed is flushed to the device before.
  *
  * A request made while another one runs returns at once and is carried out after it.
  *
@@ -49,7 +49,7 @@ public:
     /** Why something was not deleted. */
     enum Error {
         ErrorNone = 0, /**< it was deleted */
-        ErrorInternal = 1, /**< the worker was started with nothing loaded */
+        ErrorInternal = 1, /**< nothing was loaded, or the system had no thread to give */
         ErrorFileDeletionFailed = 2, /**< a file is still there, or was gone before its turn */
         ErrorDirectoryDeletionFailed = 3, /**< a directory, or something in it, is still there */
     };
@@ -69,7 +69,11 @@ public:
      * How the run ended whose end was announced last; set before the change to idle, and a default
      * one before the first. For C++ hosts: QML sees the state only.
      *
-     * files and bytes are those that processedBytes counted. What was not there is deleted.
+     * Whole: the directories are gone, and that is on the device. A directory that was not there
+     * is gone; one that cannot be reached, and a file in its place, are not. files and bytes are
+     * those that processedBytes counted: files that a pause or an abort in mid-deletion passed over
+     * are removed and not among them, nor are hidden ones. After an abort the result is not whole,
+     * also when it came too late. Without a thread to run on: ErrorInternal, EAGAIN.
      */
     CFileOperationResult lastResult() const;
 
@@ -121,10 +125,9 @@ private Q_SLOTS:
 
 private:
     void onWorkerState(int state);
-    void request();
     void startNextRun();
 
-    std::unique_ptr<detail::WorkerHandle<CFileDeleteWorker>> m_handle; // worker and thread
+    std::shared_ptr<detail::WorkerHandle<CFileDeleteWorker>> m_handle; // worker and thread
     qlonglong m_totalBytes = 0;
     qlonglong m_processedBytes = 0;
     int m_state = StateIdle;

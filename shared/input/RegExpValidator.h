@@ -15,7 +15,8 @@ namespace Tavro::Shared {
  * yet is refused while it is typed. Every refusal is logged.
  *
  * The limits are those of QRegExp: a pattern that it cannot compile refuses every text, and so does
- * one with more than a thousand groups within each other.
+ * one with more than a thousand groups within each other, for which the engine might run out of
+ * stack. Parentheses in a class or behind a backslash are no groups.
  */
 class OVO_SHARED_EXPORT RegExpValidator : public Validator
 {

@@ -8,6 +8,8 @@
 #include "shared/input/RegExpValidator.h"
 #include "shared/input/StringLengthValidator.h"
 
+#include <QPointer>
+
 namespace Tavro::Shared {
 
 TextValidator::TextValidator(QObject *parent)
@@ -92,8 +94,11 @@ void TextValidator::updateHint()
         m_hint += hint;
     }
     m_hint.chop(1); // the last line feed
+    const QPointer<TextValidator> self = this;
     Q_EMIT hintChanged();
-    Q_EMIT hasHintChanged();
+    if (self) { // whoever heard may have deleted it
+        Q_EMIT hasHintChanged();
+    }
 }
 
 } // namespace Tavro::Shared

@@ -33,7 +33,8 @@ public:
      * QProcess::errorString(), not what the command printed.
      *
      * **One that still runs after 5 seconds counts as done**: it has neither failed nor crashed so
-     * far. It is killed before the call returns, so whether it took effect is not known.
+     * far. It is killed before the call returns, so whether it took effect is not known. One that
+     * cannot be killed, as the kernel waits for a device, is waited for 30 seconds longer.
      */
     bool sendSystemCommand(const QString &command);
 

@@ -35,6 +35,11 @@ bool Handshake::waitUntilHeld()
                            30'000);
 }
 
+int Handshake::held() const
+{
+    return m_commands.journal().count(QStringLiteral("held"));
+}
+
 void Handshake::letGo()
 {
     m_held = false;

@@ -22,6 +22,8 @@ public:
 
     /** Waits until a copy is held; false when none comes. */
     bool waitUntilHeld();
+    /** How many copies are or were held. */
+    int held() const;
     /** Lets it go, and all others. */
     void letGo();
 

@@ -2,15 +2,60 @@
 
 #include <QTest>
 
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstddef>
+
 #include <linux/capability.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sched.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace Test {
 
 namespace {
 constexpr int s_patience = 60'000; // ms
+
+// goes on as the first process of a process namespace; the one before waits for its end
+void enterProcessNamespace()
+{
+    if (::unshare(CLONE_NEWPID) != 0) {
+        ::_exit(Program::cannotDropRights);
+    }
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        return;
+    }
+    int status = 0;
+    if (child < 0 || ::waitpid(child, &status, 0) != child) {
+        ::_exit(Program::cannotDropRights);
+    }
+    ::_exit(WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status));
 }
+
+void refuseFurtherClones()
+{
+    constexpr auto refusal = SECCOMP_RET_ERRNO | EAGAIN;
+    std::array<sock_filter, 5> filter{{
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, __NR_clone3, 2, 0),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, __NR_clone, 1, 0),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+        BPF_STMT(BPF_RET | BPF_K, refusal),
+    }};
+    const sock_fprog program{filter.size(), filter.data()};
+    if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0
+        || ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) != 0) {
+        ::_exit(Program::cannotDropRights);
+    }
+}
+} // namespace
 
 QString programPath()
 {
@@ -27,8 +72,17 @@ void Program::dropRights()
     m_dropRights = true;
 }
 
+void Program::refuseClones()
+{
+    m_refuseClones = true;
+}
+
 void Program::setupChildProcess()
 {
+    if (m_refuseClones) {
+        enterProcessNamespace();
+        refuseFurtherClones();
+    }
     // the program starts with what the bounding set leaves, although it belongs to root
     if (m_dropRights && ::geteuid() == 0
         && (::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE) != 0

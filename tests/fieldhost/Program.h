@@ -30,6 +30,12 @@ public:
     void dropRights();
     static constexpr int cannotDropRights = 125;
 
+    /**
+     * No thread and no process can be made by the program, which has a process namespace of its
+     * own: a library that kills what it could not start may not reach anybody else. Needs root.
+     */
+    void refuseClones();
+
     /** Starts it and does not wait. */
     void begin(const QStringList &arguments);
     /** Waits until @p text is in its standard output; false when it does not come. */
@@ -45,6 +51,7 @@ protected:
 
 private:
     bool m_dropRights = false;
+    bool m_refuseClones = false;
 };
 
 } // namespace Test

@@ -21,6 +21,7 @@ QByteArray bootSectorOf(const QByteArray &type)
 {
     QByteArray sector(512, '\0');
     if (type == "fat32") {
+        sector[16] = 2; // file allocation tables; none would be no FAT
         sector.replace(82, 8, "FAT32   ");
     }
     sector[510] = 0x55;

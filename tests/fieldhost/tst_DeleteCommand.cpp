@@ -36,6 +36,8 @@ private Q_SLOTS:
     void currentFolderIsRefused();
     void linkWithASlashGoesAlone();
     void whatIsStillThereIsNamed();
+    void theCauseIsNamed();
+    void withoutThreadsNothingIsWaitedFor();
 
     void terminalAsksAndYDeletes();
     void anyOtherKeyDeletesNothing_data();
@@ -143,9 +145,67 @@ void tst_DeleteCommand::whatIsStillThereIsNamed()
     QCOMPARE(outcome.output, QStringLiteral("Deleted: \"%1\"\n").arg(path("two")));
     QCOMPARE(outcome.errors,
              QStringLiteral("Failed: \"%1\", or part of it, is still there.\n"
+                            "\"%1\" cannot be deleted: Invalid or incomplete multibyte or wide "
+                            "character.\n"
+                            "The folder \"%1\" cannot be read as a whole.\n"
                             "Failed: 1 of 2 not deleted.\n")
                  .arg(path("one")));
     QVERIFY(!exists("two"));
+}
+
+void tst_DeleteCommand::theCauseIsNamed()
+{
+    makeFile(path("tree/kept/a"), "1");
+    makeFile(path("closed/file"), "1");
+    makeFile(path("unreadable/sub/b"), "1");
+    const QMap<QString, QFile::Permissions> rights = {
+        {path("tree/kept"), QFile::ReadOwner | QFile::ExeOwner},
+        {path("closed"), QFile::ReadOwner | QFile::ExeOwner},
+        {path("unreadable/sub"), {}},
+    };
+    for (auto it = rights.begin(); it != rights.end(); ++it) {
+        QVERIFY(QFile::setPermissions(it.key(), it.value()));
+    }
+    Program program;
+    program.dropRights();
+    program.begin({s_delete, s_yes, path("tree"), path("closed/file"), path("unreadable")});
+    const Outcome outcome = program.end();
+    for (auto it = rights.begin(); it != rights.end(); ++it) {
+        QVERIFY(QFile::setPermissions(it.key(),
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    }
+    if (outcome.exitCode == Program::cannotDropRights) {
+        QSKIP("root's right to write everywhere cannot be given up here");
+    }
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QCOMPARE(outcome.output, QString());
+    const QString left = QStringLiteral("Failed: \"%1\", or part of it, is still there.\n");
+    const QString cause = QStringLiteral("\"%1\" cannot be deleted: Permission denied.\n");
+    QVERIFY2(outcome.errors.contains(left.arg(path("tree")) + cause.arg(path("tree/kept/a"))),
+             qPrintable(outcome.errors));
+    QVERIFY2(
+        outcome.errors.contains(left.arg(path("closed/file")) + cause.arg(path("closed/file"))),
+        qPrintable(outcome.errors));
+    QVERIFY2(outcome.errors.contains(QStringLiteral("The folder \"%1\" cannot be read as a whole")
+                                         .arg(path("unreadable/sub"))),
+             qPrintable(outcome.errors));
+    QVERIFY(outcome.errors.endsWith(QLatin1String("Failed: 3 of 3 not deleted.\n")));
+}
+
+void tst_DeleteCommand::withoutThreadsNothingIsWaitedFor()
+{
+    if (::geteuid() != 0) {
+        QSKIP("a process namespace of its own needs the rights of root");
+    }
+    makeFile(path("tree/a"), "1");
+    Program program;
+    program.refuseClones();
+    program.begin({s_delete, s_yes, path("tree")});
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QVERIFY(outcome.errors.contains( // Qt warns of the thread first
+        QStringLiteral("\nFailed: \"%1\", or part of it, is still there.\n").arg(path("tree"))));
+    QVERIFY(exists("tree/a"));
 }
 
 void tst_DeleteCommand::terminalAsksAndYDeletes()

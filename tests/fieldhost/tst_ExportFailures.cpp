@@ -48,7 +48,12 @@ private Q_SLOTS:
     void aFileThatGivesLessThanItsSizeIsNoticed();
     void aVanishedDestinationIsNoticed();
     void whatIsWholeStays();
+    void withoutThreadsNothingIsWaitedFor();
     void aFailureIntoExistingChangesNothingThere();
+    void whatIsNotOnTheListIsNotLost();
+    void aKilledExportIsClearedUpByTheNext_data();
+    void aKilledExportIsClearedUpByTheNext();
+    void aRunningExportIsLeftAlone();
     void aCopyWithoutOneWholeFileIsRemoved();
 
     void aSignalAborts_data();
@@ -113,14 +118,14 @@ void tst_ExportFailures::aFileThatVanishesIsNoticed()
     QVERIFY(QFile::remove(m_source + QStringLiteral("/later.txt")));
     handshake.letGo();
     const Outcome outcome = program.end();
-    // all bytes are processed: only the look at the destination shows it
+    // all bytes are processed: only the result shows it
     QCOMPARE(outcome.exitCode, int(Failed));
-    QCOMPARE(outcome.errors,
-             QStringLiteral("Failed: \"%1/later.txt\" was not copied: it is no longer in the "
-                            "source.\n"
-                            "1 of 2 files are whole in \"%2\", the others are missing; no partial "
-                            "file is left.\n")
-                 .arg(m_source, m_destination));
+    QCOMPARE(
+        outcome.errors,
+        QStringLiteral("Failed: \"%1/later.txt\" cannot be opened: No such file or directory.\n"
+                       "1 of 2 files are whole in \"%2\", the others are missing; no partial "
+                       "file is left.\n")
+            .arg(m_source, m_destination));
     QVERIFY(!outcome.output.contains(QLatin1String("Done")));
 }
 
@@ -145,8 +150,7 @@ void tst_ExportFailures::aFileThatCannotBeReadIsNoticed()
     const Outcome outcome = Program::run({s_export, m_source, m_destination});
     QCOMPARE(outcome.exitCode, int(Failed));
     QVERIFY2(outcome.errors.startsWith(
-                 QStringLiteral("Failed: \"%1/memory\" was not copied: reading it fails "
-                                "(Input/output error).\n")
+                 QStringLiteral("Failed: \"%1/memory\" cannot be read: Input/output error.\n")
                      .arg(m_source)),
              qPrintable(outcome.errors));
     QVERIFY(!QFile::exists(m_destination + QStringLiteral("/source/memory")));
@@ -164,9 +168,9 @@ void tst_ExportFailures::aFileThatGivesLessThanItsSizeIsNoticed()
     QCOMPARE(outcome.exitCode, int(Failed));
     QVERIFY2(
         outcome.errors.startsWith(
-            QStringLiteral("Failed: \"%1/page\" was not copied: reading it gives ").arg(m_source)),
+            QStringLiteral("Failed: \"%1/page\" was not copied: reading it gave ").arg(m_source)),
         qPrintable(outcome.errors));
-    QVERIFY(outcome.errors.contains(QLatin1String(" where its size says 4.0 KiB.\n")));
+    QVERIFY(outcome.errors.contains(QLatin1String(" where its size says 4.0 KiB; ")));
     QVERIFY(!QFile::exists(m_destination + QStringLiteral("/source/page")));
 }
 
@@ -181,9 +185,10 @@ void tst_ExportFailures::aVanishedDestinationIsNoticed()
     handshake.letGo();
     const Outcome outcome = program.end();
     QCOMPARE(outcome.exitCode, int(Failed));
-    QVERIFY2(outcome.errors.contains(
-                 QLatin1String("it cannot be created in the destination (Not a directory)")),
-             qPrintable(outcome.errors));
+    QCOMPARE(outcome.errors,
+             QStringLiteral("Failed: \"%1/source/later.txt\" cannot be created: Not a directory.\n"
+                            "Nothing was left in the destination.\n")
+                 .arg(m_destination));
     QCOMPARE(contentOf(m_destination), QByteArray("in the way"));
 }
 
@@ -204,6 +209,25 @@ void tst_ExportFailures::whatIsWholeStays()
     QVERIFY(!QFile::exists(m_destination + QStringLiteral("/single")));
 }
 
+void tst_ExportFailures::withoutThreadsNothingIsWaitedFor()
+{
+    if (::geteuid() != 0) {
+        QSKIP("a process namespace of its own needs the rights of root");
+    }
+    for (const QStringList &options : {QStringList(), QStringList{QStringLiteral("--verify")}}) {
+        Program program;
+        program.refuseClones();
+        program.begin(QStringList{s_export} + options + QStringList{m_source, m_destination});
+        const Outcome outcome = program.end();
+        QCOMPARE(outcome.exitCode, int(Failed));
+        // Qt warns of the thread first
+        QVERIFY2(outcome.errors.contains(QLatin1String(
+                     "\nFailed: The copy could not begin: Resource temporarily unavailable.\n")),
+                 qPrintable(outcome.errors));
+        QVERIFY(!QFile::exists(m_destination));
+    }
+}
+
 void tst_ExportFailures::aFailureIntoExistingChangesNothingThere()
 {
     makeFile(m_destination + QStringLiteral("/source/data.bin"), "precious");
@@ -220,6 +244,94 @@ void tst_ExportFailures::aFailureIntoExistingChangesNothingThere()
         QLatin1String("\nThe unfinished copy was removed; what was in the destination before is "
                       "unchanged.\n")));
     QCOMPARE(treeOf(m_destination), before);
+}
+
+void tst_ExportFailures::whatIsNotOnTheListIsNotLost()
+{
+    makeFile(m_destination + QStringLiteral("/source/data.bin"), "precious");
+    Handshake handshake;
+    Program program;
+    program.begin({s_export, s_intoExisting, m_source, m_destination});
+    QVERIFY(handshake.waitUntilHeld());
+    // as if the copy had met it: the list of what is to be moved does not have it
+    const QString staging = QDir(m_destination + QStringLiteral("/source"))
+                                .entryList(QDir::AllDirs | QDir::Hidden | QDir::NoDotAndDotDot)
+                                .value(0);
+    makeFile(m_destination + QStringLiteral("/source/") + staging
+                 + QStringLiteral("/folder/source/unlisted"),
+             "unlisted");
+    handshake.letGo();
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QCOMPARE(
+        outcome.errors,
+        QStringLiteral("Failed: All is in its place, but \"%1/source/%2\" cannot be removed.\n")
+            .arg(m_destination, staging));
+    QCOMPARE(contentOf(m_destination + QStringLiteral("/source/data.bin")), someBytes(100'000));
+}
+
+void tst_ExportFailures::aKilledExportIsClearedUpByTheNext_data()
+{
+    QTest::addColumn<QString>("filled");
+    QTest::addColumn<QStringList>("options");
+    QTest::newRow("into what exists")
+        << QStringLiteral("source/other") << QStringList{s_intoExisting};
+    QTest::newRow("into an empty folder") << QString() << QStringList();
+}
+
+void tst_ExportFailures::aKilledExportIsClearedUpByTheNext()
+{
+    QFETCH(QString, filled);
+    QFETCH(QStringList, options);
+    QVERIFY(QDir().mkpath(m_destination));
+    if (!filled.isEmpty()) {
+        makeFile(m_destination + QLatin1Char('/') + filled, "other");
+    }
+    const QStringList arguments = QStringList{s_export} + options
+        + QStringList{filled.isEmpty() ? m_source + QLatin1Char('/') : m_source, m_destination};
+    {
+        Handshake handshake;
+        Program program;
+        program.begin(arguments);
+        QVERIFY(handshake.waitUntilHeld());
+        program.kill();
+        program.end();
+        handshake.letGo();
+    }
+    QVERIFY(QStringList(treeOf(m_destination).keys())
+                .join(QLatin1Char(' '))
+                .contains(QLatin1String(".ovo-export-")));
+    const Outcome outcome = Program::run(arguments);
+    QCOMPARE(outcome.errors, QString());
+    QCOMPARE(outcome.exitCode, int(Done));
+    const QString root = filled.isEmpty() ? QString() : QStringLiteral("/source");
+    QMap<QString, QByteArray> expected = treeOf(m_source);
+    if (!filled.isEmpty()) {
+        expected.insert(QStringLiteral("other"), "other");
+    }
+    QCOMPARE(treeOf(m_destination + root), expected);
+}
+
+void tst_ExportFailures::aRunningExportIsLeftAlone()
+{
+    makeFile(m_destination + QStringLiteral("/source/other"), "other");
+    makeFile(path(QStringLiteral("second/source/x")), "x");
+    Handshake handshake;
+    Program program;
+    program.begin({s_export, s_intoExisting, m_source, m_destination});
+    QVERIFY(handshake.waitUntilHeld());
+    Program second;
+    second.begin({s_export, s_intoExisting, path(QStringLiteral("second/source")), m_destination});
+    QVERIFY(QTest::qWaitFor([&] { return handshake.held() == 2; }, 30'000));
+    handshake.letGo();
+    QCOMPARE(second.end().exitCode, int(Done));
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.errors, QString());
+    QCOMPARE(outcome.exitCode, int(Done));
+    QMap<QString, QByteArray> expected = treeOf(m_source);
+    expected.insert(QStringLiteral("other"), "other");
+    expected.insert(QStringLiteral("x"), "x");
+    QCOMPARE(treeOf(m_destination + QStringLiteral("/source")), expected);
 }
 
 void tst_ExportFailures::aCopyWithoutOneWholeFileIsRemoved()
@@ -351,10 +463,10 @@ void tst_ExportFailures::aDiskThatFillsUpIsNoticed()
     const Outcome outcome = program.end();
     QCOMPARE(outcome.exitCode, int(Failed));
     QVERIFY2(outcome.errors.startsWith(
-                 QStringLiteral("Failed: \"%1\" was not copied: the destination is full: it needs "
-                                "293.0 KiB, and 224.0 KiB are free.\n"
+                 QStringLiteral("Failed: \"%1/single\" cannot be written: No space left on "
+                                "device.\n"
                                 "2 of 3 files are whole in ")
-                     .arg(path(QStringLiteral("single")))),
+                     .arg(m_destination)),
              qPrintable(outcome.errors));
     QVERIFY(!QFile::exists(m_destination + QStringLiteral("/single")));
     QCOMPARE(treeOf(m_destination + QStringLiteral("/source")), treeOf(m_source));
@@ -367,10 +479,10 @@ void tst_ExportFailures::aDiskWithoutRoomForMoreFilesIsNoticed()
     const Outcome outcome = Program::run({s_export, m_source, m_destination});
     QCOMPARE(outcome.exitCode, int(Failed));
     QVERIFY2(outcome.errors.startsWith(
-                 QStringLiteral("Failed: \"%1/later.txt\" was not copied: the destination has room "
-                                "for no more files, whatever their size.\n"
+                 QStringLiteral("Failed: \"%1/source/later.txt\" cannot be created: No space left "
+                                "on device.\n"
                                 "1 of 2 files are whole in ")
-                     .arg(m_source)),
+                     .arg(m_destination)),
              qPrintable(outcome.errors));
 }
 

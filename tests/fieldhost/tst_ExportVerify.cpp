@@ -24,10 +24,12 @@ private Q_SLOTS:
     void wholeCopyIsVerified_data();
     void wholeCopyIsVerified();
     void copyThatDiffersFailsAndGoes();
+    void copyThatReplacedAFileIsComparedInItsPlace();
     void withoutTheOptionNothingIsReadBack();
 
 private:
-    void spoilTheCopy();
+    static void spoil(const QString &file);
+    void spoilTheCopy() { spoil(m_destination + QStringLiteral("/source/data.bin")); }
 
     std::unique_ptr<TemporaryFolder> m_folder;
     QString m_source;
@@ -44,9 +46,9 @@ void tst_ExportVerify::init()
 }
 
 // as bad memory of a stick would: the size stays
-void tst_ExportVerify::spoilTheCopy()
+void tst_ExportVerify::spoil(const QString &file)
 {
-    QFile copy(m_destination + QStringLiteral("/source/data.bin"));
+    QFile copy(file);
     QVERIFY(copy.open(QIODevice::ReadWrite));
     QVERIFY(copy.seek(50'000));
     char byte = 0;
@@ -92,6 +94,33 @@ void tst_ExportVerify::copyThatDiffersFailsAndGoes()
                             "from it.\nNothing was left in the destination.\n")
                  .arg(m_source));
     QVERIFY(!QFile::exists(m_destination));
+}
+
+void tst_ExportVerify::copyThatReplacedAFileIsComparedInItsPlace()
+{
+    makeFile(m_destination + QStringLiteral("/source/data.bin"), "old");
+    Handshake handshake;
+    Program program;
+    program.begin({QStringLiteral("export"), QStringLiteral("--verify"),
+                   QStringLiteral("--into-existing"), m_source, m_destination});
+    QVERIFY(handshake.waitUntilHeld());
+    // the copy is elsewhere still, but by the time it is compared it is here
+    QVERIFY(program.waitForOutput("once all of the copy is whole"));
+    const QString folder = m_destination + QStringLiteral("/source/");
+    const QString staging =
+        QDir(folder).entryList(QDir::AllDirs | QDir::Hidden | QDir::NoDotAndDotDot).value(0);
+    spoil(folder + staging + QStringLiteral("/folder/source/data.bin"));
+    handshake.letGo();
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QCOMPARE(outcome.errors,
+             QStringLiteral("Failed: The copy of \"%1/data.bin\" is not good: its copy differs "
+                            "from it.\nThe copies that replaced files of the same name stay where "
+                            "they are. Export again.\n")
+                 .arg(m_source));
+    QCOMPARE(QFile(folder + QStringLiteral("data.bin")).size(), qint64(100'000));
+    QCOMPARE(QDir(folder).entryList(QDir::AllDirs | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList());
 }
 
 void tst_ExportVerify::withoutTheOptionNothingIsReadBack()

@@ -5,6 +5,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <unistd.h>
+
 using namespace Test;
 
 namespace {
@@ -29,16 +31,24 @@ private Q_SLOTS:
 
     void sizesAreShownInTheOrderAsked();
     void sizeOfNothingIsRefused();
+    void sizeTellsWhatItCouldNotLookInto();
+    void sizeNeedsNoThread();
     void equalFilesAreFoundEqual();
     void differentFilesAreFoundDifferent();
     void unreadableFileIsNamed();
     void nameIsTheNextThatIsFree();
     void nameOfDateAndTimeNeedsNoPrefix();
     void nameNeedsAFolder();
+    void nameNeedsToKnowTheNamesThatAreTaken_data();
+    void nameNeedsToKnowTheNamesThatAreTaken();
     void textIsMadeAName_data();
     void textIsMadeAName();
     void freeSpaceIsShown();
     void freeSpaceOfNowhereIsRefused();
+
+    void outputThatCannotBeWrittenIsAFailure_data();
+    void outputThatCannotBeWrittenIsAFailure();
+    void controlCharactersDoNotReachTheTerminal();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
@@ -61,7 +71,7 @@ void tst_FileCommands::helpListsEveryExitCode_data()
 {
     QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("codes");
-    QTest::newRow("size") << QStringLiteral("size") << QStringLiteral("023");
+    QTest::newRow("size") << QStringLiteral("size") << QStringLiteral("0123");
     QTest::newRow("compare") << QStringLiteral("compare") << QStringLiteral("0123");
     QTest::newRow("name") << QStringLiteral("name") << QStringLiteral("024");
     QTest::newRow("safe-name") << QStringLiteral("safe-name") << QStringLiteral("02");
@@ -152,6 +162,47 @@ void tst_FileCommands::sizeOfNothingIsRefused()
              QStringLiteral("\"%1\" is neither folder nor file.\n").arg(path("missing")));
 }
 
+void tst_FileCommands::sizeTellsWhatItCouldNotLookInto()
+{
+    makeFile(path("tree/f"), someBytes(72));
+    makeFile(path("tree/closed/g"), someBytes(1000));
+    makeFile(path("tree/unreachable/h"), someBytes(1000));
+    QVERIFY(QFile::setPermissions(path("tree/closed"), {}));
+    QVERIFY(QFile::setPermissions(path("tree/unreachable"), QFile::ReadOwner));
+    Program program;
+    program.dropRights();
+    program.begin({QStringLiteral("size"), path("tree"), path("tree/closed")});
+    const Outcome outcome = program.end();
+    for (const char *folder : {"tree/closed", "tree/unreachable"}) {
+        QVERIFY(QFile::setPermissions(path(folder),
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    }
+    if (outcome.exitCode == Program::cannotDropRights) {
+        QSKIP("root's right to read everything cannot be given up here");
+    }
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QVERIFY(outcome.output.contains(QStringLiteral(": \"%1\"\n").arg(path("tree"))));
+    const QString sentence =
+        QStringLiteral("What \"%1\" holds is not counted, or only in part (Permission denied).\n");
+    QCOMPARE(outcome.errors.count(sentence.arg(path("tree/closed"))), 2);
+    QCOMPARE(outcome.errors.count(sentence.arg(path("tree/unreachable"))), 1);
+}
+
+void tst_FileCommands::sizeNeedsNoThread()
+{
+    if (::geteuid() != 0) {
+        QSKIP("a process namespace of its own needs the rights of root");
+    }
+    makeFile(path("tree/sub/f"), someBytes(72));
+    Program program;
+    program.refuseClones();
+    program.begin({QStringLiteral("size"), path("tree")});
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.errors, QString());
+    QCOMPARE(outcome.output, QStringLiteral("72 B (72 bytes): \"%1\"\n").arg(path("tree")));
+    QCOMPARE(outcome.exitCode, int(Done));
+}
+
 void tst_FileCommands::equalFilesAreFoundEqual()
 {
     makeFile(path("a"), someBytes(300'000));
@@ -211,6 +262,36 @@ void tst_FileCommands::nameNeedsAFolder()
     QCOMPARE(outcome.errors, QStringLiteral("\"%1\" is no folder.\n").arg(path("missing")));
 }
 
+void tst_FileCommands::nameNeedsToKnowTheNamesThatAreTaken_data()
+{
+    QTest::addColumn<int>("rights");
+    QTest::newRow("a folder that may not be read") << int(QFile::ExeOwner | QFile::WriteOwner);
+    QTest::newRow("a folder that may not be entered") << int(QFile::ReadOwner | QFile::WriteOwner);
+}
+
+void tst_FileCommands::nameNeedsToKnowTheNamesThatAreTaken()
+{
+    QFETCH(int, rights);
+    makeFile(path("closed/a_0001.jpg"));
+    QVERIFY(QFile::setPermissions(path("closed"), QFile::Permissions(rights)));
+    Program program;
+    program.dropRights();
+    program.begin({QStringLiteral("name"), QStringLiteral("--dir"), path("closed"),
+                   QStringLiteral("--ext"), QStringLiteral("jpg"), QStringLiteral("--prefix"),
+                   QStringLiteral("a")});
+    const Outcome outcome = program.end();
+    QVERIFY(QFile::setPermissions(path("closed"),
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    if (outcome.exitCode == Program::cannotDropRights) {
+        QSKIP("root's right to read everything cannot be given up here");
+    }
+    QCOMPARE(outcome.output, QString());
+    QCOMPARE(outcome.errors,
+             QStringLiteral("Which names are taken in \"%1\" cannot be read (Permission denied).\n")
+                 .arg(path("closed")));
+    QCOMPARE(outcome.exitCode, int(DestinationRefused));
+}
+
 void tst_FileCommands::textIsMadeAName_data()
 {
     QTest::addColumn<QString>("text");
@@ -244,6 +325,66 @@ void tst_FileCommands::freeSpaceOfNowhereIsRefused()
     QCOMPARE(outcome.exitCode, int(SourceRefused));
     QCOMPARE(outcome.errors,
              QStringLiteral("There is no volume that holds \"%1\".\n").arg(path("missing")));
+}
+
+void tst_FileCommands::outputThatCannotBeWrittenIsAFailure_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("cause");
+    const char *full = "No space left on device";
+    const auto row = [](const char *line, const char *cause) {
+        QTest::newRow(line) << QString::fromUtf8(line) << QString::fromUtf8(cause);
+    };
+    row("--help >/dev/full", full);
+    row("--version >/dev/full", full);
+    row("size --help >/dev/full", full);
+    row("size a >/dev/full", full);
+    row("compare a a >/dev/full", full);
+    row("free a >/dev/full", full);
+    row("safe-name x >/dev/full", full);
+    row("name --dir . --ext x >/dev/full", full);
+    row("delete --yes b >/dev/full", full);
+    row("export a c >/dev/full", full);
+    row("countries >/dev/full", full);
+    row("convert 1 m ft >/dev/full", full);
+    row("size a >&-", "Bad file descriptor");
+    row("export a d >&-", "Bad file descriptor");
+}
+
+void tst_FileCommands::outputThatCannotBeWrittenIsAFailure()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, cause);
+    makeFile(path("a"), "1");
+    makeFile(path("b"), "1");
+    QProcess shell;
+    shell.setWorkingDirectory(m_folder->path());
+    shell.start(QStringLiteral("sh"),
+                {QStringLiteral("-c"), QStringLiteral("exec \"$0\" ") + line, programPath()});
+    QVERIFY(shell.waitForFinished());
+    QCOMPARE(shell.exitCode(), int(Failed));
+    QCOMPARE(QString::fromUtf8(shell.readAllStandardError()),
+             QStringLiteral("The output could not be written (%1).\n").arg(cause));
+    // what was asked for is done all the same, and holds nothing of the output
+    if (line.startsWith(QLatin1String("export"))) {
+        QCOMPARE(contentOf(path(qPrintable(line.mid(9, 1) + QStringLiteral("/a")))),
+                 QByteArray("1"));
+    }
+}
+
+void tst_FileCommands::controlCharactersDoNotReachTheTerminal()
+{
+    // the library logs the name as it is
+    const QString name = QStringLiteral("a\x1b[2J\x07\u202e");
+    makeFile(path("b"), "1");
+    const Outcome outcome = Program::run(
+        {QStringLiteral("compare"), m_folder->path() + QLatin1Char('/') + name, path("b")});
+    QCOMPARE(outcome.exitCode, int(SourceRefused));
+    QVERIFY2(outcome.errors.contains(QLatin1String("/a\\x1b[2J\\x07\\u202e")),
+             qPrintable(outcome.errors));
+    for (const QChar c : outcome.errors) {
+        QVERIFY(c == QLatin1Char('\n') || (c.unicode() >= 0x20 && c.unicode() != 0x202e));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_FileCommands)

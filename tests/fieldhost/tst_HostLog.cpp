@@ -24,6 +24,7 @@ private Q_SLOTS:
     void anEntryIsLevelCategoryAndMessage_data();
     void anEntryIsLevelCategoryAndMessage();
     void furtherLinesAreIndented();
+    void controlCharactersAreSpelledOut();
     void whatMattersLessThanTheThresholdIsLeftOut();
     void theFormerSinkComesBack();
     void standardErrorGetsWholeLinesFromAllThreads();
@@ -57,6 +58,13 @@ void tst_HostLog::furtherLinesAreIndented()
 {
     QCOMPARE(HostLog::format(LogLevel::Info, QStringLiteral("A"), QStringLiteral("b\nc")),
              QStringLiteral("[info] A: b\n    c"));
+}
+
+void tst_HostLog::controlCharactersAreSpelledOut()
+{
+    QCOMPARE(
+        HostLog::format(LogLevel::Info, QStringLiteral("A"), QStringLiteral("b\x1b[2J\u0000c")),
+        QStringLiteral("[info] A: b\\x1b[2J\\x00c"));
 }
 
 void tst_HostLog::whatMattersLessThanTheThresholdIsLeftOut()

@@ -1,4 +1,5 @@
 #include "shared/fileops/CFileCopyWorker.h"
+#include "tests/support/CopyOutcome.h"
 #include "tests/support/FakeCommands.h"
 #include "tests/support/FaultInjection.h"
 #include "tests/support/FileTree.h"
@@ -9,8 +10,12 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <dlfcn.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 
+#include <atomic>
 #include <cerrno>
 
 using Tavro::Shared::CFileCopyController;
@@ -20,6 +25,24 @@ using Test::FaultInjection::Call;
 namespace Faults = Test::FaultInjection;
 
 Q_DECLARE_METATYPE(Test::FaultInjection::Call)
+
+namespace {
+
+std::atomic<bool> s_isFat{false}; // what every file system says it is
+
+} // namespace
+
+// for all of the program's libraries
+extern "C" int fstatfs(int fd, struct statfs *info)
+{
+    using Function = int (*)(int, struct statfs *);
+    static const auto original = reinterpret_cast<Function>(::dlsym(RTLD_NEXT, "fstatfs64"));
+    const int result = original(fd, info);
+    if (result == 0 && s_isFat) {
+        info->f_type = MSDOS_SUPER_MAGIC;
+    }
+    return result;
+}
 
 /** What happens to a copy when the system fails it, call by call. */
 class tst_CopyFaults : public QObject
@@ -33,6 +56,8 @@ private Q_SLOTS:
     void everySmallFileIsFlushedBeforeItIsClosed();
     void eachFailingCallLosesNothing_data();
     void eachFailingCallLosesNothing();
+    void resultTellsTheTruth_data();
+    void resultTellsTheTruth();
     void reportedErrorNamesTheSide_data();
     void reportedErrorNamesTheSide();
     void failedFileIsRemovedAndEarlierOnesStay();
@@ -62,6 +87,7 @@ void tst_CopyFaults::init()
 void tst_CopyFaults::cleanup()
 {
     Faults::stop();
+    s_isFat = false;
     m_commands.reset();
     m_folder.reset();
 }
@@ -206,6 +232,97 @@ void tst_CopyFaults::eachFailingCallLosesNothing()
         }
     }
     QVERIFY(strikes >= 5); // as many chunks as there are
+}
+
+void tst_CopyFaults::resultTellsTheTruth_data()
+{
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<bool>("isFat");
+    QTest::addColumn<bool>("isSingleFile");
+    const struct
+    {
+        const char *name;
+        Call call;
+    } calls[] = {
+        {"open", Call::Open},
+        {"read", Call::Read},
+        {"write", Call::Write},
+        {"fsync", Call::Fsync},
+        {"close", Call::Close},
+        {"open a directory", Call::OpenDirectory},
+        {"read a directory", Call::ReadDirectory},
+        {"examine", Call::Examine},
+        {"remove", Call::Remove},
+        {"syncfs", Call::FlushVolume},
+    };
+    for (const auto &row : calls) {
+        QTest::addRow("%s, tree", row.name) << row.call << false << false;
+        QTest::addRow("%s, tree, FAT", row.name) << row.call << true << false;
+        QTest::addRow("%s, file", row.name) << row.call << false << true;
+        QTest::addRow("%s, file, FAT", row.name) << row.call << true << true;
+    }
+}
+
+// Whole only when it is; and for whatever error, the error.
+void tst_CopyFaults::resultTellsTheTruth()
+{
+    QFETCH(Call, call);
+    QFETCH(bool, isFat);
+    QFETCH(bool, isSingleFile);
+    const QTemporaryDir memory(QStringLiteral("/dev/shm/tst_CopyFaults-XXXXXX")); // thousands
+    QVERIFY(memory.isValid());
+    const QString source = memory.filePath(QStringLiteral("src"));
+    const QString copy = memory.filePath(QStringLiteral("dst"));
+    Test::makeFile(source + QStringLiteral("/a"), Test::someBytes(100, 1));
+    Test::makeFile(source + QStringLiteral("/b"), Test::someBytes(4 * 1024 * 1024 + 1, 2));
+    Test::makeFile(source + QStringLiteral("/sub/c"), Test::someBytes(5000, 3));
+    Test::makeFile(source + QStringLiteral("/sub/empty"));
+    QVERIFY(QFile::link(source + QStringLiteral("/sub/c"), source + QStringLiteral("/sub/link")));
+    QVERIFY(QDir(source).mkdir(QStringLiteral("void")));
+    const QMap<QString, QByteArray> tree = Test::treeOf(source);
+
+    s_isFat = isFat;
+    for (const int error : {EIO, EACCES, EMFILE, ENOMEM, EOVERFLOW, ENOSPC, EINTR}) {
+        for (int n = 1;; ++n) {
+            const QByteArray where =
+                "call number " + QByteArray::number(n) + ", error " + QByteArray::number(error);
+            Faults::watch(memory.path());
+            Faults::failNth(call, n, error);
+            const Tavro::Shared::CFileOperationResult result =
+                Test::resultOfCopy([&](CFileCopyController &controller) {
+                    if (isSingleFile) {
+                        controller.copyDatabaseFile(source + QStringLiteral("/b"), copy);
+                    } else {
+                        controller.copyDirectory(source, copy);
+                    }
+                });
+            Faults::stop();
+            const bool isEqual = isSingleFile
+                ? Test::contentOf(copy) == tree.value(QStringLiteral("b"))
+                : Test::treeOf(copy) == tree;
+            QVERIFY2(isEqual || !result.isWhole(), where);
+            QVERIFY2(!result.canceled, where);
+            if (!result.isWhole()) {
+                QVERIFY2(Faults::hasStruck(), where);
+                QVERIFY2(result.systemError == error,
+                         where + ": " + QByteArray::number(result.systemError));
+                const QString path = result.unreadableDirectories.value(0, result.path);
+                QVERIFY2(path == source || path == copy
+                             || path.startsWith(source + QLatin1Char('/'))
+                             || path.startsWith(copy + QLatin1Char('/')),
+                         where + ": " + path.toUtf8());
+            } else {
+                QVERIFY2(result.systemError == 0 && result.path.isEmpty(), where);
+                QCOMPARE(result.files, isSingleFile ? Q_INT64_C(1) : Q_INT64_C(5));
+            }
+            QVERIFY(isSingleFile ? !QFileInfo::exists(copy) || QFile::remove(copy)
+                                 : QDir(copy).removeRecursively());
+            if (!Faults::hasStruck()) {
+                QVERIFY2(result.isWhole(), where);
+                break; // the copy has fewer calls of that kind
+            }
+        }
+    }
 }
 
 void tst_CopyFaults::reportedErrorNamesTheSide_data()

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QScopeGuard>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <fcntl.h>
@@ -24,6 +25,7 @@
 
 using Tavro::Shared::CFileDeleteController;
 using Tavro::Shared::CFileDeleteWorker;
+using Tavro::Shared::CFileOperationResult;
 using Test::FaultInjection::Call;
 
 namespace Faults = Test::FaultInjection;
@@ -59,6 +61,28 @@ Outcome deleteTrees(const QStringList &paths)
     return outcome;
 }
 
+/** How a run ends, for the controller's owner. */
+CFileOperationResult resultOfDeleting(const QStringList &paths)
+{
+    CFileDeleteController controller;
+    CFileOperationResult atTheEnd;
+    bool isOver = false;
+    QObject::connect(&controller, &CFileDeleteController::stateChanged, &controller, [&] {
+        if (controller.state() == CFileDeleteController::StateIdle) {
+            atTheEnd = controller.lastResult();
+            isOver = true;
+        }
+    });
+    controller.deleteDirectories(paths);
+    if (!QTest::qWaitFor([&] { return isOver; }, 60000)) {
+        qFatal("the run does not end");
+    }
+    return atTheEnd;
+}
+
+constexpr quint32 s_fileFailed = 0x000B0202;
+constexpr quint32 s_directoryFailed = 0x000B0203;
+
 bool setImmutable(const QByteArray &path, bool immutable)
 {
     const int file = ::open(path.constData(), O_RDONLY | O_CLOEXEC);
@@ -79,6 +103,8 @@ bool makeNativeFile(const QByteArray &path, const char *content)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(Test::FaultInjection::Call)
 
 /** What happens to a deletion when the system, or somebody else, gets in its way. */
 class tst_DeleteFaults : public QObject
@@ -105,6 +131,23 @@ private Q_SLOTS:
     void fewDescriptorsAreNeeded();
     void aMillionFilesAreRemovedOneByOne();
     void requestThatGetsNoThreadEndsIdle();
+    void resultOfWhatIsGone_data();
+    void resultOfWhatIsGone();
+    void resultOfWhatIsNoDirectory_data();
+    void resultOfWhatIsNoDirectory();
+    void resultNamesTheFirstFailure();
+    void resultNamesWhatCannotBeListed();
+    void resultOfAnotherMount();
+    void resultOfADirectoryThatCannotBeReached();
+    void currentDirectoryThatCannotBeNamedIsNoOther();
+    void resultOfResources();
+    void searchPathsAreResolved();
+    void resultOfAnAbortBeforeTheDeletion();
+    void resultOfAPauseInMidDeletion();
+    void eachFailingCallIsTold_data();
+    void eachFailingCallIsTold();
+    void removalIsFlushedBeforeItsEndShows();
+    void rootOfAllIsKeptWhenNobodyCanTell();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
@@ -410,10 +453,361 @@ void tst_DeleteFaults::requestThatGetsNoThreadEndsIdle()
     QTest::qWait(20); // what was posted is delivered, whatever it says
     QCOMPARE(controller.state(), CFileDeleteController::StateIdle);
     QVERIFY(exists("tree/a"));
+    QCOMPARE(controller.lastResult().errorCode, quint32(0x000B0201));
+    QCOMPARE(controller.lastResult().systemError, EAGAIN);
+    QVERIFY(!controller.lastResult().isWhole());
 
     controller.deleteDirectory(path("tree")); // the next one is carried out, and once only
     QTRY_VERIFY_WITH_TIMEOUT(!exists("tree"), 30000);
     QTRY_COMPARE_WITH_TIMEOUT(controller.state(), CFileDeleteController::StateIdle, 30000);
+    QVERIFY(controller.lastResult().isWhole());
+}
+
+void tst_DeleteFaults::resultOfWhatIsGone_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<qint64>("files");
+    QTest::newRow("tree") << QStringLiteral("tree") << Q_INT64_C(2);
+    QTest::newRow("link to a tree") << QStringLiteral("link") << Q_INT64_C(0);
+    QTest::newRow("missing") << QStringLiteral("missing") << Q_INT64_C(0);
+    QTest::newRow("below a file") << QStringLiteral("tree/a/missing") << Q_INT64_C(0);
+    QTest::newRow("missing, with two points") << QStringLiteral("missing/../x/..") << Q_INT64_C(0);
+}
+
+void tst_DeleteFaults::resultOfWhatIsGone()
+{
+    QFETCH(QString, name);
+    QFETCH(qint64, files);
+    Test::makeFile(path("tree/a"), "123");
+    Test::makeFile(path("tree/sub/b"), "45");
+    Test::makeFile(path("tree/sub/.c"), "6");
+    QVERIFY(QFile::link(path("tree"), path("link")));
+    const CFileOperationResult result = resultOfDeleting({m_folder->filePath(name)});
+    QVERIFY(result.isWhole());
+    QCOMPARE(result.errorCode & 0xFFU, 0U);
+    QCOMPARE(result.systemError, 0);
+    QCOMPARE(result.path, QString());
+    QCOMPARE(result.files, files);
+    QCOMPARE(result.bytes, files == 2 ? Q_INT64_C(5) : Q_INT64_C(0));
+}
+
+void tst_DeleteFaults::resultOfWhatIsNoDirectory_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("file") << QStringLiteral("file");
+    QTest::newRow("link to a file") << QStringLiteral("link");
+    QTest::newRow("link to nothing") << QStringLiteral("broken");
+}
+
+void tst_DeleteFaults::resultOfWhatIsNoDirectory()
+{
+    QFETCH(QString, name);
+    Test::makeFile(path("file"), "123");
+    QVERIFY(QFile::link(path("file"), path("link")));
+    QVERIFY(QFile::link(path("nowhere"), path("broken")));
+    QCOMPARE(deleteTrees({m_folder->filePath(name)}).errors, QList<int>());
+    const CFileOperationResult result = resultOfDeleting({m_folder->filePath(name)});
+    QVERIFY(!result.isWhole()); // it is still there
+    QCOMPARE(result.errorCode, s_directoryFailed);
+    QCOMPARE(result.systemError, ENOTDIR);
+    QCOMPARE(result.path, m_folder->filePath(name));
+    QVERIFY(exists("file"));
+}
+
+void tst_DeleteFaults::resultNamesTheFirstFailure()
+{
+    SKIP_WITHOUT_ROOT
+    for (const char *name : {"tree/a", "tree/b", "tree/c", "hidden/.d", "hidden/e"}) {
+        Test::makeFile(path(name), "12");
+    }
+    for (const char *name : {"tree/b", "hidden/.d"}) {
+        QVERIFY(setImmutable(path(name).toUtf8(), true));
+    }
+    const auto restore = qScopeGuard([&] {
+        setImmutable(path("tree/b").toUtf8(), false);
+        setImmutable(path("hidden/.d").toUtf8(), false);
+    });
+    CFileOperationResult result = resultOfDeleting({path("hidden"), path("tree")});
+    QCOMPARE(result.errorCode, s_directoryFailed);
+    QCOMPARE(result.systemError, EPERM);
+    QCOMPARE(result.path, path("hidden/.d"));
+    QCOMPARE(result.files, Q_INT64_C(2)); // "e" and "a"
+    QCOMPARE(result.bytes, Q_INT64_C(4));
+    QVERIFY(result.unreadableDirectories.isEmpty());
+
+    result = resultOfDeleting({path("tree")});
+    QCOMPARE(result.errorCode, s_fileFailed);
+    QCOMPARE(result.systemError, EPERM);
+    QCOMPARE(result.path, path("tree/b"));
+    QCOMPARE(result.files, Q_INT64_C(0));
+}
+
+void tst_DeleteFaults::resultNamesWhatCannotBeListed()
+{
+    Test::makeFile(path("tree/sub/a"), "12");
+    Test::makeFile(path("tree/z/.hidden/b"), "12");
+    const QByteArray sub = path("tree/sub/").toUtf8();
+    const QByteArray hidden = path("tree/z/.hidden/").toUtf8();
+    QVERIFY(makeNativeFile(sub + "caf\xe9", "12"));
+    QVERIFY(makeNativeFile(hidden + "caf\xe9", "12"));
+    const CFileOperationResult result = resultOfDeleting({path("tree")});
+    QVERIFY(!result.isWhole());
+    QCOMPARE(result.errorCode, s_directoryFailed);
+    QCOMPARE(result.systemError, EILSEQ);
+    QVERIFY(result.unreadableDirectories.contains(result.path));
+    QStringList unreadable = result.unreadableDirectories;
+    unreadable.sort();
+    QCOMPARE(unreadable, QStringList({path("tree/sub"), path("tree/z/.hidden")}));
+}
+
+void tst_DeleteFaults::resultOfAnotherMount()
+{
+    SKIP_WITHOUT_ROOT
+    Test::makeFile(path("tree/a"), "12");
+    QVERIFY(QDir().mkpath(path("tree/mounted")));
+    const QByteArray mounted = path("tree/mounted").toUtf8();
+    QCOMPARE(::mount("none", mounted.constData(), "tmpfs", 0, "size=64k"), 0);
+    const auto unmount = qScopeGuard([&] { ::umount2(mounted.constData(), MNT_DETACH); });
+    Test::makeFile(path("tree/mounted/b"), "12");
+    const CFileOperationResult result = resultOfDeleting({path("tree")});
+    QCOMPARE(result.errorCode, s_directoryFailed);
+    QCOMPARE(result.systemError, EBUSY);
+    QCOMPARE(result.path, path("tree/mounted"));
+    QCOMPARE(result.files, Q_INT64_C(2));
+}
+
+// As an ordinary user, in a process of its own.
+void tst_DeleteFaults::resultOfADirectoryThatCannotBeReached()
+{
+    SKIP_WITHOUT_ROOT
+    Test::makeFile(path("locked/tree/a"), "12");
+    Test::makeFile(path("open/locked/a"), "12");
+    for (const char *name : {"locked", "open/locked"}) {
+        QCOMPARE(::chmod(path(name).toUtf8().constData(), 0), 0);
+    }
+    QCOMPARE(::chmod(path("open").toUtf8().constData(), 0777), 0);
+    QCOMPARE(::chmod(m_folder->path().toUtf8().constData(), 0755), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (::setuid(65534) != 0) {
+            ::_exit(9);
+        }
+        const CFileOperationResult below = resultOfDeleting({path("locked/tree")});
+        const CFileOperationResult detour = resultOfDeleting({path("locked/../locked/tree")});
+        const CFileOperationResult inside = resultOfDeleting({path("open")});
+        for (const CFileOperationResult &result : {below, detour, inside}) {
+            if (result.errorCode != s_directoryFailed || result.systemError != EACCES) {
+                ::_exit(1);
+            }
+        }
+        const bool isTold = below.path == path("locked/tree") && inside.path == path("open/locked")
+            && inside.unreadableDirectories == QStringList(path("open/locked"))
+            && deleteTrees({path("locked/tree")}).errors
+                == QList<int>{CFileDeleteController::ErrorDirectoryDeletionFailed};
+        ::_exit(isTold ? 0 : 2);
+    }
+    int status = -1;
+    QCOMPARE(::waitpid(child, &status, 0), child);
+    QCOMPARE(status, 0);
+    QVERIFY(exists("locked/tree/a"));
+}
+
+void tst_DeleteFaults::currentDirectoryThatCannotBeNamedIsNoOther()
+{
+    const QByteArray current = path("caf").toUtf8() + "\xe9";
+    QCOMPARE(::mkdir(current.constData(), 0700), 0);
+    QCOMPARE(::mkdir((current + "/tree").constData(), 0700), 0);
+    // what its name turns into where it is decoded carelessly
+    Test::makeFile(path("caf\uFFFD/tree/stays"), "12");
+    const QByteArray before = QDir::currentPath().toUtf8();
+    QCOMPARE(::chdir(current.constData()), 0);
+    const CFileOperationResult result = resultOfDeleting({QStringLiteral("tree")});
+    QCOMPARE(::chdir(before.constData()), 0);
+    QVERIFY(exists("caf\uFFFD/tree/stays"));
+    QCOMPARE(result.errorCode, s_directoryFailed);
+    QCOMPARE(result.systemError, EILSEQ);
+}
+
+void tst_DeleteFaults::resultOfResources()
+{
+    CFileOperationResult result = resultOfDeleting({QStringLiteral(":/samples/tree")});
+    QCOMPARE(result.errorCode, s_fileFailed);
+    QCOMPARE(result.systemError, EROFS);
+    QVERIFY(result.path.startsWith(QStringLiteral(":/samples/tree/")));
+    result = resultOfDeleting({QStringLiteral(":/samples/missing")});
+    QVERIFY(result.isWhole());
+}
+
+void tst_DeleteFaults::searchPathsAreResolved()
+{
+    Test::makeFile(path("second/tree/a"), "12");
+    Test::makeFile(path("here/trees:other/a"), "12"); // not what the prefix means
+    QDir::setSearchPaths(QStringLiteral("trees"), {path("first"), path("second")});
+    const CFileOperationResult result = resultOfDeleting({QStringLiteral("trees:tree")});
+    QDir::setSearchPaths(QStringLiteral("trees"), {});
+    QVERIFY(result.isWhole());
+    QCOMPARE(result.files, Q_INT64_C(1));
+    QVERIFY(!exists("second/tree"));
+    QVERIFY(exists("second"));
+}
+
+void tst_DeleteFaults::resultOfAnAbortBeforeTheDeletion()
+{
+    CFileDeleteController controller;
+    CFileOperationResult result;
+    // it comes too late where the run is faster than this thread
+    for (int i = 0; i < 100 && !result.canceled; ++i) {
+        Test::makeFile(path("tree/a"), "12");
+        QSignalSpy states(&controller, &CFileDeleteController::stateChanged);
+        controller.deleteDirectory(path("tree"));
+        controller.abort();
+        const auto isOver = [&] {
+            return states.count() >= 2 && controller.state() == CFileDeleteController::StateIdle;
+        };
+        QVERIFY(QTest::qWaitFor(isOver, 30000));
+        result = controller.lastResult();
+    }
+    QVERIFY(result.canceled);
+    QVERIFY(!result.isWhole());
+    QCOMPARE(result.errorCode, 0U);
+    QCOMPARE(result.bytes, 2 * result.files);
+}
+
+void tst_DeleteFaults::resultOfAPauseInMidDeletion()
+{
+    constexpr int count = 500;
+    for (int i = 0; i < count; ++i) {
+        Test::makeFile(path("tree/") + QString::number(i), "12");
+    }
+    CFileDeleteWorker worker;
+    qint64 counted = 0;
+    QObject::connect(&worker, &CFileDeleteWorker::processedBytesChanged, &worker,
+                     [&](qlonglong bytes) {
+                         if (bytes == 20) {
+                             worker.pause();
+                         }
+                         counted = qMax(counted, bytes);
+                     });
+    QList<int> errors;
+    QObject::connect(&worker, &CFileDeleteWorker::errorOccurred, &worker,
+                     [&](int error) { errors.append(error); });
+    worker.deleteDirectory(path("tree"));
+    worker.doWork();
+    QCOMPARE(counted, Q_INT64_C(20)); // the rest goes uncounted
+    QCOMPARE(errors, QList<int>());
+    QVERIFY(!exists("tree"));
+}
+
+void tst_DeleteFaults::eachFailingCallIsTold_data()
+{
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<bool>("hidesTypes");
+    QTest::newRow("opening a directory") << Call::OpenDirectory << false;
+    QTest::newRow("reading a directory") << Call::ReadDirectory << false;
+    QTest::newRow("examining an entry") << Call::Examine << false;
+    QTest::newRow("removing an entry") << Call::Remove << false;
+    QTest::newRow("flushing a directory") << Call::Fsync << false;
+    QTest::newRow("flushing a volume") << Call::FlushVolume << false;
+    QTest::newRow("reading a directory without types") << Call::ReadDirectory << true;
+    QTest::newRow("examining an entry without types") << Call::Examine << true;
+    QTest::newRow("removing an entry without types") << Call::Remove << true;
+}
+
+// Whole when it is gone, and only then; and else with the reason and the place.
+void tst_DeleteFaults::eachFailingCallIsTold()
+{
+    QFETCH(Call, call);
+    QFETCH(bool, hidesTypes);
+    // in memory, where there is nothing to wait for
+    const QByteArray folder = m_folder->path().toUtf8();
+    const bool isMounted =
+        m_isRoot && ::mount("none", folder.constData(), "tmpfs", 0, nullptr) == 0;
+    const auto unmount = qScopeGuard([&] {
+        if (isMounted) {
+            ::umount2(folder.constData(), MNT_DETACH);
+        }
+    });
+    const bool isFlush = call == Call::Fsync || call == Call::FlushVolume;
+    for (const int error : {EIO, EACCES, EMFILE, ENOMEM, EOVERFLOW}) {
+        for (const bool lasts : {false, true}) {
+            int n = 0;
+            for (bool hasStruck = true; hasStruck;) {
+                for (const char *name : {"tree/a", "tree/sub/deep/b", "tree/sub/.c", "tree/.d/e"}) {
+                    Test::makeFile(path(name), "12");
+                }
+                if (!QFileInfo(path("tree/link")).isSymLink()) {
+                    QVERIFY(QFile::link(path("tree/sub"), path("tree/link")));
+                }
+                Faults::watch(m_folder->path());
+                if (hidesTypes) {
+                    Faults::hideEntryTypes();
+                }
+                (lasts ? Faults::failFrom : Faults::failNth)(call, ++n, error);
+                const CFileOperationResult result = resultOfDeleting({path("tree")});
+                hasStruck = Faults::hasStruck();
+                Faults::stop();
+                const QByteArray where = "call " + QByteArray::number(n) + ", errno "
+                    + QByteArray::number(error) + (lasts ? ", lasting: " : ": ")
+                    + result.path.toUtf8();
+                QVERIFY2(result.isWhole() == (!exists("tree") && !(isFlush && hasStruck)), where);
+                if (result.isWhole()) {
+                    QCOMPARE(result.errorCode, 0U);
+                    QCOMPARE(result.path, QString());
+                    continue;
+                }
+                QVERIFY2(hasStruck, where);
+                QVERIFY2(result.errorCode == s_fileFailed || result.errorCode == s_directoryFailed,
+                         where);
+                QVERIFY2(result.systemError == error, where);
+                QVERIFY2(result.path.startsWith(isFlush ? m_folder->path() : path("tree")), where);
+                QVERIFY2(isFlush || QFileInfo::exists(result.path)
+                             || QFileInfo(result.path).isSymLink(),
+                         where);
+            }
+            QVERIFY(n > 1);
+        }
+    }
+}
+
+void tst_DeleteFaults::removalIsFlushedBeforeItsEndShows()
+{
+    Test::makeFile(path("tree/a"), "12");
+    Test::makeFile(path("other/b"), "12");
+    const QString journal = path("journal");
+    Faults::watch(m_folder->path());
+    Faults::recordTo(journal);
+    resultOfDeleting({path("missing")});
+    QCOMPARE(Faults::count(Call::FlushVolume), 0);
+    QCOMPARE(Faults::count(Call::Fsync), 0);
+    resultOfDeleting({path("tree"), path("missing"), path("other")});
+    QCOMPARE(Faults::count(Call::FlushVolume), 1); // one volume
+    QCOMPARE(Faults::count(Call::Fsync), 1); // one directory above
+    Faults::stop();
+    QCOMPARE(Test::contentOf(journal), QByteArray("fsync .\n"));
+}
+
+// In a process whose root is the test's folder, and may not be looked at.
+void tst_DeleteFaults::rootOfAllIsKeptWhenNobodyCanTell()
+{
+    SKIP_WITHOUT_ROOT
+    Test::makeFile(path("file"), "12");
+    const QByteArray jail = m_folder->path().toUtf8();
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (::chroot(jail.constData()) != 0 || ::chdir("/") != 0) {
+            ::_exit(2);
+        }
+        Faults::watch(QString()); // all there is
+        Faults::failFrom(Call::Examine, 2, EIO); // the first one is the path's own
+        const Outcome outcome = deleteTrees({QStringLiteral("/")});
+        const bool hasStruck = Faults::hasStruck();
+        Faults::stop();
+        ::_exit(hasStruck && !outcome.errors.isEmpty() ? 0 : 1);
+    }
+    int status = -1;
+    QCOMPARE(::waitpid(child, &status, 0), child);
+    QCOMPARE(status, 0);
+    QVERIFY(exists("file"));
 }
 
 QTEST_GUILESS_MAIN(tst_DeleteFaults)

@@ -1,4 +1,5 @@
 #include "shared/fileops/detail/TreeWalk.h"
+#include "tests/support/FaultInjection.h"
 #include "tests/support/FileTree.h"
 
 #include <QDir>
@@ -12,12 +13,24 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
 #include <cstring>
+#include <ctime>
+#include <thread>
+#include <vector>
 
 using Tavro::Shared::CFileEntry;
 using Tavro::Shared::detail::Links;
 using Tavro::Shared::detail::listTree;
 using Tavro::Shared::detail::TreeListing;
+using Test::FaultInjection::Call;
+
+namespace Faults = Test::FaultInjection;
+
+// a 32-bit machine cannot look at a file of 2039 otherwise
+static_assert(sizeof(std::time_t) == sizeof(qint64), "times must go beyond 2038");
 
 namespace {
 
@@ -266,6 +279,8 @@ private:
 
 } // namespace
 
+Q_DECLARE_METATYPE(Test::FaultInjection::Call)
+
 class tst_TreeWalk : public QObject
 {
     Q_OBJECT
@@ -283,6 +298,17 @@ private Q_SLOTS:
     void linkToTheFolderAboveEndsWhereQDirEnds();
     void pathsBeyondTheSystemsLimitAreListedAsQDirDoes();
     void finalSlashIsNotDoubled();
+    void tiesStandAsQDirLeavesThem_data();
+    void tiesStandAsQDirLeavesThem();
+    void unreadableDirectoriesAreNamedOnceInOrder();
+    void rootThatIsMissingIsNamed();
+    void whatIsNotThereHidesNothing();
+    void linkIntoALockedDirectoryHidesSomething();
+    void namesThatAreNotUtf8HideSomething();
+    void eachFailingCallIsTold_data();
+    void eachFailingCallIsTold();
+    void abandonedWalkEnds();
+    void resourcesAreListedAsQDirDoes();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
@@ -300,6 +326,7 @@ void tst_TreeWalk::init()
 
 void tst_TreeWalk::cleanup()
 {
+    Faults::stop();
     m_folder.reset();
 }
 
@@ -425,7 +452,11 @@ void tst_TreeWalk::pathsBeyondTheSystemsLimitAreListedAsQDirDoes()
         QCOMPARE(::chdir(name.constData()), 0);
     }
     QCOMPARE(::chdir(before.constData()), 0);
-    QCOMPARE(differenceBetween(listTree(path("t")), listByQDir(path("t"))), QByteArray());
+    const TreeListing listing = listTree(path("t"));
+    QCOMPARE(differenceBetween(listing, listByQDir(path("t"))), QByteArray());
+    QCOMPARE(listing.unreadableDirectories.size(), 1);
+    QVERIFY(listing.unreadableDirectories.at(0).toUtf8().size() >= PATH_MAX);
+    QCOMPARE(listing.systemError, ENAMETOOLONG);
 }
 
 void tst_TreeWalk::finalSlashIsNotDoubled()
@@ -436,6 +467,211 @@ void tst_TreeWalk::finalSlashIsNotDoubled()
     for (const CFileEntry &file : listing.files) {
         QVERIFY(!file.path().contains(QStringLiteral("//")));
     }
+}
+
+void tst_TreeWalk::tiesStandAsQDirLeavesThem_data()
+{
+    QTest::addColumn<int>("entries");
+    QTest::addColumn<int>("letters");
+    for (const int entries : {2, 5, 16, 17, 33, 100, 1000, 5000}) {
+        for (const int letters : {4, 7, 12}) {
+            QTest::addRow("%d entries, %d letters", entries, letters) << entries << letters;
+        }
+    }
+}
+
+// Few letters make nearly all names tie with others, many letters only a few of them.
+void tst_TreeWalk::tiesStandAsQDirLeavesThem()
+{
+    QFETCH(int, entries);
+    QFETCH(int, letters);
+    for (int round = 0; round < (entries < 1000 ? 20 : 1); ++round) {
+        const QString folder = path("t") + QString::number(round);
+        QVERIFY(QDir().mkpath(folder));
+        QRandomGenerator random(static_cast<quint32>(1000 * entries + 100 * letters + round));
+        for (int i = 0; i < entries; ++i) {
+            QByteArray name = folder.toUtf8() + '/';
+            for (int k = 0; k < letters; ++k) {
+                name += "aAbB"[random.bounded(k < 2 ? 2 : 4)];
+            }
+            if (random.bounded(8) == 0) {
+                name += "\xC3\xA4";
+            }
+            if (random.bounded(4) == 0) {
+                ::mkdir(name.constData(), 0755);
+            } else {
+                const int fd = ::open(name.constData(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644);
+                ::close(fd);
+            }
+        }
+        const QByteArray difference = differenceBetween(listTree(folder), listByQDir(folder));
+        QVERIFY2(difference.isEmpty(), difference.constData());
+    }
+}
+
+void tst_TreeWalk::unreadableDirectoriesAreNamedOnceInOrder()
+{
+    for (const char *name :
+         {"t/b/locked/f", "t/a/locked/f", "t/locked/f", "t/.locked/f", "t/z/f"}) {
+        Test::makeFile(path(name), "1");
+    }
+    for (const char *name : {"t/b/locked", "t/a/locked", "t/locked", "t/.locked"}) {
+        QCOMPARE(::chmod(path(name).toUtf8().constData(), 0), 0);
+    }
+    TreeListing listing;
+    {
+        const OrdinaryUser user;
+        listing = listTree(path("t"));
+    }
+    QCOMPARE(listing.unreadableDirectories,
+             QStringList({path("t/locked"), path("t/a/locked"), path("t/b/locked")}));
+    QCOMPARE(listing.systemError, EACCES);
+    QCOMPARE(listing.files.size(), 1);
+    QVERIFY(listing.directories.contains(QStringLiteral("a/locked")));
+}
+
+void tst_TreeWalk::rootThatIsMissingIsNamed()
+{
+    Test::makeFile(path("f"), "1");
+    QCOMPARE(listTree(path("missing/")).unreadableDirectories, QStringList(path("missing")));
+    QCOMPARE(listTree(path("missing")).systemError, ENOENT);
+    QCOMPARE(listTree(path("f")).unreadableDirectories, QStringList(path("f")));
+    QCOMPARE(listTree(path("f")).systemError, ENOTDIR);
+}
+
+void tst_TreeWalk::whatIsNotThereHidesNothing()
+{
+    Test::makeFile(path("t/f"), "1");
+    const QByteArray folder = path("t/").toUtf8();
+    const auto link = [&folder](const char *name, const QByteArray &target) {
+        return ::symlink(target.constData(), (folder + name).constData()) == 0;
+    };
+    QVERIFY(link("broken", "nowhere"));
+    QVERIFY(link("below a file", "f/nowhere"));
+    QVERIFY(link("itself", "itself"));
+    QVERIFY(link("too long a name", QByteArray(300, 'n')));
+    QVERIFY(link("above", "."));
+    QCOMPARE(::mkfifo((folder + "fifo").constData(), 0644), 0);
+    QCOMPARE(listTree(path("t")).unreadableDirectories, QStringList());
+    QCOMPARE(listTree(path("t")).systemError, 0);
+}
+
+void tst_TreeWalk::linkIntoALockedDirectoryHidesSomething()
+{
+    Test::makeFile(path("locked/f"), "1");
+    Test::makeFile(path("t/sub/g"), "1");
+    QVERIFY(QFile::link(path("locked/f"), path("t/sub/link")));
+    QCOMPARE(::chmod(path("locked").toUtf8().constData(), 0), 0);
+    const OrdinaryUser user;
+    const TreeListing listing = listTree(path("t"));
+    QCOMPARE(listing.unreadableDirectories, QStringList(path("t/sub")));
+    QCOMPARE(listing.systemError, EACCES);
+    QCOMPARE(listing.files.size(), 1);
+    QCOMPARE(listTree(path("t"), Links::LeaveOut).unreadableDirectories, QStringList());
+}
+
+void tst_TreeWalk::namesThatAreNotUtf8HideSomething()
+{
+    Test::makeFile(path("t/sub/g"), "1");
+    const QByteArray folder = path("t/sub/").toUtf8();
+    QCOMPARE(::symlink("nowhere", (folder + "\xff").constData()), 0);
+    QCOMPARE(::mkfifo((folder + "\xfe").constData(), 0644), 0);
+    QCOMPARE(::mkdir((folder + ".\xfd").constData(), 0755), 0);
+    QCOMPARE(listTree(path("t")).unreadableDirectories, QStringList()); // nothing to be listed
+    QCOMPARE(::mkdir((folder + "\xfc").constData(), 0755), 0);
+    QCOMPARE(listTree(path("t")).unreadableDirectories, QStringList(path("t/sub")));
+    QCOMPARE(listTree(path("t")).systemError, EILSEQ);
+}
+
+void tst_TreeWalk::eachFailingCallIsTold_data()
+{
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<bool>("hidesTypes");
+    QTest::newRow("opening a directory") << Call::OpenDirectory << false;
+    QTest::newRow("reading a directory") << Call::ReadDirectory << false;
+    QTest::newRow("examining an entry") << Call::Examine << false;
+    QTest::newRow("opening a directory without types") << Call::OpenDirectory << true;
+    QTest::newRow("reading a directory without types") << Call::ReadDirectory << true;
+    QTest::newRow("examining an entry without types") << Call::Examine << true;
+}
+
+void tst_TreeWalk::eachFailingCallIsTold()
+{
+    QFETCH(Call, call);
+    QFETCH(bool, hidesTypes);
+    for (const char *name : {"t/a/f", "t/a/F", "t/a/deep/f", "t/A/g", "t/b", "t/B", "t/.h",
+                             "t/empty/.h", "beside/k"}) {
+        Test::makeFile(path(name), "12");
+    }
+    QVERIFY(QFile::link(path("beside"), path("t/a/link")));
+    QVERIFY(QFile::link(path("beside/k"), path("t/link")));
+    const auto namesOf = [](const TreeListing &listing) {
+        QStringList names = listing.directories;
+        for (const CFileEntry &file : listing.files) {
+            names.append(file.path());
+        }
+        return names;
+    };
+    for (const Links links : {Links::Follow, Links::LeaveOut}) {
+        const QStringList all = namesOf(listTree(path("t"), links));
+        for (const int error : {EIO, EACCES, EMFILE, ENOMEM, EOVERFLOW}) {
+            for (const bool lasts : {false, true}) {
+                int n = 0;
+                for (bool hasStruck = true; hasStruck;) {
+                    Faults::watch(m_folder->path());
+                    if (hidesTypes) {
+                        Faults::hideEntryTypes();
+                    }
+                    (lasts ? Faults::failFrom : Faults::failNth)(call, ++n, error);
+                    const TreeListing listing = listTree(path("t"), links);
+                    hasStruck = Faults::hasStruck();
+                    Faults::stop();
+                    const QByteArray where =
+                        QByteArray::number(n) + ": errno " + QByteArray::number(error);
+                    const bool isWhole = namesOf(listing) == all;
+                    QVERIFY2(isWhole || !listing.unreadableDirectories.isEmpty(), where);
+                    QVERIFY2(hasStruck || isWhole, where);
+                    QVERIFY2(listing.unreadableDirectories.isEmpty() || hasStruck, where);
+                    QCOMPARE(listing.systemError,
+                             listing.unreadableDirectories.isEmpty() ? 0 : error);
+                }
+                QVERIFY(n > 1 || (call == Call::Examine && links == Links::LeaveOut));
+            }
+        }
+    }
+}
+
+void tst_TreeWalk::abandonedWalkEnds()
+{
+    // each directory holds two more of itself, down to the fortieth link
+    Test::makeFile(path("t/f"), "1");
+    QVERIFY(QFile::link(QStringLiteral("."), path("t/a")));
+    QVERIFY(QFile::link(QStringLiteral("."), path("t/b")));
+    std::atomic<bool> abandoned{false};
+    Faults::watch(m_folder->path());
+    std::thread walk([&] { listTree(path("t"), Links::Follow, &abandoned); });
+    const bool isUnderWay =
+        QTest::qWaitFor([] { return Faults::count(Call::OpenDirectory) > 100; }, 30000);
+    abandoned = true;
+    walk.join();
+    QVERIFY(isUnderWay);
+
+    const int opened = Faults::count(Call::OpenDirectory);
+    QVERIFY(listTree(path("t"), Links::Follow, &abandoned).directories.isEmpty());
+    QVERIFY(Faults::count(Call::OpenDirectory) <= opened + 1);
+}
+
+void tst_TreeWalk::resourcesAreListedAsQDirDoes()
+{
+    const QString root = QStringLiteral(":/samples/tree");
+    const TreeListing listing = listTree(root);
+    QCOMPARE(differenceBetween(listing, listByQDir(root)), QByteArray());
+    QCOMPARE(listing.directories, QStringList(QStringLiteral("sub")));
+    QCOMPARE(listing.files.size(), 4); // nothing is hidden among resources
+    QCOMPARE(listing.bytes, Q_INT64_C(26));
+    QCOMPARE(listing.unreadableDirectories, QStringList());
+    QCOMPARE(listTree(QStringLiteral(":/missing")).unreadableDirectories,
+             QStringList(QStringLiteral(":/missing")));
 }
 
 QTEST_GUILESS_MAIN(tst_TreeWalk)

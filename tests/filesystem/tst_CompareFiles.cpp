@@ -69,6 +69,9 @@ private Q_SLOTS:
     void pipeIsNotWaitedFor();
     void okIsSetEitherWay();
     void memoryStaysSmall();
+    void namesThatOnlyQtKnows_data();
+    void namesThatOnlyQtKnows();
+    void linkIsFollowedBeforeTwoPoints();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
@@ -297,6 +300,47 @@ void tst_CompareFiles::memoryStaysSmall()
     QCOMPARE(compare(path("a"), path("same")), Answer::Equal);
     QCOMPARE(compare(path("a"), path("b")), Answer::Different);
     QVERIFY(residentMiB() - before < 60); // sanitizers take their share
+}
+
+void tst_CompareFiles::namesThatOnlyQtKnows_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<Answer>("answer");
+    QTest::newRow("resource") << QStringLiteral(":/samples/tree/alpha") << Answer::Equal;
+    QTest::newRow("search path") << QStringLiteral("files:alpha") << Answer::Equal;
+    QTest::newRow("search path to a resource")
+        << QStringLiteral("files:tree/alpha") << Answer::Equal;
+    QTest::newRow("other resource") << QStringLiteral(":/samples/tree/Zeta") << Answer::Different;
+    QTest::newRow("directory") << QStringLiteral(":/samples/tree") << Answer::Unreadable;
+    QTest::newRow("missing resource") << QStringLiteral(":/samples/nothing") << Answer::Unreadable;
+    QTest::newRow("not on the search path")
+        << QStringLiteral("files:nothing") << Answer::Unreadable;
+}
+
+void tst_CompareFiles::namesThatOnlyQtKnows()
+{
+    QFETCH(QString, name);
+    QFETCH(Answer, answer);
+    Test::makeFile(path("second/alpha"), "123\n");
+    QDir::setSearchPaths(QStringLiteral("files"),
+                         {path("first"), path("second"), QStringLiteral(":/samples")});
+    const Test::LogRecorder log;
+    const Answer forth = compare(name, path("second/alpha"));
+    const Answer back = compare(path("second/alpha"), name);
+    QDir::setSearchPaths(QStringLiteral("files"), {});
+    QCOMPARE(forth, answer);
+    QCOMPARE(back, answer);
+    QCOMPARE(log.entries().size(), answer == Answer::Unreadable ? 2 : 0);
+}
+
+void tst_CompareFiles::linkIsFollowedBeforeTwoPoints()
+{
+    Test::makeFile(path("a/deep/x"), "1");
+    Test::makeFile(path("a/file"), "meant");
+    Test::makeFile(path("file"), "other");
+    QVERIFY(QFile::link(path("a/deep"), path("link")));
+    QCOMPARE(compare(path("link/../file"), path("a/file")), Answer::Equal);
+    QCOMPARE(compare(path("link/../file"), path("file")), Answer::Different);
 }
 
 QTEST_GUILESS_MAIN(tst_CompareFiles)

@@ -1,4 +1,5 @@
 #include "shared/filesystem/CFileSystemHelper.h"
+#include "tests/support/FaultInjection.h"
 #include "tests/support/FileTree.h"
 
 #include <QDir>
@@ -10,7 +11,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 using Tavro::Shared::CFileSystemHelper;
+using Test::FaultInjection::Call;
+
+namespace Faults = Test::FaultInjection;
 
 namespace {
 
@@ -32,6 +38,8 @@ qint64 sizeByQDir(const QString &path)
 
 } // namespace
 
+Q_DECLARE_METATYPE(Test::FaultInjection::Call)
+
 class tst_DirectorySize : public QObject
 {
     Q_OBJECT
@@ -50,6 +58,11 @@ private Q_SLOTS:
     void tenThousandLevelsAreCounted();
     void fewDescriptorsAreNeeded();
     void deepBranchesSideBySideAreAllCounted();
+    void namesThatOnlyQtKnows_data();
+    void namesThatOnlyQtKnows();
+    void linkIsFollowedBeforeTwoPoints();
+    void failingCallTakesNothingElseAway_data();
+    void failingCallTakesNothingElseAway();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
@@ -65,6 +78,7 @@ void tst_DirectorySize::init()
 
 void tst_DirectorySize::cleanup()
 {
+    Faults::stop();
     m_folder.reset();
 }
 
@@ -182,6 +196,85 @@ void tst_DirectorySize::deepBranchesSideBySideAreAllCounted()
     }
     QCOMPARE(CFileSystemHelper::getDirectorySize(path("t")), expected);
     QCOMPARE(sizeByQDir(path("t")), expected);
+}
+
+void tst_DirectorySize::namesThatOnlyQtKnows_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<qint64>("size");
+    QTest::newRow("resource") << QStringLiteral(":/samples/tree") << Q_INT64_C(26);
+    QTest::newRow("directory in it") << QStringLiteral(":/samples/tree/sub") << Q_INT64_C(13);
+    QTest::newRow("file in it") << QStringLiteral(":/samples/tree/sub/inner") << Q_INT64_C(0);
+    QTest::newRow("missing resource") << QStringLiteral(":/samples/missing") << Q_INT64_C(0);
+    QTest::newRow("search path") << QStringLiteral("sizes:tree") << Q_INT64_C(7);
+    QTest::newRow("search path to a resource") << QStringLiteral("sizes:sub") << Q_INT64_C(13);
+    QTest::newRow("neither") << QStringLiteral("sizes:missing") << Q_INT64_C(0);
+    QTest::newRow("prefix that nobody has made") << QStringLiteral("nothing:tree") << Q_INT64_C(0);
+    QTest::newRow("prefix of one letter") << QStringLiteral("s:tree") << Q_INT64_C(0);
+}
+
+void tst_DirectorySize::namesThatOnlyQtKnows()
+{
+    QFETCH(QString, name);
+    QFETCH(qint64, size);
+    Test::makeFile(path("second/tree/f"), "12345");
+    Test::makeFile(path("second/tree/.hidden/g"), "12");
+    QDir::setSearchPaths(QStringLiteral("sizes"),
+                         {path("first"), path("second"), QStringLiteral(":/samples/tree")});
+    const qint64 sizeOfQDir = sizeByQDir(name);
+    const qint64 actual = CFileSystemHelper::getDirectorySize(name);
+    QDir::setSearchPaths(QStringLiteral("sizes"), {});
+    QCOMPARE(actual, size);
+    QCOMPARE(sizeOfQDir, size);
+}
+
+void tst_DirectorySize::linkIsFollowedBeforeTwoPoints()
+{
+    Test::makeFile(path("a/deep/x"), "1");
+    Test::makeFile(path("a/tree/f"), "12345");
+    Test::makeFile(path("tree/f"), "12");
+    QVERIFY(QFile::link(path("a/deep"), path("link")));
+    QCOMPARE(CFileSystemHelper::getDirectorySize(path("link/../tree")), Q_INT64_C(5));
+    QCOMPARE(CFileSystemHelper::getDirectorySize(path("link/..")), Q_INT64_C(6));
+}
+
+void tst_DirectorySize::failingCallTakesNothingElseAway_data()
+{
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<bool>("hidesTypes");
+    QTest::newRow("opening a directory") << Call::OpenDirectory << false;
+    QTest::newRow("reading a directory") << Call::ReadDirectory << false;
+    QTest::newRow("examining an entry") << Call::Examine << false;
+    QTest::newRow("examining an entry without types") << Call::Examine << true;
+}
+
+void tst_DirectorySize::failingCallTakesNothingElseAway()
+{
+    QFETCH(Call, call);
+    QFETCH(bool, hidesTypes);
+    // each file adds another bit to the sum
+    Test::makeFile(path("t/a"), "1");
+    Test::makeFile(path("t/b/c"), "12");
+    Test::makeFile(path("t/b/deep/d"), "1234");
+    Test::makeFile(path("t/.e/f"), "12345678");
+    for (const int error : {EIO, EACCES, EMFILE, ENOMEM, EOVERFLOW}) {
+        qint64 lost = 0;
+        int n = 0;
+        for (bool hasStruck = true; hasStruck;) {
+            Faults::watch(m_folder->path());
+            if (hidesTypes) {
+                Faults::hideEntryTypes();
+            }
+            Faults::failNth(call, ++n, error);
+            const qint64 size = CFileSystemHelper::getDirectorySize(path("t"));
+            hasStruck = Faults::hasStruck();
+            Faults::stop();
+            QVERIFY(size >= 0 && size <= 15);
+            QVERIFY(hasStruck || size == 15);
+            lost |= 15 - size;
+        }
+        QCOMPARE(lost, Q_INT64_C(15)); // each of them by one of the calls
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_DirectorySize)

@@ -6,9 +6,12 @@
 #include "tests/input/Verdict.h"
 #include "tests/support/LogRecorder.h"
 
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <array>
+#include <new>
 #include <type_traits>
 
 using namespace Test;
@@ -87,6 +90,8 @@ private Q_SLOTS:
     void everyRuleGetsItsOwnCopy();
     void typesAreACopy();
     void rulesDieWithTheirOwner();
+    void aSlotMayDeleteIt_data();
+    void aSlotMayDeleteIt();
     void metaObjectHasItsOrder();
 };
 
@@ -379,6 +384,33 @@ void tst_TextValidator::rulesDieWithTheirOwner()
     }
     QCOMPARE(validator->parent(), &parent);
     QCOMPARE(validator->children(), QObjectList());
+}
+
+void tst_TextValidator::aSlotMayDeleteIt_data()
+{
+    QTest::addColumn<bool>("atTheFirstSignal");
+
+    QTest::newRow("at the first signal") << true;
+    QTest::newRow("at the second signal") << false;
+}
+
+void tst_TextValidator::aSlotMayDeleteIt()
+{
+    QFETCH(bool, atTheFirstSignal);
+    alignas(TextValidator) std::array<char, sizeof(TextValidator)> memory;
+    auto *validator = new (memory.data()) TextValidator;
+    const QPointer<TextValidator> alive = validator;
+    int secondSignals = 0;
+    connect(validator, &TextValidator::hasHintChanged, this, [&] { ++secondSignals; });
+    connect(validator,
+            atTheFirstSignal ? &TextValidator::hintChanged : &TextValidator::hasHintChanged, this,
+            [validator, &memory] {
+                validator->~TextValidator();
+                memory.fill('\xdd'); // nothing that somebody could go on using
+            });
+    validator->addValidator(TextValidator::ValidatorNotEmpty, {});
+    QVERIFY(alive.isNull());
+    QCOMPARE(secondSignals, atTheFirstSignal ? 0 : 1);
 }
 
 void tst_TextValidator::metaObjectHasItsOrder()

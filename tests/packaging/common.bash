@@ -39,7 +39,11 @@ run_copy_example()
     # without a source there is nothing to copy; without a right to write the copy falls short
     output=$("$program" "$source" /proc/nowhere) \
         && fail "$program was content with a destination that cannot be: $output"
-    [[ $output == *'not complete'* ]] || fail "unexpected output: $output"
+    [[ $output == *'not whole: /proc/nowhere'* ]] || fail "unexpected output: $output"
+    output=$("$program" "$scratch/missing" "$destination") \
+        && fail "$program was content with a source that is missing: $output"
+    expect_equal 'what is said of a missing source' \
+        "the copy is not whole: $scratch/missing No such file or directory" "$(tail --lines=1 <<<"$output")"
 }
 
 scratch=$(mktemp --directory)

@@ -379,22 +379,35 @@ void tst_RealVolumes::aVolumePluggedInAgainIsMarkedAndCleaned()
 // the look unmounts the drive that it has mounted, so it can be pulled before lock() mounts it
 void tst_RealVolumes::aSwapDuringTheLookIsNoticed_data()
 {
-    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("command"); // when it is swapped
+    QTest::addColumn<QString>("volume");
+    QTest::addColumn<QString>("other");
 
-    QTest::newRow("before the volume is remembered") << QStringLiteral("umount");
-    QTest::newRow("after it") << QStringLiteral("mount");
+    const QString before = QStringLiteral("umount"); // the volume is remembered
+    const QString after = QStringLiteral("mount");
+    const QString fat16 = QStringLiteral("128 mkfs.fat -F 16 -s 4");
+    const QString fat32 = QStringLiteral("130 mkfs.fat -F 32 -s 2");
+    const QString exfat = QStringLiteral("40 mkfs.exfat");
+    QTest::newRow("FAT16, then FAT32, before it is remembered") << before << fat16 << fat32;
+    QTest::newRow("FAT32, then FAT16, before it is remembered") << before << fat32 << fat16;
+    QTest::newRow("FAT32, then exFAT, before it is remembered") << before << fat32 << exfat;
+    QTest::newRow("FAT16, then FAT32, after it") << after << fat16 << fat32;
+    QTest::newRow("FAT32, then FAT16, after it") << after << fat32 << fat16;
+    QTest::newRow("FAT32, then FAT32, after it") << after << fat32 << fat32;
 }
 
 void tst_RealVolumes::aSwapDuringTheLookIsNoticed()
 {
     QFETCH(QString, command);
+    QFETCH(QString, volume);
+    QFETCH(QString, other);
     const QString otherImage = m_folder->filePath(QStringLiteral("other"));
-    QVERIFY(makeVolume(m_image, QStringLiteral("128 mkfs.fat -F 16 -s 4")));
-    QVERIFY(makeVolume(otherImage, QStringLiteral("130 mkfs.fat -F 32 -s 2")));
-    const LoopDevice other(otherImage);
+    QVERIFY(makeVolume(m_image, volume));
+    QVERIFY(makeVolume(otherImage, other));
+    const LoopDevice otherLoop(otherImage);
     attach("vfat", "vfat");
     const QByteArray before = contentOf(otherImage);
-    PrivateMounts::makeBlockNode(QStringLiteral("/dev/other"), other.number());
+    PrivateMounts::makeBlockNode(QStringLiteral("/dev/other"), otherLoop.number());
     const QByteArray swap = "if [ -e /dev/look ]; then mv -f /dev/other /dev/sda1; fi";
     const QByteArray table = mounted("/dev/sda1", s_mountPoint);
     m_commands->add(QStringLiteral("mount"),

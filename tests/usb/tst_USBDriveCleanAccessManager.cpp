@@ -746,6 +746,10 @@ void tst_USBDriveCleanAccessManager::whatTakesTheNodesPlaceIsLeftAlone()
     QVERIFY(QDir().mkdir(s_partition));
     QCOMPARE(manager.unlock(), false);
     QVERIFY(QDir().rmdir(s_partition));
+
+    QCOMPARE(::mkfifo("/dev/sda1", 0600), 0);
+    QCOMPARE(manager.unlock(), false); // and does not wait for somebody who writes
+    QVERIFY(QFile::remove(s_partition));
     QVERIFY(contentOf(m_image) == copy);
 }
 

@@ -17,11 +17,12 @@ struct CopyCheck
 
 /**
  * Looks for every folder and file of @p job's survey at @p root: folders must exist, files have
- * the size that their source has now. What is not whole is removed, so that nobody takes it for
- * the file; of the first one the cause is found out as far as that is possible afterwards.
+ * the size that their source has now. A file that is shorter or longer is removed, so that nobody
+ * takes it for the source's equal.
  *
- * The controller does not tell how a background copy failed, and a lost file of no bytes does
- * not show in its counters, so this is what a claim of success rests on.
+ * The controller's result tells what failed. This finds what did not fail and is missing all the
+ * same: what the source lost or changed since it was looked through, and what has a name that the
+ * destination's file system does not tell from another.
  */
 CopyCheck checkCopy(const ExportJob &job, const QString &root);
 

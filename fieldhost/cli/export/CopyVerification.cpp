@@ -1,9 +1,6 @@
 #include "fieldhost/cli/export/CopyVerification.h"
 
-#include "shared/filesystem/CFileSystemHelper.h"
-
-#include <QFile>
-#include <QtConcurrentRun>
+#include <QMetaObject>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -12,15 +9,32 @@ namespace Tavro::FieldHost {
 
 namespace {
 
+constexpr int s_chunk = 4 << 20;
+
 // what is in memory would be compared with itself; what is not written yet cannot leave it
-void evict(const QString &path)
+void evict(const QFile &file)
 {
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (file >= 0) {
-        ::fdatasync(file);
-        ::posix_fadvise(file, 0, 0, POSIX_FADV_DONTNEED);
-        ::close(file);
+    ::fdatasync(file.handle());
+    ::posix_fadvise(file.handle(), 0, 0, POSIX_FADV_DONTNEED);
+}
+
+// fills chunk as far as the file goes; false when reading fails
+bool readChunk(QFile &file, QByteArray &chunk)
+{
+    chunk.resize(s_chunk);
+    int filled = 0;
+    while (filled < s_chunk) {
+        const qint64 n = file.read(chunk.data() + filled, s_chunk - filled);
+        if (n < 0) {
+            return false;
+        }
+        if (n == 0) {
+            break;
+        }
+        filled += static_cast<int>(n);
     }
+    chunk.resize(filled);
+    return true;
 }
 
 } // namespace
@@ -30,58 +44,72 @@ std::vector<CopiedFile> copiedFiles(const ExportJob &job, const QString &root)
     std::vector<CopiedFile> files;
     files.reserve(static_cast<size_t>(job.survey.files.size()));
     for (const SurveyedFile &file : job.survey.files) {
-        files.push_back({job.source + file.path, targetPath(job, file, root), file.size});
+        files.push_back({job.source + file.path, targetPath(job, file, root)});
     }
     return files;
 }
 
-CopyVerification::CopyVerification(QObject *parent)
+CopyVerification::CopyVerification(std::vector<CopiedFile> files, QObject *parent)
     : QObject(parent)
+    , m_files(std::move(files))
 {
-    connect(&m_watcher, &QFutureWatcher<void>::finished, this, &CopyVerification::finished);
 }
 
-CopyVerification::~CopyVerification()
+void CopyVerification::start()
 {
-    cancel();
-    m_watcher.waitForFinished();
-}
-
-void CopyVerification::start(std::vector<CopiedFile> files)
-{
-    m_files = std::move(files);
-    m_watcher.setFuture(QtConcurrent::run([this] { compareAll(); }));
+    QMetaObject::invokeMethod(this, &CopyVerification::step, Qt::QueuedConnection);
 }
 
 void CopyVerification::cancel()
 {
-    m_canceled = true;
+    m_isCanceled = true;
 }
 
-std::optional<CopyFault> CopyVerification::fault() const
+void CopyVerification::step()
 {
-    const std::lock_guard<std::mutex> lock(m_faultMutex);
-    return m_fault;
-}
-
-void CopyVerification::compareAll()
-{
-    for (const CopiedFile &file : m_files) {
-        if (m_canceled) {
-            return;
-        }
-        evict(file.target);
-        bool ok = false;
-        const bool isEqual = Shared::CFileSystemHelper::compareFiles(file.source, file.target, ok);
-        if (!ok || !isEqual) {
-            const std::lock_guard<std::mutex> lock(m_faultMutex);
-            m_fault = CopyFault{file.source,
-                                ok ? QStringLiteral("its copy differs from it")
-                                   : QStringLiteral("it or its copy cannot be read any more")};
-            return;
-        }
-        m_comparedBytes += file.size;
+    const bool isOver = m_next == m_files.size() && !m_source.isOpen();
+    if (m_isCanceled || isOver || !(m_source.isOpen() ? compareChunk() : openNext())) {
+        Q_EMIT finished();
+        return;
     }
+    start();
+}
+
+bool CopyVerification::openNext()
+{
+    const CopiedFile &file = m_files.at(m_next++);
+    m_source.setFileName(file.source);
+    m_target.setFileName(file.target);
+    if (!m_source.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
+        || !m_target.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        fail(QStringLiteral("it or its copy cannot be read any more"));
+        return false;
+    }
+    evict(m_target);
+    return true;
+}
+
+bool CopyVerification::compareChunk()
+{
+    if (!readChunk(m_source, m_sourceChunk) || !readChunk(m_target, m_targetChunk)) {
+        fail(QStringLiteral("it or its copy cannot be read any more"));
+        return false;
+    }
+    if (m_sourceChunk != m_targetChunk) {
+        fail(QStringLiteral("its copy differs from it"));
+        return false;
+    }
+    m_comparedBytes += m_sourceChunk.size();
+    if (m_sourceChunk.size() < s_chunk) {
+        m_source.close();
+        m_target.close();
+    }
+    return true;
+}
+
+void CopyVerification::fail(const QString &cause)
+{
+    m_fault = CopyFault{m_source.fileName(), cause};
 }
 
 } // namespace Tavro::FieldHost

@@ -19,7 +19,8 @@ namespace {
 const char s_helpText[] = R"(Usage: ovo-fieldhost export [options] SOURCE... DESTINATION
 
 Copies every SOURCE into the folder DESTINATION, chunk by chunk, each flushed to the device
-before the next one: a drive pulled out loses no file that was copied before.
+before the next one. A drive pulled out keeps the files that were whole by then; the one in flight
+may stay there, cut off, under its name.
 
   SOURCE       A folder or file is copied to DESTINATION/<its name>. A folder that is written
                with "/" at the end, or as "." or "..", stands for its contents, which are copied
@@ -35,17 +36,21 @@ out, and counted. Names are taken as UTF-8.
 Options:
   --into-existing  Allows a DESTINATION that holds something. Where a copy would land on what is
                    there, it is made in a hidden folder beside it first, and takes its place,
-                   replacing files of the same name, when all of it is whole. An abort or a
-                   failure leaves everything there as it was.
-  --verify         Reads every copy back from the device and compares it with its source. One that
-                   differs fails the export, and what was copied is removed.
+                   replacing files of the same name, when all of it is whole. Until then an
+                   abort or a failure leaves everything there as it was. A power cut leaves each
+                   file old or new. The folder of an export that was killed is removed by the
+                   next one.
+  --verify         Reads every copy back from the device, in its place, and compares it with its
+                   source. One that differs fails the export; what was copied is removed, except
+                   for copies that have replaced files.
   -h, --help       Shows this text.
 
 On a terminal, p pauses and resumes, q or Ctrl-C aborts. An abort removes the copy whole.
 
 Exit codes:
   0  everything is copied, and on the device
-  1  failed: a file was not copied, or its copy differs; the message names it and the cause
+  1  failed: a file was not copied, or its copy differs, or the drive was taken away; the message
+     names it and the cause
   2  the command line was not understood
   3  nothing copied: a SOURCE is missing, or no whole copy of it is possible
   4  nothing copied: DESTINATION is refused

@@ -2,6 +2,7 @@
 
 #include "fieldhost/cli/Paths.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/export/StagingFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,7 +24,7 @@ namespace {
 constexpr int s_shownProblems = 5;
 
 // what a folder for the copy inside an existing one adds to the length of a path at most
-constexpr int s_stagingLength = 24;
+constexpr int s_stagingLength = 32;
 
 // "dir/", "." and "..": the user means what is inside
 bool meansContents(const QString &typed)
@@ -33,10 +34,16 @@ bool meansContents(const QString &typed)
         || typed.endsWith(QLatin1String("/.."));
 }
 
-bool isFilledFolder(const QString &path)
+bool onOneVolume(const QString &a, const QString &b)
 {
-    return !QDir(path).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System
-                               | QDir::NoDotAndDotDot);
+    struct stat first
+    {
+    };
+    struct stat second
+    {
+    };
+    return ::stat(QFile::encodeName(a).constData(), &first) == 0
+        && ::stat(QFile::encodeName(b).constData(), &second) == 0 && first.st_dev == second.st_dev;
 }
 
 class Planner
@@ -56,6 +63,7 @@ private:
     bool checkDestination();
     bool checkOverlap(const ExportJob &job);
     bool surveySource(ExportJob &job);
+    bool hold(const QString &folder, std::shared_ptr<const HeldFolder> &held);
     bool checkLandings();
     bool checkMerge(ExportJob &job);
     bool checkPathLengths(const ExportJob &job);
@@ -196,7 +204,7 @@ bool Planner::checkDestination()
                       QStringLiteral("Nothing can be written to %1 (%2).")
                           .arg(quoted(existing), systemText(errno)));
     }
-    if (info.exists() && isFilledFolder(destination) && !m_intoExisting) {
+    if (info.exists() && StagingFolder::isFilled(destination) && !m_intoExisting) {
         return refuse(
             ExitDestinationRefused,
             QStringLiteral(
@@ -207,7 +215,16 @@ bool Planner::checkDestination()
                 "only files of the same name are replaced.")
                 .arg(quoted(destination)));
     }
-    return true;
+    return hold(existing, m_plan.held);
+}
+
+bool Planner::hold(const QString &folder, std::shared_ptr<const HeldFolder> &held)
+{
+    held = std::make_shared<HeldFolder>(folder);
+    return held->error() == 0
+        || refuse(ExitDestinationRefused,
+                  QStringLiteral("The folder %1 cannot be opened (%2).")
+                      .arg(quoted(folder), systemText(held->error())));
 }
 
 bool Planner::checkLandings()
@@ -224,7 +241,16 @@ bool Planner::checkLandings()
 
         job.landingExists = existsOrIsLink(job.landing);
         const QFileInfo info(job.landing);
-        if (!job.landingExists || (info.exists() && info.isDir() == job.isFolder)) {
+        job.held = m_plan.held;
+        if (!job.landingExists) {
+            continue;
+        }
+        if (info.exists() && info.isDir() == job.isFolder) {
+            // a drive may be mounted there, or a link lead to one
+            if (job.isFolder && !onOneVolume(job.landing, m_plan.destination)
+                && !hold(job.landing, job.held)) {
+                return false;
+            }
             continue;
         }
         return refuse(ExitDestinationRefused,
@@ -273,6 +299,12 @@ bool Planner::checkMerge(ExportJob &job)
                           QStringLiteral("The folder %1 cannot take the place of %2, which is "
                                          "not a folder.")
                               .arg(quoted(job.source + directory), quoted(target)));
+        }
+        if (QFileInfo(target).isDir() && !onOneVolume(target, job.landing)) {
+            return refuse(ExitDestinationRefused,
+                          QStringLiteral("The folder %1 is on another volume than %2, so a copy "
+                                         "cannot be moved to it. Export to it alone.")
+                              .arg(quoted(target), quoted(job.landing)));
         }
     }
     for (const SurveyedFile &file : qAsConst(job.survey.files)) {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "fieldhost/cli/ExitCode.h"
+#include "fieldhost/cli/export/HeldFolder.h"
 #include "fieldhost/cli/export/SourceSurvey.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace Tavro::FieldHost {
@@ -18,6 +20,7 @@ struct ExportJob
     bool isFolder = false;
     QString landing; // absolute, without "/" at its end: where the copy is to be found
     bool landingExists = false;
+    std::shared_ptr<const HeldFolder> held; // the landing, or what it is or will be below
     SourceSurvey survey;
     int replacedFiles = 0; // files at the destination that the copy replaces
 };
@@ -26,6 +29,7 @@ struct ExportJob
 struct ExportPlan
 {
     QString destination; // absolute
+    std::shared_ptr<const HeldFolder> held; // it, or as much of it as exists
     std::vector<ExportJob> jobs;
     qint64 files = 0;
     qint64 bytes = 0;

@@ -2,8 +2,11 @@
 
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/export/CopyCheck.h"
 
 #include <QMetaObject>
+
+#include <iterator>
 
 namespace Tavro::FieldHost {
 
@@ -14,6 +17,7 @@ namespace {
 constexpr int s_liveInterval = 100; // ms
 constexpr int s_plainInterval = 1000; // ms
 constexpr int s_directoryColumns = 30; // a longer name would push the figures off the line
+constexpr int s_shownFolders = 5;
 
 QString leftOut(const ExportPlan &plan)
 {
@@ -38,7 +42,7 @@ QString leftOut(const ExportPlan &plan)
     return parts.join(QLatin1String(", "));
 }
 
-QString shown(const QString &folder)
+QString withoutSlash(const QString &folder)
 {
     return folder.size() > 1 && folder.endsWith(QLatin1Char('/')) ? folder.chopped(1) : folder;
 }
@@ -79,8 +83,14 @@ ExportRun::ExportRun(ExportPlan plan, Console &console, bool verify, QObject *pa
             &ExportRun::onStepCompleted);
     connect(&m_controller, &CFileCopyController::operationCanceled, this,
             &ExportRun::onStepCanceled);
-    connect(&m_controller, &CFileCopyController::processedBytesChanged, this,
-            [this] { m_stepBytes = m_controller.processedBytes(); });
+    connect(&m_controller, &CFileCopyController::processedBytesChanged, this, [this] {
+        m_stepBytes = m_controller.processedBytes();
+        if (!m_aborting && !isInPlace()) {
+            m_isGone = true;
+            m_aborting = true;
+            m_controller.abort();
+        }
+    });
     m_display.setInterval(console.isLive() ? s_liveInterval : s_plainInterval);
     connect(&m_display, &QTimer::timeout, this, &ExportRun::showProgress);
 }
@@ -104,7 +114,7 @@ void ExportRun::announce()
     for (const ExportJob &job : m_plan.jobs) {
         m_console.print(QStringLiteral("Copying %1 (%2) from %3 to %4")
                             .arg(counted(job.survey.files.size(), "file"),
-                                 formatBytes(job.survey.bytes), quoted(shown(job.source)),
+                                 formatBytes(job.survey.bytes), quoted(withoutSlash(job.source)),
                                  quoted(job.landing)));
         if (job.replacedFiles > 0) {
             m_console.print(QStringLiteral("  replaces %1 there, once all of the copy is whole")
@@ -119,6 +129,7 @@ void ExportRun::announce()
 
 bool ExportRun::prepare()
 {
+    clearRemains();
     for (const auto &task : m_tasks) {
         if (task->copy.prepare()) {
             continue;
@@ -129,6 +140,26 @@ bool ExportRun::prepare()
         return false;
     }
     return true;
+}
+
+// what exports have left that were killed, or met a power cut
+void ExportRun::clearRemains()
+{
+    QStringList places{m_plan.held->reach(m_plan.destination)};
+    for (const auto &task : m_tasks) {
+        if (task->job.isFolder && task->job.landingExists) {
+            places.append(task->copy.landing());
+        }
+    }
+    places.removeDuplicates();
+    for (const QString &place : qAsConst(places)) {
+        for (const QString &path : StagingFolder::discardAbandoned(place)) {
+            m_console.printError(
+                QStringLiteral("Warning: an earlier export did not come to its end, and has left "
+                               "%1. It may be removed once the volume has been checked.")
+                    .arg(quoted(shown(path))));
+        }
+    }
 }
 
 void ExportRun::beginStep()
@@ -184,34 +215,106 @@ void ExportRun::abort()
 
 void ExportRun::onStepCompleted()
 {
-    // that a request has completed does not say that its files are copied
-    const qint64 processed = m_controller.processedBytes();
-    const qint64 total = m_controller.totalBytes();
     m_stepBytes = 0;
-    std::optional<CopyFault> fault;
+    if (!isInPlace()) {
+        failWithoutDrive();
+        return;
+    }
+    // that a request has completed does not say that its files are copied
+    QString reason = failure();
+    qint64 surveyed = 0;
     for (const Task *task : m_steps.at(m_step)) {
         const CopyCheck check = checkCopy(task->job, task->copy.root());
         m_wholeFiles += check.wholeFiles;
         m_wholeBytes += check.wholeBytes;
-        if (!fault) {
-            fault = check.fault;
+        surveyed += task->job.survey.files.size();
+        if (reason.isEmpty() && check.fault) {
+            reason = QStringLiteral("%1 was not copied: %2.")
+                         .arg(quoted(check.fault->source), check.fault->cause);
         }
     }
-    if (fault) {
-        fail(QStringLiteral("%1 was not copied: %2.").arg(quoted(fault->source), fault->cause));
-    } else if (processed < total) {
-        fail(QStringLiteral("The copy ended after %1 of %2: the source has changed since it was "
-                            "looked through.")
-                 .arg(formatBytes(processed), formatBytes(total)));
+    // what nobody looked for would not be moved to its place
+    if (reason.isEmpty() && anyStaged() && m_controller.lastResult().files > surveyed) {
+        reason = QStringLiteral("The source holds %1 more than when it was looked through.")
+                     .arg(counted(m_controller.lastResult().files - surveyed, "file"));
+    }
+    if (!reason.isEmpty()) {
+        fail(reason);
     } else if (++m_step < m_steps.size()) {
         beginStep();
     } else {
         m_copyTime = m_progress.elapsed();
-        if (m_verify) {
-            verify();
-        } else {
-            complete();
+        settle();
+    }
+}
+
+bool ExportRun::isInPlace() const
+{
+    for (const auto &task : m_tasks) {
+        if (!task->job.held->isInPlace()) {
+            return false;
         }
+    }
+    return true;
+}
+
+// what the controller says of the last request; empty when nothing failed
+QString ExportRun::failure() const
+{
+    const Shared::CFileOperationResult result = m_controller.lastResult();
+    if (result.isWhole()) {
+        return {};
+    }
+    static constexpr const char *verbs[] = {"copied", "opened", "read", "created", "written"};
+    const quint32 error = result.errorCode & 0xFFU;
+    const QString cause = result.systemError != 0
+        ? QStringLiteral(": %1.").arg(systemText(result.systemError))
+        : QStringLiteral(".");
+    if (error != CFileCopyController::ErrorNone && result.path.isEmpty()) {
+        return QStringLiteral("The copy could not begin") + cause; // there is no thread to be had
+    }
+    if (error != CFileCopyController::ErrorNone) {
+        return QStringLiteral("%1 cannot be %2")
+                   .arg(quoted(shown(result.path)),
+                        QLatin1String(verbs[error < std::size(verbs) ? error : 0]))
+            + cause;
+    }
+    const QStringList &folders = result.unreadableDirectories;
+    QStringList lines;
+    for (int i = 0; i < qMin(folders.size(), s_shownFolders); ++i) {
+        lines.append(QStringLiteral("The folder %1 cannot be read as a whole")
+                         .arg(quoted(shown(folders.at(i))))
+                     + cause);
+    }
+    if (folders.size() > s_shownFolders) {
+        lines.append(QStringLiteral("The same goes for %1.")
+                         .arg(counted(folders.size() - s_shownFolders, "more folder")));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+void ExportRun::settle()
+{
+    for (const auto &task : m_tasks) {
+        if (task->copy.settle()) {
+            continue;
+        }
+        m_console.clearLiveLine();
+        m_console.printError(QStringLiteral("Failed: %1").arg(task->copy.error()));
+        for (const auto &other : m_tasks) {
+            if (other != task && other->copy.isStaged()) {
+                m_console.printError(QStringLiteral("As before: %1, with all that it holds.")
+                                         .arg(quoted(other->job.landing)));
+            }
+        }
+        discardStaged();
+        finish(ExitFailed);
+        return;
+    }
+    if (m_verify) {
+        verify();
+    } else {
+        complete();
     }
 }
 
@@ -219,15 +322,15 @@ void ExportRun::verify()
 {
     std::vector<CopiedFile> files;
     for (const auto &task : m_tasks) {
-        const std::vector<CopiedFile> some = copiedFiles(task->job, task->copy.root());
+        const std::vector<CopiedFile> some = copiedFiles(task->job, task->copy.landing());
         files.insert(files.end(), some.begin(), some.end());
     }
     m_progress = Progress();
     m_progress.start(m_wholeBytes);
     m_paused = false; // a comparison is not worth a pause
-    m_verification = std::make_unique<CopyVerification>();
+    m_verification = std::make_unique<CopyVerification>(std::move(files));
     connect(m_verification.get(), &CopyVerification::finished, this, &ExportRun::onVerified);
-    m_verification->start(std::move(files));
+    m_verification->start();
 }
 
 void ExportRun::onVerified()
@@ -247,10 +350,18 @@ void ExportRun::onVerified()
 
 void ExportRun::onStepCanceled()
 {
+    if (m_isGone) {
+        failWithoutDrive();
+        return;
+    }
     const bool staged = anyStaged();
     const QStringList removed = discardAll();
     m_console.clearLiveLine();
-    m_console.print(QStringLiteral("Aborted. Removed: %1").arg(quotedList(removed)));
+    if (removed.isEmpty() && m_verification) {
+        m_console.print(QStringLiteral("Aborted. The copy is in its place, but was not compared."));
+    } else {
+        m_console.print(QStringLiteral("Aborted. Removed: %1").arg(quotedList(removed)));
+    }
     if (staged) {
         m_console.print(QStringLiteral("What was in the destination before is unchanged."));
     }
@@ -259,13 +370,9 @@ void ExportRun::onStepCanceled()
 
 void ExportRun::complete()
 {
-    for (const auto &task : m_tasks) {
-        if (!task->copy.settle()) {
-            m_console.clearLiveLine();
-            m_console.printError(task->copy.error());
-            finish(ExitFailed);
-            return;
-        }
+    if (!isInPlace()) {
+        failWithoutDrive();
+        return;
     }
     const qint64 elapsed = m_copyTime;
     const double rate =
@@ -286,19 +393,36 @@ void ExportRun::fail(const QString &reason)
     m_console.clearLiveLine();
     m_console.printError(QStringLiteral("Failed: %1").arg(reason));
     if (m_wholeFiles == 0 || staged) {
-        discardAll();
-        m_console.printError(staged ? QStringLiteral("The unfinished copy was removed; what was "
-                                                     "in the destination before is unchanged.")
-                                    : QStringLiteral("Nothing was left in the destination."));
-    } else {
-        for (const auto &task : m_tasks) {
-            task->copy.keep();
+        const bool isRemoved = discardAll().size() == static_cast<int>(m_tasks.size());
+        if (staged) {
+            m_console.printError((isRemoved
+                                      ? QStringLiteral("The unfinished copy was removed; what was ")
+                                      : QStringLiteral("What was "))
+                                 + QStringLiteral("in the destination before is unchanged."));
+        } else if (isRemoved) {
+            m_console.printError(QStringLiteral("Nothing was left in the destination."));
+        } else if (m_verification) {
+            m_console.printError(QStringLiteral("The copies that replaced files of the same name "
+                                                "stay where they are. Export again."));
         }
+    } else {
         m_console.printError(QStringLiteral("%1 of %2 are whole in %3, the others are missing; "
                                             "no partial file is left.")
                                  .arg(m_wholeFiles)
                                  .arg(counted(m_plan.files, "file"), quoted(m_plan.destination)));
     }
+    finish(ExitFailed);
+}
+
+void ExportRun::failWithoutDrive()
+{
+    discardAll(); // on the drive, as far as it can still be reached
+    m_console.clearLiveLine();
+    m_console.printError(QStringLiteral("Failed: the drive was taken away, or the folder moved: %1 "
+                                        "is not what it was when the copy began.")
+                             .arg(quoted(m_plan.destination)));
+    m_console.printError(QStringLiteral("Nothing was written anywhere else. What the drive holds "
+                                        "of the copy is not whole."));
     finish(ExitFailed);
 }
 
@@ -317,8 +441,23 @@ QStringList ExportRun::discardAll()
     // the last first: folders made for one copy may hold those of the next
     for (auto task = m_tasks.rbegin(); task != m_tasks.rend(); ++task) {
         removed = (*task)->copy.discard() + removed;
+        if (!(*task)->copy.error().isEmpty()) {
+            m_console.printError((*task)->copy.error());
+        }
     }
     return removed;
+}
+
+void ExportRun::discardStaged()
+{
+    for (const auto &task : m_tasks) {
+        if (task->copy.isStaged()) {
+            task->copy.discard();
+            if (!task->copy.error().isEmpty()) {
+                m_console.printError(task->copy.error());
+            }
+        }
+    }
 }
 
 bool ExportRun::anyStaged() const
@@ -329,6 +468,18 @@ bool ExportRun::anyStaged() const
         }
     }
     return false;
+}
+
+// paths of the destination go by way of a held folder
+QString ExportRun::shown(const QString &path) const
+{
+    for (const auto &task : m_tasks) {
+        QString known = task->job.held->shown(path);
+        if (known != path) {
+            return known;
+        }
+    }
+    return path;
 }
 
 void ExportRun::showProgress()

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "fieldhost/cli/Progress.h"
-#include "fieldhost/cli/export/CopyCheck.h"
 #include "fieldhost/cli/export/CopyVerification.h"
 #include "fieldhost/cli/export/ExportPlan.h"
 #include "fieldhost/cli/export/StagedCopy.h"
@@ -18,15 +17,15 @@ namespace Tavro::FieldHost {
 class Console;
 
 /**
- * Carries out a plan: copies through the controller, shows the progress, looks at the result and
- * says how it ended.
+ * Carries out a plan: copies through the controller, shows the progress, looks at the result,
+ * moves the copies to their places and says how it ended.
  */
 class ExportRun : public QObject
 {
     Q_OBJECT
 
 public:
-    /** With @p verify, every copy is read back and compared before it counts. */
+    /** With @p verify, every copy is read back and compared once it is in its place. */
     ExportRun(ExportPlan plan, Console &console, bool verify, QObject *parent = nullptr);
     ~ExportRun() override;
 
@@ -51,16 +50,23 @@ private:
 
     void announce();
     bool prepare();
+    void clearRemains();
     void beginStep();
     void onStepCompleted();
     void onStepCanceled();
+    bool isInPlace() const;
+    QString failure() const;
+    void settle();
     void verify();
     void onVerified();
     void complete();
     void fail(const QString &reason);
+    void failWithoutDrive();
     void finish(ExitCode code);
     QStringList discardAll();
+    void discardStaged();
     bool anyStaged() const;
+    QString shown(const QString &path) const;
     void showProgress();
 
     const ExportPlan m_plan;
@@ -80,6 +86,7 @@ private:
     bool m_running = false;
     bool m_paused = false;
     bool m_aborting = false;
+    bool m_isGone = false; // the drive was taken away
 };
 
 } // namespace Tavro::FieldHost

@@ -2,16 +2,13 @@
 
 #include "fieldhost/cli/Paths.h"
 #include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/export/Merge.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <cerrno>
-#include <cstdio>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,41 +16,19 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-bool isFolder(const QString &path)
-{
-    struct stat status
-    {
-    };
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
-QString nameOf(const QString &path)
-{
-    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
-}
-
 // the controller takes blanks and tabs at the end of a file's path away
 bool endsInBlank(const QString &path)
 {
     return path.endsWith(QLatin1Char(' ')) || path.endsWith(QLatin1Char('\t'));
 }
 
-int flushFileSystem(const QString &path)
-{
-    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) {
-        return errno;
-    }
-    const int error = ::syncfs(fd) == 0 ? 0 : errno;
-    ::close(fd);
-    return error;
-}
-
 } // namespace
 
 StagedCopy::StagedCopy(const ExportJob &job)
     : m_job(job)
-    , m_root(job.landing)
+    , m_landing(job.held->reach(job.landing))
+    , m_place(job.isFolder ? m_landing : job.held->reach(parentOf(job.landing)))
+    , m_root(m_landing)
 {
 }
 
@@ -62,24 +37,21 @@ StagedCopy::~StagedCopy() = default;
 bool StagedCopy::prepare()
 {
     const bool blankFile = !m_job.isFolder && endsInBlank(m_job.landing);
-    if (!m_job.landingExists && !blankFile) {
-        return createFolders(m_job.isFolder ? m_job.landing : parentOf(m_job.landing));
-    }
-
-    const QString place = m_job.isFolder ? m_job.landing : parentOf(m_job.landing);
-    if (!createFolders(place)) {
+    if (!createFolders(m_place)) {
         return false;
     }
-    m_folder = std::make_unique<QTemporaryDir>(place + QLatin1String("/.ovo-export-XXXXXX"));
-    if (!m_folder->isValid()) {
-        return fail(QStringLiteral("A folder for the copy cannot be created in %1: %2.")
-                        .arg(quoted(place), m_folder->errorString()));
+    if (!m_job.landingExists && !blankFile) {
+        return true;
     }
-    m_folder->setAutoRemove(false); // by discard() or keep(), which look at what they do
-    // a folder keeps its name, because the controller shows it
-    m_root = m_folder->path() + QLatin1Char('/')
-        + (m_job.isFolder ? nameOf(m_job.landing) : QStringLiteral("file"));
-    return !m_job.isFolder || createFolders(m_root);
+    int error = 0;
+    m_staging = StagingFolder::create(m_place, error);
+    if (!m_staging) {
+        return fail(QStringLiteral("A folder for the copy cannot be created in %1: %2.")
+                        .arg(quoted(m_job.held->shown(m_place)), systemText(error)));
+    }
+    m_root = m_staging->rootFor(m_job.landing.mid(m_job.landing.lastIndexOf(QLatin1Char('/')) + 1),
+                                m_job.isFolder);
+    return createFolders(m_job.isFolder ? m_root : parentOf(m_root));
 }
 
 bool StagedCopy::createFolders(const QString &path)
@@ -91,7 +63,7 @@ bool StagedCopy::createFolders(const QString &path)
     for (const QString &folder : qAsConst(missing)) {
         if (::mkdir(QFile::encodeName(folder).constData(), 0777) != 0) {
             return fail(QStringLiteral("The folder %1 cannot be created: %2.")
-                            .arg(quoted(folder), systemText(errno)));
+                            .arg(quoted(m_job.held->shown(folder)), systemText(errno)));
         }
         m_created.append(folder);
     }
@@ -100,69 +72,60 @@ bool StagedCopy::createFolders(const QString &path)
 
 bool StagedCopy::settle()
 {
-    if (m_folder) {
-        if (!merge(m_root, m_job.landing)) {
-            return false;
+    if (m_staging) {
+        // the last of the folders and empty files
+        if (!m_staging->beginMerge() || flushVolume(m_place) != 0) {
+            return fail(QStringLiteral("The copy cannot be moved to its place: %1: %2.")
+                            .arg(quoted(m_job.held->shown(m_place)), systemText(errno)));
         }
-        keep();
+        Merge merge(m_job, m_root, m_landing, m_staging->backups());
+        m_isMerged = true;
+        if (!merge.run()) {
+            return fail(merge.error());
+        }
+        if (!m_staging->removeEmpty()) {
+            return fail(QStringLiteral("All is in its place, but %1 cannot be removed.")
+                            .arg(quoted(m_job.held->shown(m_staging->path()))));
+        }
+        m_staging.reset();
     }
-    const QString place = m_job.isFolder ? m_job.landing : parentOf(m_job.landing);
-    // the last of the folders and empty files, and what was moved
-    const int error = flushFileSystem(place);
+    const int error = flushVolume(m_place);
     return error == 0
         || fail(QStringLiteral("The copy in %1 could not be written to the device: %2.")
-                    .arg(quoted(place), systemText(error)));
-}
-
-bool StagedCopy::merge(const QString &from, const QString &to)
-{
-    if (!isFolder(from) || !existsOrIsLink(to)) {
-        if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData())
-            == 0) {
-            return true;
-        }
-        return fail(QStringLiteral("%1 cannot be moved to its place: %2. It lies whole at %3.")
-                        .arg(quoted(to), systemText(errno), quoted(from)));
-    }
-    const QStringList names = QDir(from).entryList(
-        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Unsorted);
-    for (const QString &name : names) {
-        if (!merge(from + QLatin1Char('/') + name, to + QLatin1Char('/') + name)) {
-            return false;
-        }
-    }
-    return true;
+                    .arg(quoted(m_job.held->shown(m_place)), systemText(error)));
 }
 
 QStringList StagedCopy::discard()
 {
     QStringList removed;
-    if (m_folder) {
-        removed.append(m_folder->path());
-        m_folder->remove();
-        m_folder.reset();
-    } else if (!m_job.landingExists) {
+    m_error.clear();
+    if (m_staging) {
+        const QString path = m_job.held->shown(m_staging->path());
+        if (m_staging->discard()) {
+            removed.append(path);
+        } else {
+            fail(QStringLiteral("%1 could not be removed. The next export to this place will try "
+                                "again.")
+                     .arg(quoted(path)));
+        }
+        m_staging.reset();
+    } else if (!m_job.landingExists && !m_isMerged) {
         removed.append(m_job.landing);
         if (m_job.isFolder) {
-            QDir(m_job.landing).removeRecursively();
+            QDir(m_landing).removeRecursively();
         } else {
-            QFile::remove(m_job.landing);
+            QFile::remove(m_landing);
+        }
+        if (existsOrIsLink(m_landing)) {
+            removed.clear();
+            fail(QStringLiteral("%1 could not be removed.").arg(quoted(m_job.landing)));
         }
     }
-    // those below a folder just removed are gone; another job's files keep theirs
+    // those below a folder just removed are gone; what holds another job's files stays
     while (!m_created.isEmpty()) {
         ::rmdir(QFile::encodeName(m_created.takeLast()).constData());
     }
     return removed;
-}
-
-void StagedCopy::keep()
-{
-    if (m_folder) {
-        m_folder->remove();
-    }
-    m_folder.reset();
-    m_created.clear();
 }
 
 bool StagedCopy::fail(const QString &sentence)

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "fieldhost/cli/export/ExportPlan.h"
+#include "fieldhost/cli/export/StagingFolder.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <memory>
-
-class QTemporaryDir;
 
 namespace Tavro::FieldHost {
 
@@ -18,7 +17,7 @@ namespace Tavro::FieldHost {
  * controller would not write to exactly that name, the place is in a new hidden folder beside or
  * below it on the same file system: neither an abort nor a failure can then touch what was there.
  *
- * What was created and not kept by settle() is removed by discard().
+ * All of it is reached by way of the job's held folder.
  */
 class StagedCopy
 {
@@ -32,29 +31,34 @@ public:
     bool prepare();
     /** Path to hand to the controller; of a folder without "/" at its end. */
     QString root() const { return m_root; }
-    /** True when root() is not where the copy stays. */
-    bool isStaged() const { return m_folder != nullptr; }
+    /** Where the copy is to be found in the end. */
+    QString landing() const { return m_landing; }
+    /** True while root() is not where the copy stays. */
+    bool isStaged() const { return m_staging != nullptr; }
 
     /**
-     * Moves a whole copy to its landing and waits until it is on the device. False, with a
-     * sentence in error(), if it cannot.
+     * Moves a whole copy to its landing and waits until it is on the device. False, with
+     * sentences in error(), if it cannot.
      */
     bool settle();
-    /** Removes the copy and every folder created for it. Returns what was removed, if anything. */
+    /**
+     * Removes the copy and every folder created for it, but not what has been moved to its
+     * landing. Returns what was removed, if anything; a sentence in error() if something stays.
+     */
     QStringList discard();
-    /** Removes the hidden folder, and keeps a copy that lies at its landing. */
-    void keep();
 
     QString error() const { return m_error; }
 
 private:
     bool createFolders(const QString &path);
-    bool merge(const QString &from, const QString &to);
     bool fail(const QString &sentence);
 
     const ExportJob &m_job;
+    const QString m_landing;
+    const QString m_place; // the folder that the landing is, or lies in
     QString m_root;
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<StagingFolder> m_staging;
+    bool m_isMerged = false;
     QStringList m_created; // parents first
     QString m_error;
 };

@@ -30,8 +30,8 @@ On a terminal, q or Ctrl-C aborts: the folder that is being deleted still goes w
 it stay.
 
 Exit codes:
-  0  everything is deleted
-  1  failed: the message names what is still there
+  0  everything is deleted, and that is on the device
+  1  failed: the message names what is still there, and the cause
   2  the command line was not understood, or --yes is missing
   3  nothing deleted: a PATH is missing, or must not be deleted
   6  aborted, or the answer was not yes)";

@@ -3,9 +3,14 @@
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/Paths.h"
 #include "fieldhost/cli/Text.h"
-#include "shared/filesystem/CFileSystemHelper.h"
 
+#include <QFile>
 #include <QFileInfo>
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace Tavro::FieldHost {
 
@@ -15,6 +20,55 @@ namespace {
 
 constexpr int s_liveInterval = 100; // ms
 constexpr int s_plainInterval = 1000; // ms
+constexpr int s_shownFolders = 5;
+
+QString sentence(const char *what, const QString &path, int error)
+{
+    const QString text = QString::fromLatin1(what).replace(QLatin1String("%1"), quoted(path));
+    return error == 0 ? text + QLatin1Char('.')
+                      : text + QStringLiteral(": %1.").arg(systemText(error));
+}
+
+// what is left of a folder, and why; empty when nothing is
+QString failure(const Shared::CFileOperationResult &result)
+{
+    QStringList lines;
+    if (!result.path.isEmpty()) {
+        lines.append(sentence("%1 cannot be deleted", result.path, result.systemError));
+    }
+    const QStringList &folders = result.unreadableDirectories;
+    for (int i = 0; i < qMin(folders.size(), s_shownFolders); ++i) {
+        lines.append(sentence("The folder %1 cannot be read as a whole", folders.at(i),
+                              result.path.isEmpty() ? result.systemError : 0));
+    }
+    if (folders.size() > s_shownFolders) {
+        lines.append(QStringLiteral("The same goes for %1.")
+                         .arg(counted(folders.size() - s_shownFolders, "more folder")));
+    }
+    if (lines.isEmpty() && !result.isWhole()) {
+        lines.append(QStringLiteral("The deletion did not come to its end."));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+// the same for a file or a link, which it deletes
+QString deleteFile(const QString &path)
+{
+    if (::unlink(QFile::encodeName(path).constData()) != 0) {
+        return sentence("%1 cannot be deleted", path, errno);
+    }
+    const QByteArray folder = QFile::encodeName(parentOf(absolutePath(path)));
+    const int fd = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0) {
+        ::sync(); // a folder that may be written to and not read
+        return {};
+    }
+    const int error = ::fsync(fd) == 0 ? 0 : errno;
+    ::close(fd);
+    return error == 0
+        ? QString()
+        : sentence("That %1 is deleted could not be written to the device", path, error);
+}
 
 } // namespace
 
@@ -59,29 +113,34 @@ void DeleteRun::next()
         m_controller.deleteDirectory(path); // onStateChanged() hears of its end
         return;
     }
-    Shared::CFileSystemHelper::deleteFiles({path}, false);
-    settle();
+    settle(deleteFile(path));
 }
 
 void DeleteRun::onStateChanged()
 {
     if (m_isAtWork && m_controller.state() == CFileDeleteController::StateIdle) {
         m_isAtWork = false;
-        settle();
+        settle(failure(m_controller.lastResult()));
     }
 }
 
-// the controller does not tell whether it succeeded
-void DeleteRun::settle()
+void DeleteRun::settle(const QString &failure)
 {
     const QString path = m_paths.at(m_current);
     m_console.clearLiveLine();
-    if (!existsOrIsLink(path)) {
+    const bool isThere = existsOrIsLink(path);
+    if (failure.isEmpty() && !isThere) {
         ++m_deleted;
         m_console.print(QStringLiteral("Deleted: %1").arg(quoted(path)));
     } else if (!m_isAborting) {
-        m_console.printError(
-            QStringLiteral("Failed: %1, or part of it, is still there.").arg(quoted(path)));
+        QStringList lines;
+        if (isThere) {
+            lines.append(QStringLiteral("%1, or part of it, is still there.").arg(quoted(path)));
+        }
+        if (!failure.isEmpty()) {
+            lines.append(failure);
+        }
+        m_console.printError(QStringLiteral("Failed: ") + lines.join(QLatin1Char('\n')));
     }
     QMetaObject::invokeMethod(this, &DeleteRun::next, Qt::QueuedConnection);
 }

@@ -32,7 +32,7 @@ Q_SIGNALS:
 private:
     void next();
     void onStateChanged();
-    void settle();
+    void settle(const QString &failure);
     void showProgress();
     void finish();
 

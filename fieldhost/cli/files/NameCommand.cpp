@@ -3,6 +3,7 @@
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Text.h"
 #include "fieldhost/cli/files/CommandLine.h"
+#include "fieldhost/cli/files/FolderListing.h"
 #include "shared/filesystem/CFileSystemHelper.h"
 
 #include <QFileInfo>
@@ -27,7 +28,7 @@ Options:
 Exit codes:
   0  done
   2  the command line was not understood
-  4  D is no folder)";
+  4  D is no folder, or which names it holds cannot be read)";
 
 const char s_safeNameHelpText[] = R"(Usage: ovo-fieldhost safe-name TEXT
 
@@ -61,6 +62,12 @@ int runName(const QStringList &arguments)
     const QString directory = line.value(directoryOption);
     if (!QFileInfo(directory).isDir()) {
         console.printError(QStringLiteral("%1 is no folder.").arg(quoted(directory)));
+        return ExitDestinationRefused;
+    }
+    const auto unreadable = unreadableFolders(directory, Depth::Folder);
+    if (!unreadable.isEmpty()) {
+        console.printError(QStringLiteral("Which names are taken in %1 cannot be read (%2).")
+                               .arg(quoted(directory), systemText(unreadable.first().error)));
         return ExitDestinationRefused;
     }
     const QString extension = line.value(extensionOption);

@@ -3,12 +3,11 @@
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Text.h"
 #include "fieldhost/cli/files/CommandLine.h"
+#include "fieldhost/cli/files/FolderListing.h"
 #include "shared/fileops/CDirectorySizeFinder.h"
 #include "shared/filesystem/CFileSystemHelper.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
-#include <QHash>
 
 namespace Tavro::FieldHost {
 
@@ -23,32 +22,19 @@ Options:
 
 Exit codes:
   0  done
+  1  failed: not all that is in a PATH could be counted; the message names the folders
   2  the command line was not understood
   3  a PATH is neither folder nor file; the others are shown all the same)";
 
-// all folders at a time; returns when the last one is done
-QHash<QString, qint64> sizesOfFolders(const QStringList &paths)
+// false when the size of a folder is not that of all that it holds
+bool tellUnreadable(const QString &folder, Console &console)
 {
-    QHash<QString, qint64> sizes;
-    Shared::CDirectorySizeFinder finder;
-    int pending = 0;
-    QObject::connect(&finder, &Shared::CDirectorySizeFinder::gotSizeOfPath, &finder,
-                     [&](const QString &path, qulonglong size) {
-                         sizes.insert(path, static_cast<qint64>(size));
-                         if (--pending == 0) {
-                             QCoreApplication::quit();
-                         }
-                     });
-    for (const QString &path : paths) {
-        if (QFileInfo(path).isDir()) {
-            finder.startDirectorySizeCalculation(path);
-            ++pending;
-        }
+    const QVector<UnreadableFolder> folders = unreadableFolders(folder, Depth::Tree);
+    for (const UnreadableFolder &unreadable : folders) {
+        console.printError(QStringLiteral("What %1 holds is not counted, or only in part (%2).")
+                               .arg(quoted(unreadable.path), systemText(unreadable.error)));
     }
-    if (pending > 0) {
-        QCoreApplication::exec();
-    }
-    return sizes;
+    return folders.isEmpty();
 }
 
 int runSize(const QStringList &arguments)
@@ -58,22 +44,27 @@ int runSize(const QStringList &arguments)
     if (const auto over = line.parse(arguments, "PATH", 1, -1)) {
         return *over;
     }
-    const QStringList paths = line.arguments();
-    const QHash<QString, qint64> folders = sizesOfFolders(paths);
+    bool isRefused = false;
     bool isComplete = true;
+    const QStringList paths = line.arguments();
     for (const QString &path : paths) {
-        if (!folders.contains(path) && !QFileInfo(path).isFile()) {
+        const QFileInfo info(path);
+        if (!info.isDir() && !info.isFile()) {
             console.printError(QStringLiteral("%1 is neither folder nor file.").arg(quoted(path)));
-            isComplete = false;
+            isRefused = true;
             continue;
         }
-        const qint64 bytes = folders.value(path, Shared::CFileSystemHelper::getFileSize(path));
+        // on this thread: one that cannot be made would be waited for
+        Shared::CDirectorySizeFinder finder;
+        const qint64 bytes = info.isDir() ? static_cast<qint64>(finder.dirSize(path).first)
+                                          : Shared::CFileSystemHelper::getFileSize(path);
         console.print(QStringLiteral("%1 (%2 bytes): %3")
                           .arg(formatBytes(bytes))
                           .arg(bytes)
                           .arg(quoted(path)));
+        isComplete = (!info.isDir() || tellUnreadable(path, console)) && isComplete;
     }
-    return isComplete ? ExitDone : ExitSourceRefused;
+    return isRefused ? ExitSourceRefused : isComplete ? ExitDone : ExitFailed;
 }
 
 } // namespace

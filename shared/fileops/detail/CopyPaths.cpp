@@ -4,6 +4,7 @@
 #include "shared/filesystem/detail/NativeName.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace Tavro::Shared::detail {
 
@@ -22,7 +23,24 @@ QString absolute(const QString &path)
     return current.isEmpty() ? QString() : withFinalSlash(current) + path;
 }
 
-QString trimmed(const QString &path)
+// Empty where the path goes up from what is not there: nobody can tell where it would lead.
+QString withoutParents(const QString &path)
+{
+    const QString up = QStringLiteral("/..");
+    int end = path.lastIndexOf(up + s_slash);
+    end = path.endsWith(up) ? path.size() : end < 0 ? -1 : end + up.size();
+    if (end < 0) {
+        return path;
+    }
+    const QString directory = QFileInfo(path.left(end)).canonicalFilePath();
+    return directory.isEmpty() || end == path.size()
+        ? directory
+        : withFinalSlash(directory) + path.mid(end + 1);
+}
+
+} // namespace
+
+QString withoutBlanksAtEnd(const QString &path)
 {
     int length = path.size();
     const auto isBlank = [](QChar c) { return c == QLatin1Char(' ') || c == QLatin1Char('\t'); };
@@ -32,11 +50,14 @@ QString trimmed(const QString &path)
     return path.left(length);
 }
 
-} // namespace
-
 QString withFinalSlash(const QString &path)
 {
     return path.endsWith(s_slash) ? path : path + s_slash;
+}
+
+QString withoutFinalSlash(const QString &path)
+{
+    return path.size() > 1 && path.endsWith(s_slash) ? path.chopped(1) : path;
 }
 
 QString sourceDirectory(const QString &path)
@@ -60,7 +81,7 @@ QString sourceFile(const QString &path)
 
 QString destination(const QString &path)
 {
-    return destinationFile(trimmed(path));
+    return destinationFile(withoutBlanksAtEnd(path));
 }
 
 QString destinationFile(const QString &path)
@@ -69,7 +90,7 @@ QString destinationFile(const QString &path)
         return path;
     }
     const QString resolved = resolvedPath(path);
-    return isResource(resolved) ? QString() : absolute(resolved);
+    return isResource(resolved) ? QString() : withoutParents(absolute(resolved));
 }
 
 } // namespace Tavro::Shared::detail

@@ -18,14 +18,19 @@ QString sourceDirectory(const QString &path);
 QString sourceFile(const QString &path);
 
 /**
- * A destination as an absolute path without the blanks and tabs at its end: what a copy writes
- * to, and an abort removes. Empty when nothing can be written there.
+ * A destination as an absolute path without ".." and without the blanks and tabs at its end: what
+ * a copy writes to, and an abort removes. Empty when nothing can be written there.
  */
 QString destination(const QString &path);
 
 /** The same for a destination whose name is taken as it is given. */
 QString destinationFile(const QString &path);
 
+QString withoutBlanksAtEnd(const QString &path);
+
 QString withFinalSlash(const QString &path);
+
+/** The root keeps it. */
+QString withoutFinalSlash(const QString &path);
 
 } // namespace Tavro::Shared::detail

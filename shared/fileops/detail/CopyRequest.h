@@ -12,6 +12,7 @@ namespace Tavro::Shared::detail {
 struct CopyRequest : RunRequest
 {
     QList<CFileCopyData> jobs;
+    QStringList directoryNames; // what the directory that each job fills is called in the request
     QSet<QString> specialFiles; // those of the jobs' files that are not to be opened
     std::atomic<int> error{CFileCopyController::ErrorNone};
 };

@@ -1,13 +1,13 @@
 #include "shared/fileops/detail/CopyRun.h"
 
 #include "shared/fileops/CFileCopyData.h"
+#include "shared/fileops/detail/CopyPaths.h"
 #include "shared/fileops/detail/DestinationRemoval.h"
 #include "shared/fileops/detail/DestinationTree.h"
 #include "shared/fileops/detail/FileDescriptor.h"
 #include "shared/fileops/detail/SystemSync.h"
 #include "shared/filesystem/detail/NativeName.h"
 
-#include <QDir>
 #include <QStringBuilder>
 
 #include <fcntl.h>
@@ -95,6 +95,7 @@ struct CopyRun::Target
     FileDescriptor file = {};
     bool isNew = false;
     bool isNamed = false; // its name is on the device
+    bool isCutOff = false; // by an abort, before all of it was written
 };
 
 CopyRun::CopyRun(CFileCopyWorker &worker, CopyCore &core, CopyRequest &request)
@@ -107,9 +108,12 @@ CopyRun::CopyRun(CFileCopyWorker &worker, CopyCore &core, CopyRequest &request)
 void CopyRun::copyTrees()
 {
     const QList<CFileCopyData> jobs = m_request.jobs;
-    const bool isDone = std::all_of(jobs.begin(), jobs.end(),
-                                    [this](const CFileCopyData &job) { return copyTree(job); });
-    const int error = finish(jobs.value(0).destinationPath);
+    bool isDone = true;
+    for (int i = 0; isDone && i < jobs.size(); ++i) {
+        m_worker.updateProcessingDirectory(m_request.directoryNames.value(i));
+        isDone = copyTree(jobs.at(i));
+    }
+    const int error = finish(withoutFinalSlash(jobs.value(0).destinationPath));
     if (isDone && error != CFileCopyController::ErrorNone) {
         m_request.error = error;
         Q_EMIT m_worker.errorOccurred(error);
@@ -119,7 +123,6 @@ void CopyRun::copyTrees()
 // false when the run is to stop here
 bool CopyRun::copyTree(const CFileCopyData &job)
 {
-    m_worker.updateProcessingDirectory(QDir(job.destinationPath).dirName());
     DestinationTree destination(job.destinationPath, DestinationTree::Root::MadeWhenMissing,
                                 m_volumes);
     makeDirectories(job, destination);
@@ -220,8 +223,9 @@ int CopyRun::copyInto(Target &target, const QString &sourcePath, FileDescriptor 
     if (!target.file.close() && error == CFileCopyController::ErrorNone) {
         error = fail(CFileCopyController::ErrorDestinationFileWriteFailed, target.path);
     }
-    // one that is cut off goes with the destinations, where somebody is left to remove these
-    const bool isLeftOver = m_request.canceled && isLeftByAbort(target.path);
+    // one that is cut off goes with the destinations, unless nobody removes these
+    const bool isLeftOver =
+        target.isCutOff && (m_request.abandoned || (info.st_size == 0 && isKept(target.path)));
     if (error != CFileCopyController::ErrorNone || isLeftOver) {
         target.tree.removeFile(name.get(), info);
     }
@@ -240,7 +244,8 @@ int CopyRun::copyChunks(Target &target, const QString &sourcePath, FileDescripto
     for (;;) {
         m_core.processEvents();
         if (m_request.canceled) {
-            return CFileCopyController::ErrorNone; // cut off
+            target.isCutOff = copied < sourceSize;
+            return CFileCopyController::ErrorNone;
         }
         m_core.gate().pass();
 
@@ -302,12 +307,9 @@ int CopyRun::finish(const QString &path)
     return fail(CFileCopyController::ErrorDestinationFileWriteFailed, path);
 }
 
-// true when nobody will remove the destination that holds the file
-bool CopyRun::isLeftByAbort(const QString &targetPath) const
+// true when an abort leaves the destination that holds the file
+bool CopyRun::isKept(const QString &targetPath) const
 {
-    if (m_request.abandoned) {
-        return true;
-    }
     QStringList sources;
     for (const CFileCopyData &job : qAsConst(m_request.jobs)) {
         sources.append(job.sourcePath);

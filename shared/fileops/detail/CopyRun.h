@@ -47,7 +47,7 @@ private:
                    qint64 sourceSize);
     bool finishChunk(qint64 size);
     int finish(const QString &path);
-    bool isLeftByAbort(const QString &targetPath) const;
+    bool isKept(const QString &targetPath) const;
     int fail(CFileCopyController::Error error, const QString &path);
 
     CFileCopyWorker &m_worker;

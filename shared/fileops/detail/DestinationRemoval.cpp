@@ -72,19 +72,18 @@ void removeDirectory(const QString &path, const KeptSources &sources)
 KeptSources::KeptSources(const QStringList &sources)
 {
     insertWithAncestors("/");
-    for (const QString &source : sources) {
+    for (QString path : sources) {
+        while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
+            path.chop(1); // what is asked for as a directory may be a file
+        }
         struct stat info = {};
-        if (!isNameable(source) || ::stat(QFile::encodeName(source).constData(), &info) != 0) {
+        if (!isNameable(path) || ::stat(QFile::encodeName(path).constData(), &info) != 0) {
             continue;
         }
         m_files.emplace(info.st_dev, info.st_ino);
-        QString path = source;
-        while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
-            path.chop(1);
-        }
         // a link and what it points to are held by directories of their own
         insertWithAncestors(parentOf(path));
-        insertWithAncestors(parentOf(QFileInfo(source).canonicalFilePath()));
+        insertWithAncestors(parentOf(QFileInfo(path).canonicalFilePath()));
     }
 }
 

@@ -61,9 +61,12 @@ int DestinationTree::makeDirectories(const QStringList &directories)
                 errno = ENOTDIR;
                 break;
             }
-            ::fstatat(m_folder.get(), name.get(), &info, AT_SYMLINK_NOFOLLOW);
-            if (S_ISLNK(info.st_mode)) {
-                m_links.insert(path + s_slash);
+            struct stat entry = {};
+            const bool isLink =
+                ::fstatat(m_folder.get(), name.get(), &entry, AT_SYMLINK_NOFOLLOW) == 0
+                && S_ISLNK(entry.st_mode);
+            if (isLink || info.st_dev != m_folderInfo.st_dev) {
+                m_waysOut.insert(path + s_slash, info);
             }
         }
         ++made;
@@ -100,11 +103,15 @@ bool DestinationTree::openRoot()
         && QDir().mkpath(m_rootPath)) {
         m_root = FolderHandle::open(path.constData(), FolderHandle::Links::Follow);
     }
-    if (!m_root.isOpen() || ::fstat(m_root.get(), &m_rootInfo) != 0) {
+    if (!m_root.isOpen()) {
+        return false;
+    }
+    if (::fstat(m_root.get(), &m_rootInfo) != 0) {
+        m_root.close();
         return false;
     }
     m_flushed.clear();
-    m_links.clear();
+    m_waysOut.clear();
     return true;
 }
 
@@ -112,28 +119,31 @@ bool DestinationTree::openRoot()
 // path leads elsewhere now: behind a link, or to the volume below the one that was taken away.
 bool DestinationTree::isRootUsable()
 {
-    if (!m_root.isOpen()) {
-        const bool isOpen = openRoot();
+    if (m_canonicalRoot.isEmpty()) {
+        if (!openRoot()) {
+            return false; // with errno as it is: nothing is asked of the system any more
+        }
+        m_device = m_rootInfo.st_dev;
         m_canonicalRoot = canonicalPath(m_rootPath);
-        return isOpen;
+        return true;
     }
     struct stat info = {};
     if (examine(m_rootPath, info)) {
-        if (isSameFile(info, m_rootInfo)) {
+        if (m_root.isOpen() && isSameFile(info, m_rootInfo)) {
             return true;
         }
-        if (info.st_dev != m_rootInfo.st_dev || canonicalPath(m_rootPath) != m_canonicalRoot) {
+        if (info.st_dev != m_device || canonicalPath(m_rootPath) != m_canonicalRoot) {
             errno = ENODEV;
             return false;
         }
     } else if (errno != ENOENT || !mayMakeRootAgain()) {
         return false;
     }
-    const dev_t device = m_rootInfo.st_dev;
     if (!openRoot()) {
         return false;
     }
-    if (m_rootInfo.st_dev != device) {
+    if (m_rootInfo.st_dev != m_device) {
+        m_root.close();
         errno = ENODEV;
         return false;
     }
@@ -153,26 +163,27 @@ bool DestinationTree::mayMakeRootAgain() const
     }
     const bool isRootOfAll = existing.isEmpty() && examine(QStringLiteral("/"), info);
     const QString canonical = isRootOfAll ? QString() : canonicalPath(existing);
-    const bool isThere = info.st_dev == m_rootInfo.st_dev && canonical + rest == m_canonicalRoot;
+    const bool isThere = info.st_dev == m_device && canonical + rest == m_canonicalRoot;
     if (!isThere) {
         errno = ENODEV;
     }
     return isThere;
 }
 
-// Name by name from the root: what stands in the place of a directory may be a link now.
+// Name by name from the root: what stands in the place of a directory may be a link now, or the
+// root of another volume.
 bool DestinationTree::descendTo(const QString &path)
 {
     FolderHandle folder = FolderHandle::openBelow(m_root.get(), ".");
     for (int begin = m_rootPath.size(); folder.isOpen() && begin < path.size();) {
         const int end = path.indexOf(s_slash, begin);
-        folder = openBelow(folder.get(), path, begin, end);
+        folder = openBelow(folder, path, begin, end);
         begin = end + 1;
     }
-    if (!folder.isOpen() || ::fstat(folder.get(), &m_folderInfo) != 0) {
+    if (!folder.isOpen() || ::fstat(folder.get(), &m_folderInfo) != 0
+        || !m_volumes.add(folder.get(), m_folderInfo.st_dev)) {
         return false;
     }
-    m_volumes.add(folder.get(), m_folderInfo.st_dev);
     m_folder = std::move(folder);
     m_folderPath = path;
     m_coversNames = fsyncCoversName(m_folder.get());
@@ -180,12 +191,25 @@ bool DestinationTree::descendTo(const QString &path)
     return true;
 }
 
-FolderHandle DestinationTree::openBelow(int folder, const QString &path, int begin, int end) const
+FolderHandle DestinationTree::openBelow(const FolderHandle &folder, const QString &path, int begin,
+                                        int end) const
 {
     const NativeName name(path.mid(begin, end - begin), 0);
-    const bool wasLink = m_links.contains(path.left(end + 1));
-    return FolderHandle::openBelow(
-        folder, name.get(), wasLink ? FolderHandle::Links::Follow : FolderHandle::Links::Refuse);
+    const auto wayOut = m_waysOut.constFind(path.left(end + 1));
+    const bool leadsOut = wayOut != m_waysOut.cend();
+    FolderHandle below = FolderHandle::openBelow(folder.get(), name.get(),
+                                                 leadsOut ? FolderHandle::Links::Follow
+                                                          : FolderHandle::Links::Refuse);
+    struct stat above = {};
+    struct stat info = {};
+    if (!below.isOpen() || ::fstat(folder.get(), &above) != 0 || ::fstat(below.get(), &info) != 0) {
+        return {};
+    }
+    if (leadsOut ? !isSameFile(info, *wayOut) : info.st_dev != above.st_dev) {
+        errno = ENODEV;
+        return {};
+    }
+    return below;
 }
 
 FileDescriptor DestinationTree::openFile(const char *name, bool &isNew) const
@@ -226,7 +250,7 @@ bool DestinationTree::flushWay()
             m_flushed.insert(path);
         }
         const int end = m_folderPath.indexOf(s_slash, begin);
-        folder = openBelow(folder.get(), m_folderPath, begin, end);
+        folder = openBelow(folder, m_folderPath, begin, end);
         begin = end + 1;
     }
     const QString above; // stands for what lies above the root

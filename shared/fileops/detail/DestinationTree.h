@@ -4,6 +4,7 @@
 #include "shared/filesystem/detail/FolderHandle.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -68,7 +69,8 @@ private:
     bool isRootUsable();
     bool mayMakeRootAgain() const;
     bool descendTo(const QString &path);
-    FolderHandle openBelow(int folder, const QString &path, int begin, int end) const;
+    FolderHandle openBelow(const FolderHandle &folder, const QString &path, int begin,
+                           int end) const;
     bool flushWay();
     bool flushVolumeAboveRoot() const;
 
@@ -78,6 +80,7 @@ private:
     FolderHandle m_root;
     struct stat m_rootInfo = {};
     QString m_canonicalRoot; // where the root was found first, links resolved
+    dev_t m_device = 0; // on which it was found first
 
     FolderHandle m_folder; // the directory entered last
     struct stat m_folderInfo = {};
@@ -85,7 +88,8 @@ private:
     bool m_coversNames = true; // fsync() of a file in it
     bool m_isFolderFlushed = false;
 
-    QSet<QString> m_links; // directories that were links before the copy began
+    // links and mount points among the directories that were there before, and where they lead
+    QHash<QString, struct stat> m_waysOut;
     QSet<QString> m_flushed; // directories whose subdirectories' names are on the device
 };
 

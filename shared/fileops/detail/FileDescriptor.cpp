@@ -3,6 +3,7 @@
 #include "shared/filesystem/detail/NativeName.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -78,6 +79,10 @@ FileDescriptor FileDescriptor::openFoundFile(const QString &path, struct stat &i
 // A resource lies in the program's memory. A file in memory is read like any other.
 FileDescriptor FileDescriptor::openResource(const QString &path)
 {
+    if (QFileInfo(path).isDir()) { // QFile opens it, and finds it empty
+        errno = EISDIR;
+        return {};
+    }
     QFile resource(path);
     if (!resource.open(QIODevice::ReadOnly)) {
         errno = ENOENT;

@@ -87,7 +87,9 @@ protected:
         }
         // what somebody else has removed is gone, too
         if (errno != ENOENT) {
-            fail(entry.d_name, errno);
+            // a directory here is one that could not be told from a file
+            const bool isUntold = errno == EISDIR && hasNoticed(pathOfFolder());
+            fail(entry.d_name, isUntold ? m_notices.back().error : errno);
         }
         return Next::GoOn;
     }
@@ -96,8 +98,10 @@ protected:
     {
         const bool isGone = ::unlinkat(folder, name, AT_REMOVEDIR) == 0 || errno == ENOENT;
         const int error = errno;
+        // its path is long in a deep tree, so it is made only when it is needed
+        const QByteArray path = isGone && m_notices.empty() ? QByteArray() : pathOf(name);
         if (isGone) {
-            while (hasNoticed(name)) {
+            while (hasNoticed(path)) {
                 m_notices.pop_back();
             }
             return;
@@ -105,7 +109,7 @@ protected:
         if (error == EBUSY) {
             flushMount(folder, name);
         }
-        fail(name, hasNoticed(name) ? m_notices.back().error : error);
+        fail(name, hasNoticed(path) ? m_notices.back().error : error);
     }
 
 private:
@@ -138,9 +142,9 @@ private:
     void forgive(const char *name) { m_hasFailed = m_hasFailed && m_path != pathOf(name); }
 
     // of what was in it nothing is left to tell of
-    bool hasNoticed(const char *folder) const
+    bool hasNoticed(const QByteArray &folder) const
     {
-        return !m_notices.empty() && m_notices.back().path == pathOf(folder);
+        return !m_notices.empty() && m_notices.back().path == folder;
     }
 
     // what was removed below a mount point is not on the volume that is flushed in the end

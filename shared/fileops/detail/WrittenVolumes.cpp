@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <utility>
 
 namespace Tavro::Shared::detail {
 
@@ -41,11 +42,13 @@ bool flushDirectory(int folder)
     return result == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
 }
 
-void WrittenVolumes::add(int folder, dev_t device)
+bool WrittenVolumes::add(int folder, dev_t device)
 {
-    if (m_volumes.count(device) == 0) {
-        m_volumes.emplace(device, FolderHandle::openBelow(folder, "."));
+    if (m_volumes.count(device) != 0) {
+        return true;
     }
+    FolderHandle volume = FolderHandle::openBelow(folder, ".");
+    return volume.isOpen() && m_volumes.emplace(device, std::move(volume)).second;
 }
 
 bool WrittenVolumes::flushDrives() const

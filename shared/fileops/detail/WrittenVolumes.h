@@ -26,8 +26,8 @@ bool flushDirectory(int folder);
 class WrittenVolumes
 {
 public:
-    /** Adds the volume @p device of the directory @p folder, once. */
-    void add(int folder, dev_t device);
+    /** Adds the volume @p device of the directory @p folder, once; false when it cannot. */
+    bool add(int folder, dev_t device);
 
     /**
      * Flushes the drives' own caches where sync() does not: it sends no flush to a FAT drive,

@@ -51,7 +51,9 @@ protected:
      */
     virtual void notice(const QByteArray &path, int error);
 
-    /** The path of @p name in the folder at hand, below the root. */
+    /** The path of the folder at hand, below the root. */
+    QByteArray pathOfFolder() const;
+    /** The path of @p name in it. */
     QByteArray pathOf(const char *name) const;
 
 private:
@@ -60,7 +62,6 @@ private:
     void enter(FolderHandle folder);
     bool readFolder(Level &level);
     void noticeUnlessGone(const QByteArray &path, int error);
-    QByteArray pathOfFolder() const;
     bool isFolder(int folder, const dirent64 &entry);
     void closeFarthest();
     void ascend();

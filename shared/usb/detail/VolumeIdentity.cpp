@@ -19,25 +19,23 @@ struct Field
 };
 
 constexpr int s_bootSectorSize = 512;
-constexpr Field s_fatCount = {16, 1}; // 0 in the boot sectors of exFAT and NTFS
+constexpr Field s_oemName = {3, 8};
 constexpr Field s_sectorsPerFat = {22, 2}; // 0: FAT32, which has a field of 32 bits elsewhere
+constexpr Field s_fat16Kind = {54, 8}; // as a text
+constexpr Field s_fat32Kind = {82, 8};
 constexpr Field s_signature = {510, 2};
 
 constexpr Field s_fat16Fields[] = {
-    {3, 8}, // OEM name
-    {11, 25}, // sizes
+    s_oemName,   {11, 25}, // sizes
     {39, 4}, // volume serial number
-    {54, 8}, // kind, as a text
-    s_signature,
+    s_fat16Kind, s_signature,
 };
 
 constexpr Field s_fat32Fields[] = {
-    {3, 8}, // OEM name
-    {11, 25}, // sizes
+    s_oemName,   {11, 25}, // sizes
     {36, 16}, // sizes that only FAT32 has, places of its root directory and of its copies
     {67, 4}, // volume serial number
-    {82, 8}, // kind, as a text
-    s_signature,
+    s_fat32Kind, s_signature,
 };
 
 QByteArray valueOf(const Field &field, const QByteArray &bootSector)
@@ -50,13 +48,20 @@ bool isZero(const QByteArray &value)
     return value.count('\0') == value.size();
 }
 
-// each kind has its dirty byte where the other keeps a size
-bool isOfType(const QByteArray &bootSector, bool isFat32)
+// the type was told some time before this look, and each kind has its dirty byte where another
+// keeps a size
+bool isOfAnotherType(const QByteArray &bootSector, bool isFat32)
 {
     // without the signature there is nothing to go by, and Linux mounts such a FAT, too
-    return valueOf(s_signature, bootSector) != "\x55\xAA"
-        || (!isZero(valueOf(s_fatCount, bootSector))
-            && isZero(valueOf(s_sectorsPerFat, bootSector)) == isFat32);
+    if (valueOf(s_signature, bootSector) != "\x55\xAA") {
+        return false;
+    }
+    const QByteArray oemName = valueOf(s_oemName, bootSector);
+    if (oemName == "EXFAT   " || oemName == "NTFS    ") {
+        return true;
+    }
+    return isFat32 ? !isZero(valueOf(s_sectorsPerFat, bootSector))
+                   : valueOf(s_fat32Kind, bootSector) == "FAT32   ";
 }
 
 } // namespace
@@ -64,6 +69,7 @@ bool isOfType(const QByteArray &bootSector, bool isFat32)
 QByteArray volumeIdentity(std::FILE *device, const QString &fileSystemType)
 {
     struct stat status = {};
+    // the seek fails on a pipe, which would be waited for
     if (::fstat(::fileno(device), &status) != 0 || ::fseeko(device, 0, SEEK_SET) != 0) {
         return {};
     }
@@ -71,7 +77,7 @@ QByteArray volumeIdentity(std::FILE *device, const QString &fileSystemType)
     bootSector.truncate(
         static_cast<int>(std::fread(bootSector.data(), 1, s_bootSectorSize, device)));
     const bool isFat32 = fileSystemType == QLatin1String("fat32");
-    if (std::ferror(device) != 0 || !isOfType(bootSector, isFat32)) {
+    if (std::ferror(device) != 0 || isOfAnotherType(bootSector, isFat32)) {
         return {};
     }
     // a copy of the volume in a file is not the drive

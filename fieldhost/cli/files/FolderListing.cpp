@@ -1,0 +1,57 @@
+#include "fieldhost/cli/files/FolderListing.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <memory>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace Tavro::FieldHost {
+
+namespace {
+
+struct CloseDirectory
+{
+    void operator()(DIR *directory) const { ::closedir(directory); }
+};
+
+void look(int fd, const QByteArray &path, Depth depth, QVector<UnreadableFolder> &found)
+{
+    const std::unique_ptr<DIR, CloseDirectory> directory(fd < 0 ? nullptr : ::fdopendir(fd));
+    if (!directory || ::faccessat(fd, ".", X_OK, AT_EACCESS) != 0) {
+        found.append({path, errno});
+        return;
+    }
+    errno = 0;
+    while (const dirent *entry = ::readdir(directory.get())) {
+        const QByteArray name(entry->d_name);
+        const bool mayBeFolder = entry->d_type == DT_DIR || entry->d_type == DT_UNKNOWN;
+        if (depth == Depth::Tree && mayBeFolder && name != "." && name != "..") {
+            const int below =
+                ::openat(fd, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+            // no folder after all, or gone
+            if (below >= 0 || (errno != ENOTDIR && errno != ELOOP && errno != ENOENT)) {
+                look(below, path + '/' + name, depth, found);
+            }
+        }
+        errno = 0;
+    }
+    if (errno != 0) {
+        found.append({path, errno});
+    }
+}
+
+} // namespace
+
+QVector<UnreadableFolder> unreadableFolders(const QString &folder, Depth depth)
+{
+    QVector<UnreadableFolder> found;
+    const QByteArray path = QFile::encodeName(folder);
+    look(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), path, depth, found);
+    return found;
+}
+
+} // namespace Tavro::FieldHost

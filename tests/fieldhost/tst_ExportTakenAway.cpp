@@ -1,0 +1,193 @@
+#include "tests/fieldhost/Handshake.h"
+#include "tests/fieldhost/Program.h"
+#include "tests/support/FileTree.h"
+#include "tests/support/LoopDevice.h"
+#include "tests/support/PrivateMounts.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTest>
+
+#include <cerrno>
+#include <memory>
+
+#include <sys/mount.h>
+
+using namespace Test;
+
+namespace {
+
+enum Exit { Done = 0, Failed = 1 };
+
+const QString s_drive = QStringLiteral("/media/stick");
+const char s_mountPoint[] = "/media/stick";
+const QString s_node = QStringLiteral("/dev/stick");
+
+constexpr qint64 s_mebibyte = 1024LL * 1024;
+
+} // namespace
+
+/**
+ * `ovo-fieldhost export` to a real volume that is unmounted while it is written to.
+ *
+ * The copy is held where the folder's last byte is written, with a file still to come.
+ */
+class tst_ExportTakenAway : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void aDriveThatIsCopiedToIsNotUnmounted();
+    void nothingLandsBelowTheMountPoint_data();
+    void nothingLandsBelowTheMountPoint();
+    void aFolderThatIsReplacedIsNoticed();
+
+private:
+    bool mountDrive() const;
+    QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+
+    std::unique_ptr<TemporaryFolder> m_folder;
+    std::unique_ptr<LoopDevice> m_loop;
+    QStringList m_sources;
+};
+
+void tst_ExportTakenAway::initTestCase()
+{
+    if (!PrivateMounts::entered()) {
+        QSKIP("a mount namespace of its own needs the rights of root");
+    }
+    if (QStandardPaths::findExecutable(QStringLiteral("mkfs.ext4"),
+                                       {QStringLiteral("/usr/sbin"), QStringLiteral("/sbin")})
+            .isEmpty()) {
+        QSKIP("mkfs.ext4 is not installed");
+    }
+}
+
+void tst_ExportTakenAway::init()
+{
+    m_folder = std::make_unique<TemporaryFolder>();
+    makeFile(path("source/a.bin"), someBytes(100'000));
+    makeFile(path("source/later.txt"));
+    makeFile(path("single"), someBytes(1000));
+    m_sources = QStringList{path("source"), path("single")};
+
+    makeFile(path("image"));
+    QVERIFY(QFile::resize(path("image"), 16 * s_mebibyte));
+    QCOMPARE(QProcess::execute(QStringLiteral("/usr/sbin/mkfs.ext4"),
+                               {QStringLiteral("-q"), QStringLiteral("-E"),
+                                QStringLiteral("lazy_itable_init=0"), path("image")}),
+             0);
+    m_loop = std::make_unique<LoopDevice>(path("image"));
+    PrivateMounts::makeBlockNode(s_node, m_loop->number());
+    QVERIFY(QDir().mkpath(s_drive));
+    QVERIFY(mountDrive());
+}
+
+void tst_ExportTakenAway::cleanup()
+{
+    while (::umount2(s_mountPoint, MNT_DETACH) == 0) { }
+    m_loop.reset();
+    QVERIFY(QDir(s_drive).removeRecursively());
+    m_folder.reset();
+}
+
+bool tst_ExportTakenAway::mountDrive() const
+{
+    return ::mount(qPrintable(s_node), s_mountPoint, "ext4", 0, nullptr) == 0;
+}
+
+void tst_ExportTakenAway::aDriveThatIsCopiedToIsNotUnmounted()
+{
+    Handshake handshake;
+    Program program;
+    program.begin(QStringList{QStringLiteral("export")} + m_sources
+                  + QStringList{s_drive + QStringLiteral("/export")});
+    QVERIFY(handshake.waitUntilHeld());
+    QCOMPARE(::umount2(s_mountPoint, 0), -1);
+    QCOMPARE(errno, EBUSY);
+    handshake.letGo();
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.errors, QString());
+    QCOMPARE(outcome.exitCode, int(Done));
+    QCOMPARE(::umount2(s_mountPoint, 0), 0);
+    QVERIFY(mountDrive());
+    QCOMPARE(treeOf(s_drive + QStringLiteral("/export/source")), treeOf(path("source")));
+    QCOMPARE(contentOf(s_drive + QStringLiteral("/export/single")), someBytes(1000));
+}
+
+void tst_ExportTakenAway::nothingLandsBelowTheMountPoint_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("destination");
+    QTest::newRow("a new folder of the drive")
+        << QStringList() << s_drive + QStringLiteral("/export");
+    QTest::newRow("the drive itself") << QStringList{QStringLiteral("--into-existing")} << s_drive;
+    QTest::newRow("a folder that holds something")
+        << QStringList{QStringLiteral("--into-existing")} << s_drive + QStringLiteral("/filled");
+}
+
+void tst_ExportTakenAway::nothingLandsBelowTheMountPoint()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QString, destination);
+
+    makeFile(s_drive + QStringLiteral("/filled/source/a.bin"), "old");
+    makeFile(s_drive + QStringLiteral("/filled/single"), "old");
+    const QMap<QString, QByteArray> before = treeOf(s_drive);
+    Handshake handshake;
+    Program program;
+    program.begin(QStringList{QStringLiteral("export")} + options + m_sources
+                  + QStringList{destination});
+    QVERIFY(handshake.waitUntilHeld());
+    QCOMPARE(::umount2(s_mountPoint, MNT_DETACH), 0);
+    handshake.letGo();
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QVERIFY2(outcome.errors.startsWith(
+                 QStringLiteral("Failed: the drive was taken away, or the folder moved: \"%1\" is "
+                                "not what it was when the copy began.\n")
+                     .arg(destination)),
+             qPrintable(outcome.errors));
+    QVERIFY(!outcome.output.contains(QLatin1String("Done")));
+    QCOMPARE(treeOf(s_drive), (QMap<QString, QByteArray>()));
+    QVERIFY(mountDrive());
+    QMap<QString, QByteArray> after = treeOf(s_drive);
+    QCOMPARE(after, before);
+}
+
+void tst_ExportTakenAway::aFolderThatIsReplacedIsNoticed()
+{
+    const QString destination = s_drive + QStringLiteral("/filled");
+    makeFile(destination + QStringLiteral("/old"), "old");
+    Handshake handshake;
+    Program program;
+    program.begin(QStringList{QStringLiteral("export"), QStringLiteral("--into-existing")}
+                  + m_sources + QStringList{destination});
+    QVERIFY(handshake.waitUntilHeld());
+    QVERIFY(QFile::rename(destination, s_drive + QStringLiteral("/moved")));
+    makeFile(destination + QStringLiteral("/another"), "another");
+    handshake.letGo();
+    const Outcome outcome = program.end();
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QVERIFY(outcome.errors.startsWith(QLatin1String("Failed: the drive was taken away, or the "
+                                                    "folder moved: ")));
+    QCOMPARE(treeOf(destination).keys(), QStringList{QStringLiteral("another")});
+    QCOMPARE(treeOf(s_drive + QStringLiteral("/moved")).keys(), QStringList{QStringLiteral("old")});
+}
+
+int main(int argc, char *argv[])
+{
+    PrivateMounts::enter();
+    QCoreApplication application(argc, argv);
+    tst_ExportTakenAway test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_ExportTakenAway.moc"
