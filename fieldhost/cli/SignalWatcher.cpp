@@ -3,6 +3,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -35,7 +36,7 @@ SignalWatcher::SignalWatcher(QObject *parent)
 {
     s_endWasRequested = false;
     if (::pipe2(s_selfPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
-        qFatal("no pipe for signals");
+        return; // without one, a signal ends the program as it ends any other
     }
     m_notifier = new QSocketNotifier(s_selfPipe[0], QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &SignalWatcher::readPipe);
@@ -50,8 +51,9 @@ SignalWatcher::~SignalWatcher()
         ::sigaction(watched.signal, &watched.before, nullptr);
     }
     for (int &fd : s_selfPipe) {
-        ::close(fd);
-        fd = -1;
+        if (fd >= 0) {
+            ::close(std::exchange(fd, -1));
+        }
     }
 }
 

@@ -111,10 +111,13 @@ void CFileCopyController::copyDatabaseFile(const QString &sourcePath,
     load([&](CFileCopyWorker &worker) { worker.copyLargeFile(sourcePath, destinationPath); });
 }
 
-// Loading announces more than one thing, and each announcement may be the end of this object.
+// Loading announces more than one thing. A slot that hears of it may make another request, which
+// comes behind this one, abort this one, or be the end of this object.
 template<typename Load> void CFileCopyController::load(Load load)
 {
     const auto handle = m_handle;
+    m_runs.append({m_destinations});
+    handle->runs().claimNextRequest();
     load(handle->worker());
     if (handle->isOwned()) {
         startRun();
@@ -126,12 +129,12 @@ void CFileCopyController::startRun()
 {
     m_handle->thread()->wait();
 
-    if (!m_runs.isEmpty()) {
+    if (m_runs.size() > 1) {
         // Their ends are still to be delivered. What an abort removes has to go now, or it
         // would go from under the new run; and the old runs' progress is delivered only after
         // this call, so the clean slate is announced once more behind it.
-        for (Run &run : m_runs) {
-            removeDestinations(run);
+        for (int i = 0; i < m_runs.size() - 1; ++i) {
+            removeDestinations(m_runs[i]);
         }
         const int loadedState = m_handle->runs().loadedStep();
         m_handle->reports()->reportUrgently([this, loadedState] { setState(loadedState); });
@@ -139,9 +142,6 @@ void CFileCopyController::startRun()
         m_handle->reports()->reportUrgently([this] { setTotalBytes(0); });
     }
 
-    // a slot that heard of the loading may have aborted it
-    m_runs.append({m_destinations, m_handle->worker().isCanceled()});
-    m_handle->runs().claimLoadedRequest();
     if (!m_handle->startThread()) {
         const auto handle = m_handle;
         handle->worker().reset();

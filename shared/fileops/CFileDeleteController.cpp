@@ -68,11 +68,11 @@ void CFileDeleteController::deleteDirectory(const QString &path)
 void CFileDeleteController::deleteDirectories(const QStringList &path)
 {
     const auto handle = m_handle; // loading announces things, and a slot may be the end of this
+    handle->runs().claimNextRequest();
     handle->worker().deleteDirectories(path);
     if (!handle->isOwned()) {
         return;
     }
-    handle->runs().claimLoadedRequest();
     // behind the end of an older run, should that not have been delivered yet
     handle->reports()->reportUrgently([this] { setState(StateEnumeratingFiles); });
     startNextRun();

@@ -15,7 +15,8 @@ namespace Trial {
 
 namespace {
 
-// a volume after a cut may hold anything: what cannot be read is not there
+// a volume after a cut may hold anything: what cannot be opened is not there, and a file ends where
+// it cannot be read any further
 std::optional<std::string> contentOf(const std::string &path)
 {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
@@ -29,11 +30,11 @@ std::optional<std::string> contentOf(const std::string &path)
         std::size_t done = 0;
         while (done < content->size()) {
             const ssize_t count = ::read(file, &(*content)[done], content->size() - done);
-            if (count <= 0) { // what comes before can still be read
+            if (count <= 0) { // on FAT, where the entry tells of clusters that did not arrive
                 content->resize(done);
-            } else {
-                done += static_cast<std::size_t>(count);
+                break;
             }
+            done += static_cast<std::size_t>(count);
         }
     }
     ::close(file);

@@ -7,6 +7,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Tavro::FieldHost {
@@ -18,11 +19,26 @@ struct CloseDirectory
     void operator()(DIR *directory) const { ::closedir(directory); }
 };
 
-void look(int fd, const QByteArray &path, Depth depth, QVector<UnreadableFolder> &found)
+// the size of what is no folder; an errno is left when that cannot be told
+qint64 sizeOf(int folder, const char *name)
+{
+    struct stat info = {};
+    if (::fstatat(folder, name, &info, AT_SYMLINK_NOFOLLOW) != 0) {
+        errno = errno == ENOENT ? 0 : errno; // gone
+        return 0;
+    }
+    errno = 0;
+    return S_ISREG(info.st_mode) ? info.st_size : 0;
+}
+
+void look(int fd, const QByteArray &path, Depth depth, FolderListing &found)
 {
     const std::unique_ptr<DIR, CloseDirectory> directory(fd < 0 ? nullptr : ::fdopendir(fd));
     if (!directory || ::faccessat(fd, ".", X_OK, AT_EACCESS) != 0) {
-        found.append({path, errno});
+        found.unreadable.append({path, errno});
+        if (fd >= 0 && !directory) {
+            ::close(fd);
+        }
         return;
     }
     errno = 0;
@@ -37,18 +53,22 @@ void look(int fd, const QByteArray &path, Depth depth, QVector<UnreadableFolder>
                 look(below, path + '/' + name, depth, found);
             }
         }
+        found.bytes += sizeOf(fd, name.constData());
+        if (errno != 0) {
+            found.unreadable.append({path, errno});
+        }
         errno = 0;
     }
     if (errno != 0) {
-        found.append({path, errno});
+        found.unreadable.append({path, errno});
     }
 }
 
 } // namespace
 
-QVector<UnreadableFolder> unreadableFolders(const QString &folder, Depth depth)
+FolderListing listFolder(const QString &folder, Depth depth)
 {
-    QVector<UnreadableFolder> found;
+    FolderListing found;
     const QByteArray path = QFile::encodeName(folder);
     look(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), path, depth, found);
     return found;

@@ -64,7 +64,7 @@ int runName(const QStringList &arguments)
         console.printError(QStringLiteral("%1 is no folder.").arg(quoted(directory)));
         return ExitDestinationRefused;
     }
-    const auto unreadable = unreadableFolders(directory, Depth::Folder);
+    const auto unreadable = listFolder(directory, Depth::Folder).unreadable;
     if (!unreadable.isEmpty()) {
         console.printError(QStringLiteral("Which names are taken in %1 cannot be read (%2).")
                                .arg(quoted(directory), systemText(unreadable.first().error)));

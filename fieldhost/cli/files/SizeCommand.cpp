@@ -26,15 +26,23 @@ Exit codes:
   2  the command line was not understood
   3  a PATH is neither folder nor file; the others are shown all the same)";
 
-// false when the size of a folder is not that of all that it holds
-bool tellUnreadable(const QString &folder, Console &console)
+// false when @p bytes is not the size of all that the folder holds
+bool tellUncounted(const QString &folder, qint64 bytes, Console &console)
 {
-    const QVector<UnreadableFolder> folders = unreadableFolders(folder, Depth::Tree);
-    for (const UnreadableFolder &unreadable : folders) {
+    const FolderListing listing = listFolder(folder, Depth::Tree);
+    for (const UnreadableFolder &unreadable : listing.unreadable) {
         console.printError(QStringLiteral("What %1 holds is not counted, or only in part (%2).")
                                .arg(quoted(unreadable.path), systemText(unreadable.error)));
     }
-    return folders.isEmpty();
+    // the library does not tell what it could not read
+    const bool isOther = listing.unreadable.isEmpty() && listing.bytes != bytes;
+    if (isOther) {
+        console.printError(QStringLiteral("%1 could not be counted as a whole, or has changed "
+                                          "meanwhile: a second look finds %2 bytes.")
+                               .arg(quoted(folder))
+                               .arg(listing.bytes));
+    }
+    return listing.unreadable.isEmpty() && !isOther;
 }
 
 int runSize(const QStringList &arguments)
@@ -62,7 +70,7 @@ int runSize(const QStringList &arguments)
                           .arg(formatBytes(bytes))
                           .arg(bytes)
                           .arg(quoted(path)));
-        isComplete = (!info.isDir() || tellUnreadable(path, console)) && isComplete;
+        isComplete = (!info.isDir() || tellUncounted(path, bytes, console)) && isComplete;
     }
     return isRefused ? ExitSourceRefused : isComplete ? ExitDone : ExitFailed;
 }

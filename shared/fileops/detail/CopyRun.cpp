@@ -6,6 +6,7 @@
 #include "shared/fileops/detail/DestinationTree.h"
 #include "shared/fileops/detail/FileDescriptor.h"
 #include "shared/fileops/detail/SystemSync.h"
+#include "shared/filesystem/detail/FileIdentity.h"
 #include "shared/filesystem/detail/NativeName.h"
 
 #include <QStringBuilder>

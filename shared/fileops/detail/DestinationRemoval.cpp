@@ -2,6 +2,7 @@
 
 #include "shared/filesystem/detail/FolderDescent.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/SystemText.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -9,8 +10,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <memory>
+#include <cerrno>
 
 namespace Tavro::Shared::detail {
 
@@ -47,12 +47,6 @@ private:
     const KeptSources &m_sources;
 };
 
-struct Freer
-{
-    void operator()(char *text) const { std::free(text); } // NOLINT(*-no-malloc)
-};
-using SystemText = std::unique_ptr<char, Freer>;
-
 QByteArray parentOf(const QByteArray &path)
 {
     return path.left(path.lastIndexOf('/') + 1);
@@ -87,10 +81,14 @@ KeptSources::KeptSources(const QStringList &sources)
         }
         const QByteArray native = QFile::encodeName(path);
         struct stat info = {};
-        if (!isNameable(path) || ::stat(native.constData(), &info) != 0) {
+        if (!isNameable(path)) {
             continue;
         }
-        m_files.emplace(info.st_dev, info.st_ino);
+        if (::stat(native.constData(), &info) != 0) {
+            m_isComplete = m_isComplete && (errno == ENOENT || errno == ENOTDIR || errno == ELOOP);
+            continue;
+        }
+        insert(native);
         // a link and what it points to are held by directories of their own
         insertWithAncestors(parentOf(native));
         if (const SystemText real{::realpath(native.constData(), nullptr)}) {
@@ -99,20 +97,30 @@ KeptSources::KeptSources(const QStringList &sources)
     }
 }
 
+// false when it was there already
+bool KeptSources::insert(const QByteArray &path)
+{
+    FileDescriptor file = FileDescriptor::openForHolding(path.constData());
+    struct stat info = {};
+    if (!file.examine(info)) {
+        m_isComplete = false;
+        return false;
+    }
+    return m_files.try_emplace({info.st_dev, info.st_ino}, std::move(file)).second;
+}
+
 // up to the root, which is above itself
 void KeptSources::insertWithAncestors(const QByteArray &directory)
 {
     QByteArray path = directory;
-    struct stat info = {};
-    while (::stat(path.constData(), &info) == 0
-           && m_files.emplace(info.st_dev, info.st_ino).second) {
+    while (insert(path)) {
         path += "/..";
     }
 }
 
 bool KeptSources::contains(const struct stat &info) const
 {
-    return m_files.count({info.st_dev, info.st_ino}) != 0;
+    return !m_isComplete || m_files.count({info.st_dev, info.st_ino}) != 0;
 }
 
 bool KeptSources::contains(const QString &destination) const

@@ -1,18 +1,21 @@
 #pragma once
 
+#include "shared/fileops/detail/FileDescriptor.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <sys/stat.h>
 
-#include <set>
+#include <map>
 #include <utility>
 
 namespace Tavro::Shared::detail {
 
 /**
  * What an abort never removes: the sources of a request, the directories that hold one, and the
- * root of the file system. Known by device and inode, whatever the path that leads there.
+ * root of the file system. Known by device and inode, whatever the path that leads there; and
+ * held on to, as FAT numbers a file anew when nobody does.
  */
 class KeptSources
 {
@@ -25,9 +28,11 @@ public:
     bool contains(const QString &destination) const;
 
 private:
+    bool insert(const QByteArray &path);
     void insertWithAncestors(const QByteArray &directory);
 
-    std::set<std::pair<dev_t, ino_t>> m_files;
+    std::map<std::pair<dev_t, ino_t>, FileDescriptor> m_files;
+    bool m_isComplete = true; // otherwise anything may be a source
 };
 
 /**

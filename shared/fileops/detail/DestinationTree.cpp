@@ -1,6 +1,7 @@
 #include "shared/fileops/detail/DestinationTree.h"
 
 #include "shared/fileops/detail/WrittenVolumes.h"
+#include "shared/filesystem/detail/FileIdentity.h"
 #include "shared/filesystem/detail/NativeName.h"
 
 #include <QDir>

@@ -42,11 +42,6 @@ bool isMeant(const QString &path)
 
 } // namespace
 
-bool isSameFile(const struct stat &a, const struct stat &b)
-{
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
 FileDescriptor FileDescriptor::openRegularFile(const QString &path, struct stat &info)
 {
     if (isResource(path)) {
@@ -108,6 +103,11 @@ FileDescriptor FileDescriptor::ifRegular(struct stat &info)
         errno = error;
     }
     return std::move(*this);
+}
+
+FileDescriptor FileDescriptor::openForHolding(const char *path)
+{
+    return FileDescriptor(uninterrupted([=] { return ::open(path, O_PATH | O_CLOEXEC); }));
 }
 
 FileDescriptor FileDescriptor::openOrCreate(int folder, const char *name)

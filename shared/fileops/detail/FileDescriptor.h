@@ -8,8 +8,6 @@
 
 namespace Tavro::Shared::detail {
 
-bool isSameFile(const struct stat &a, const struct stat &b);
-
 /**
  * An open file, closed when it goes out of scope.
  *
@@ -40,6 +38,8 @@ public:
     /** The same for what a walk has just found to be a regular file, and with one question less. */
     static FileDescriptor openFoundFile(const QString &path, struct stat &info);
 
+    /** Holds on to whatever @p path means, without any right to it. */
+    static FileDescriptor openForHolding(const char *path);
     /** Opens the file @p name in @p folder for writing, or creates it. */
     static FileDescriptor openOrCreate(int folder, const char *name);
     /** Creates the file @p name in @p folder; fails with EEXIST when there is one. */

@@ -30,10 +30,17 @@ public:
         return m_running ? m_running : m_loaded;
     }
 
-    void load(Pointer request)
+    /**
+     * Puts @p request in place of what is loaded. Claimed, it is set aside for a run of its own as
+     * well: loading another request before that run begins must not take its place.
+     */
+    void load(Pointer request, bool isClaimed)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_loaded = std::move(request);
+        if (isClaimed) {
+            m_claimed.push_back(m_loaded);
+        }
     }
 
     /** Leaves nothing loaded, unless something else than @p request is. */
@@ -45,16 +52,6 @@ public:
         }
         m_loaded = std::make_shared<Request>();
         return true;
-    }
-
-    /**
-     * Sets what is loaded aside for a run of its own: loading another request in the moment
-     * before that run begins must not take its place.
-     */
-    void claim()
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_claimed.push_back(m_loaded);
     }
 
     bool hasClaims() const

@@ -16,8 +16,11 @@ public:
     virtual void onResult(std::function<void(const CFileOperationResult &)> receive) = 0;
     /** The first step of what is loaded. */
     virtual int loadedStep() const = 0;
-    /** Sets what is loaded aside for a run of its own, whatever is loaded before that begins. */
-    virtual void claimLoadedRequest() = 0;
+    /**
+     * Has the next request that is loaded set aside for a run of its own, whatever is loaded
+     * before that begins. On the owner's thread.
+     */
+    virtual void claimNextRequest() = 0;
     /** Whether there is a run that has not begun. */
     virtual bool hasClaimedRequest() const = 0;
     /** Gives up the runs that have not begun. */

@@ -1,7 +1,10 @@
 #include "shared/fileops/detail/TreeRemoval.h"
 
+#include "shared/fileops/detail/WrittenVolumes.h"
+#include "shared/filesystem/detail/FileIdentity.h"
 #include "shared/filesystem/detail/FolderDescent.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/SystemText.h"
 
 #include <QDir>
 #include <QFile>
@@ -12,8 +15,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
-#include <memory>
 #include <set>
 #include <utility>
 #include <vector>
@@ -24,24 +25,12 @@ namespace {
 
 using Outcome = TreeRemoval::Outcome;
 
-struct Freer
-{
-    void operator()(char *text) const { std::free(text); } // NOLINT(*-no-malloc)
-};
-using SystemText = std::unique_ptr<char, Freer>;
-
 QString withoutFinalSlashes(QString path)
 {
     while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
         path.chop(1);
     }
     return path;
-}
-
-// A file system that knows no such thing as flushing a directory has no objection to it.
-int flushFolder(int folder)
-{
-    return ::fsync(folder) == 0 || errno == EINVAL || errno == EROFS ? 0 : errno;
 }
 
 /** Removes everything that it meets. */
@@ -153,7 +142,7 @@ private:
         const FolderHandle mount = FolderHandle::openBelow(folder, name);
         if (mount.isOpen()) {
             ::syncfs(mount.get());
-            flushFolder(mount.get());
+            flushDirectory(mount.get());
         }
     }
 
@@ -163,11 +152,6 @@ private:
     int m_error = 0; // of the first failure
     QByteArray m_path;
 };
-
-bool isSameFile(const struct stat &a, const struct stat &b)
-{
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
 
 // also when nobody can tell: too much is at stake
 bool mayBeRootOfAll(const struct stat &info)
@@ -362,7 +346,7 @@ void FileRemoval::leaveFolder()
 {
     if (m_folder.isOpen() && m_isOnOtherVolume) {
         ::syncfs(m_folder.get());
-        flushFolder(m_folder.get());
+        flushDirectory(m_folder.get());
     }
     m_folder.close();
 }
@@ -393,7 +377,7 @@ FlushFailure flushRemovals(const QStringList &roots)
             error = errno;
         }
         // on FAT, this is what makes the drive empty its own cache
-        const int folderError = flushFolder(folder.get());
+        const int folderError = flushDirectory(folder.get()) ? 0 : errno;
         if (failure.systemError == 0 && (error != 0 || folderError != 0)) {
             failure = {error != 0 ? error : folderError, path};
         }

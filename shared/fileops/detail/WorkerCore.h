@@ -43,15 +43,11 @@ public:
      */
     void load(int step, RequestPointer request)
     {
-        request->step = step;
-        m_requests.load(std::move(request));
-        m_gate.open();
-        showCleanSlate();
-        show(step);
+        load(step, std::move(request), std::exchange(m_isNextClaimed, false));
     }
 
-    /** Forgets what is loaded. */
-    void reset() { load(0, std::make_shared<Request>()); }
+    /** Forgets what is loaded; what was claimed stays. */
+    void reset() { load(0, std::make_shared<Request>(), false); }
 
     /** Forgets @p request at the end of its run; what was loaded meanwhile stays, its pause too. */
     void resetAfter(const RequestPointer &request)
@@ -73,7 +69,7 @@ public:
         m_receiveResult = std::move(receive);
     }
     int loadedStep() const override { return m_requests.loaded()->step; }
-    void claimLoadedRequest() override { m_requests.claim(); }
+    void claimNextRequest() override { m_isNextClaimed = true; }
     bool hasClaimedRequest() const override { return m_requests.hasClaims(); }
     void dropClaimedRequests() override { m_requests.dropClaims(); }
     void abandonWork() override
@@ -132,6 +128,15 @@ public:
     }
 
 private:
+    void load(int step, RequestPointer request, bool isClaimed)
+    {
+        request->step = step;
+        m_requests.load(std::move(request), isClaimed);
+        m_gate.open();
+        showCleanSlate();
+        show(step);
+    }
+
     void show(int state)
     {
         if (m_shownState.exchange(state) != state) {
@@ -149,6 +154,7 @@ private:
     Worker &m_worker;
     PauseGate m_gate;
     RequestLine<Request> m_requests;
+    bool m_isNextClaimed = false; // the owner's thread alone
     std::function<void(const CFileOperationResult &)> m_receiveResult; // set before any run
     std::atomic<int> m_shownState{0};
     EventPoll m_poll;

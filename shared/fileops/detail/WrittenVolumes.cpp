@@ -39,7 +39,7 @@ bool flushDirectory(int folder)
     do {
         result = ::fsync(folder);
     } while (result != 0 && errno == EINTR);
-    return result == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+    return result == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP || errno == ENOSYS;
 }
 
 bool WrittenVolumes::add(int folder, dev_t device)
