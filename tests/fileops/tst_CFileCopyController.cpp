@@ -13,6 +13,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <utility>
 
 using Tavro::FieldHost::HostLog;
 using Tavro::Logging::LogLevel;
@@ -101,6 +102,7 @@ private Q_SLOTS:
 
     void overlappingRequestRunsAfterTheFirst();
     void overlappingRequestWakesAPausedRun();
+    void requestInASlotOfALoadingComesBehindIt();
     void overlappingRequestStartsFromACleanSlate();
     void abortThenRequestEndsEachAsMeant();
     void abortThenRequestToTheSameDestinationKeepsTheNewCopy();
@@ -689,6 +691,30 @@ void tst_CFileCopyController::overlappingRequestRunsAfterTheFirst()
     QVERIFY(Test::treeOf(path("third")) == Test::treeOf(path("three")));
     QCOMPARE(controller.state(), CFileCopyController::StateIdle);
     QCOMPARE(controller.processedBytes(), Q_INT64_C(300));
+}
+
+// as a host does that copies one directory after the other whenever it hears of idle
+void tst_CFileCopyController::requestInASlotOfALoadingComesBehindIt()
+{
+    makeTree("first");
+    makeTree("second", 2);
+    CFileCopyController controller;
+    EndLog ends(controller);
+    QList<qint64> files;
+    connect(&controller, &CFileCopyController::operationCompleted, &controller,
+            [&] { files.append(controller.lastResult().files); });
+    bool isRequested = false;
+    connect(&controller, &CFileCopyController::stateChanged, &controller, [&] {
+        if (!std::exchange(isRequested, true)) {
+            controller.copyDirectory(path("second"), path("copy of second"));
+        }
+    });
+    controller.copyDirectory(path("first"), path("copy of first"));
+    QVERIFY(ends.waitFor(2));
+    QCOMPARE(ends.ends(), QStringLiteral("completed completed"));
+    QCOMPARE(files, (QList<qint64>{3, 2}));
+    QCOMPARE(Test::treeOf(path("copy of first")), Test::treeOf(path("first")));
+    QCOMPARE(Test::treeOf(path("copy of second")), Test::treeOf(path("second")));
 }
 
 void tst_CFileCopyController::overlappingRequestWakesAPausedRun()

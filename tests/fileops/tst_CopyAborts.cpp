@@ -13,6 +13,8 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 using Tavro::Shared::CFileCopyController;
 
 // Defined for all of the program's libraries: flushing has no part in what is tested here, and
@@ -276,6 +278,7 @@ private Q_SLOTS:
     void databaseFileStays();
     void relativeDestinationMeansWhatItMeantAtTheRequest();
     void cutOffFileGoesFromADestinationThatStays();
+    void twoNamesOfOneFileShowInTheResult();
     void randomRequestsLoseNothing();
 };
 
@@ -418,6 +421,22 @@ void tst_CopyAborts::cutOffFileGoesFromADestinationThatStays()
     QVERIFY(canceled.wait());
     const QFileInfo copy(QStringLiteral("/src/large"));
     QVERIFY2(!copy.exists() || copy.size() == 12 * 1024 * 1024, "a part of the file");
+}
+
+// the source's own path is cut out of "/src/a/src/film" as well, and leaves "afilm"
+void tst_CopyAborts::twoNamesOfOneFileShowInTheResult()
+{
+    Test::makeFile(QStringLiteral("/src/afilm"), "first");
+    Test::makeFile(QStringLiteral("/src/a/src/film"), "second");
+    CFileCopyController controller;
+    QSignalSpy completed(&controller, &CFileCopyController::operationCompleted);
+    controller.copyDirectory(QStringLiteral("/src"), QStringLiteral("/x/copy"));
+    QVERIFY(completed.wait());
+    QCOMPARE(controller.processedBytes(), controller.totalBytes());
+    QCOMPARE(Test::contentOf(QStringLiteral("/x/copy/afilm")), QByteArray("second"));
+    QVERIFY(!controller.lastResult().isWhole());
+    QCOMPARE(controller.lastResult().systemError, EEXIST);
+    QCOMPARE(controller.lastResult().path, QStringLiteral("/x/copy/afilm"));
 }
 
 void tst_CopyAborts::randomRequestsLoseNothing()

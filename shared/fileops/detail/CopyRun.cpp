@@ -217,6 +217,11 @@ int CopyRun::copyInto(Target &target, const QString &sourcePath, FileDescriptor 
     if (S_ISREG(info.st_mode) && info.st_size > 0 && !target.file.truncate()) {
         return fail(CFileCopyController::ErrorDestinationFileOpenFailed, target.path);
     }
+    if (!target.tree.noteWritten(info)) {
+        // the later one replaces the earlier, as it always has; the result alone tells
+        errno = EEXIST;
+        fail(CFileCopyController::ErrorDestinationFileOpenFailed, target.path);
+    }
     m_isUnsynced = true;
     takeOverPermissions(target.file, info, sourceInfo);
 

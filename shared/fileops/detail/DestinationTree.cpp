@@ -189,6 +189,7 @@ bool DestinationTree::descendTo(const QString &path)
     m_folderPath = path;
     m_coversNames = fsyncCoversName(m_folder.get());
     m_isFolderFlushed = false;
+    m_written.clear();
     return true;
 }
 
@@ -223,6 +224,11 @@ FileDescriptor DestinationTree::openFile(const char *name, bool &isNew) const
     isNew = file.isOpen();
     return isNew || errno != EEXIST ? std::move(file)
                                     : FileDescriptor::openOrCreate(m_folder.get(), name);
+}
+
+bool DestinationTree::noteWritten(const struct stat &file)
+{
+    return m_written.insert(file.st_ino).second;
 }
 
 bool DestinationTree::flushNames(bool isNewFile)

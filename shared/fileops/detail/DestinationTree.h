@@ -11,6 +11,8 @@
 
 #include <sys/stat.h>
 
+#include <unordered_set>
+
 namespace Tavro::Shared::detail {
 
 class WrittenVolumes;
@@ -54,6 +56,11 @@ public:
     /** A file for writing in the directory entered; @p isNew when it was not there before. */
     FileDescriptor openFile(const char *name, bool &isNew) const;
     /**
+     * False when the file was noted before, since its directory was entered: two names of the
+     * source mean one file here, as "a" and "A" do on FAT.
+     */
+    bool noteWritten(const struct stat &file);
+    /**
      * Flushes what fsync() of a file in the directory entered does not cover: the file's name, and
      * the names of the directories above it. Nothing where fsync() covers them.
      */
@@ -87,6 +94,7 @@ private:
     QString m_folderPath; // ends in "/"
     bool m_coversNames = true; // fsync() of a file in it
     bool m_isFolderFlushed = false;
+    std::unordered_set<ino_t> m_written; // files in it
 
     // links and mount points among the directories that were there before, and where they lead
     QHash<QString, struct stat> m_waysOut;
