@@ -47,6 +47,12 @@ void Async::startTask(QRunnable *task)
 
 void Async::runInThread(QRunnable *task)
 {
+    handToPool(task);
+    detail::TaskPool::instance().helpOut();
+}
+
+void Async::handToPool(QRunnable *task)
+{
     if (!task) {
         return; // it would call startNext() as little as it would run
     }
@@ -76,13 +82,17 @@ void Async::startNext()
 {
     // Held throughout: whoever asks isRunning() in between would see nothing running although the
     // next task is about to be, and start another beside it.
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    --m_runningCount;
-    ++m_finishedCount;
-    if (isQueueMode(m_mode) && !m_closing) {
-        startFromQueue();
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        --m_runningCount;
+        ++m_finishedCount;
+        if (isQueueMode(m_mode) && !m_closing) {
+            handToPool(m_queue->takeFirst());
+        }
+        m_finished.notify_all();
     }
-    m_finished.notify_all();
+    // this object may be gone
+    detail::TaskPool::instance().helpOut();
 }
 
 void Async::waitDone()

@@ -24,7 +24,9 @@ class TaskQueue;
  * Runs an owner's tasks in the background: all at once, one after the other, or only the latest
  * of those that wait.
  *
- * The tasks of all owners share one pool of at most 8 threads, which is not Qt's global one.
+ * The tasks of all owners share one pool of at most 8 threads, which is not Qt's global one. Where
+ * the system does not create a single one, a task runs in the thread that starts it, within that
+ * call, and so do the slots there: they must not wait for a task or destroy this object then.
  *
  * A task is the host's. A null one is passed over, wherever it is given: it neither counts nor
  * waits, and startTask() does with the others what it always does. On its thread a task does three
@@ -66,7 +68,10 @@ public:
      * unknown does nothing with it: it stays the caller's.
      */
     void startTask(QRunnable *task);
-    /** Hands @p task to the pool without regard to the mode and to what runs. Does not block. */
+    /**
+     * Hands @p task to the pool without regard to the mode and to what runs. Does not block, unless
+     * there is no thread.
+     */
     void runInThread(QRunnable *task);
     /** Has @p task wait, behind all others. It starts when a task finishes, or is told to. */
     void addToQueue(QRunnable *task);
@@ -111,6 +116,8 @@ Q_SIGNALS:
     void taskDone(const RemoveObservationDataResult &result);
 
 private:
+    void handToPool(QRunnable *task);
+
     const Mode m_mode;
     mutable std::mutex m_mutex; // guards what follows but the count, which a start only adds to
     std::condition_variable m_finished;

@@ -88,7 +88,7 @@ private:
     /** Adds a command that hands over its number and then hangs, until it is let go or killed. */
     QString addWaiting()
     {
-        const QString fifo = m_commands->journalPath() + QStringLiteral(".fifo");
+        QString fifo = m_commands->journalPath() + QStringLiteral(".fifo");
         ::mkfifo(QFile::encodeName(fifo).constData(), 0600);
         m_commands->add(s_tool,
                         "echo $$ >> '" + QFile::encodeName(m_commands->journalPath())

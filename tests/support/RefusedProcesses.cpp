@@ -64,13 +64,14 @@ extern "C" long syscall(long number, ...) noexcept
     va_start(list, number);
     long a[6] = {};
     for (long &argument : a) {
-        argument = va_arg(list, long);
+        argument = va_arg(list, long); // NOLINT(clang-analyzer-valist.Uninitialized)
     }
     va_end(list);
     if (number == SYS_clone) {
         const int error = refusal();
         if (error != 0) {
             if ((a[0] & CLONE_PIDFD) != 0) {
+                // NOLINTNEXTLINE(performance-no-int-to-ptr): where a descriptor shall go
                 *reinterpret_cast<int *>(a[2]) = neverReadable();
             }
             errno = error;

@@ -1,9 +1,11 @@
 #include "shared/system/detail/TaskPool.h"
 
+#include <QThread>
+
 namespace Tavro::Shared::detail {
 
 namespace {
-constexpr int s_maxThreads = 8;
+constexpr std::size_t s_maxThreads = 8;
 }
 
 TaskPool &TaskPool::instance()
@@ -12,25 +14,78 @@ TaskPool &TaskPool::instance()
     return pool;
 }
 
+TaskPool::~TaskPool()
+{
+    {
+        const Lock lock(m_mutex);
+        m_isEnding = true;
+        m_changed.notify_all();
+    }
+    // none is added any more
+    for (const auto &thread : m_threads) {
+        thread->wait();
+    }
+}
+
 void TaskPool::start(QRunnable *task, const std::shared_ptr<TaskCounter> &counter)
 {
     counter->add();
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_entries.push_back({task, counter});
+    const Lock lock(m_mutex);
+    m_entries.push_back({task, counter});
+    if (m_entries.size() <= m_idle) {
+        m_changed.notify_one();
+    } else if (m_threads.size() < s_maxThreads && !m_isEnding) {
+        addThread();
     }
-    m_threads.setMaxThreadCount(s_maxThreads);
-    m_threads.start(&m_turn, 0);
 }
 
-void TaskPool::runNext()
+// Not QThreadPool: that of Qt 5.15 loses the task for which it cannot create a thread, and waits
+// for it when the process ends.
+void TaskPool::addThread()
 {
-    Entry entry;
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        entry = std::move(m_entries.front());
-        m_entries.pop_front();
+    std::unique_ptr<QThread> thread(QThread::create([this] { work(); }));
+    thread->start();
+    if (thread->isRunning() || thread->isFinished()) {
+        m_threads.push_back(std::move(thread));
+        m_hasThread = true;
     }
+}
+
+void TaskPool::helpOut()
+{
+    if (m_hasThread) {
+        return;
+    }
+    Lock lock(m_mutex);
+    if (m_isHelpedOut) {
+        return;
+    }
+    m_isHelpedOut = true;
+    while (!m_entries.empty() && !m_hasThread) {
+        runNext(lock);
+    }
+    m_isHelpedOut = false;
+}
+
+void TaskPool::work()
+{
+    Lock lock(m_mutex);
+    for (;;) {
+        ++m_idle;
+        m_changed.wait(lock, [this] { return !m_entries.empty() || m_isEnding; });
+        --m_idle;
+        if (m_entries.empty()) {
+            return;
+        }
+        runNext(lock);
+    }
+}
+
+void TaskPool::runNext(Lock &lock)
+{
+    const Entry entry = std::move(m_entries.front());
+    m_entries.pop_front();
+    lock.unlock();
     // asked before: a task that does not delete itself may be gone after its run
     const bool autoDelete = entry.task->autoDelete();
     entry.task->run();
@@ -38,6 +93,7 @@ void TaskPool::runNext()
         delete entry.task;
     }
     entry.counter->remove();
+    lock.lock();
 }
 
 } // namespace Tavro::Shared::detail
