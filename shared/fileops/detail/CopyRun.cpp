@@ -9,6 +9,7 @@
 #include "shared/filesystem/detail/FileIdentity.h"
 #include "shared/filesystem/detail/NativeName.h"
 
+#include <QSet>
 #include <QStringBuilder>
 
 #include <fcntl.h>
@@ -55,13 +56,40 @@ private:
     std::unique_ptr<char, Free> m_memory;
 };
 
+// nearly never: the path of the source stands in that of the file once more
+bool repeatsSource(const CFileCopyData &job, const QString &path)
+{
+    return path.lastIndexOf(job.sourcePath) != 0;
+}
+
 QString targetOf(const CFileCopyData &job, const QString &path)
 {
-    if (path.lastIndexOf(job.sourcePath) == 0) { // nearly always, and saves two copies of the path
+    if (!repeatsSource(job, path)) { // saves two copies of the path
         return job.destinationPath % path.midRef(job.sourcePath.size());
     }
     // every occurrence goes, not only the first: destinations have always been named so
     return job.destinationPath + QString(path).remove(job.sourcePath);
+}
+
+// A target that two files of the job have, because a repetition is cut out of their paths; null
+// when there is none.
+QString doubledTarget(const CFileCopyData &job)
+{
+    const auto isRepeating = [&job](const CFileEntry &file) {
+        return repeatsSource(job, file.path());
+    };
+    if (std::none_of(job.files.cbegin(), job.files.cend(), isRepeating)) {
+        return {};
+    }
+    QSet<QString> targets;
+    for (const CFileEntry &file : job.files) {
+        const QString target = targetOf(job, file.path());
+        if (targets.contains(target)) {
+            return target;
+        }
+        targets.insert(target);
+    }
+    return {};
 }
 
 // Before anything is written, so that the flushes cover them. Not QFile's permissions: for root
@@ -128,6 +156,10 @@ bool CopyRun::copyTree(const CFileCopyData &job)
                                 m_volumes);
     makeDirectories(job, destination);
     const bool hasDestination = !job.destinationPath.isEmpty(); // an empty path is not the root
+    const QString doubled = doubledTarget(job);
+    if (!doubled.isNull()) {
+        failForDoubled(doubled);
+    }
     for (const CFileEntry &file : job.files) {
         const QString target = hasDestination ? targetOf(job, file.path()) : QString();
         m_request.error = copyFile(file.path(), Source::FoundByWalk, target, destination);
@@ -218,9 +250,7 @@ int CopyRun::copyInto(Target &target, const QString &sourcePath, FileDescriptor 
         return fail(CFileCopyController::ErrorDestinationFileOpenFailed, target.path);
     }
     if (!target.tree.noteWritten(info)) {
-        // the later one replaces the earlier, as it always has; the result alone tells
-        errno = EEXIST;
-        fail(CFileCopyController::ErrorDestinationFileOpenFailed, target.path);
+        failForDoubled(target.path);
     }
     m_isUnsynced = true;
     takeOverPermissions(target.file, info, sourceInfo);
@@ -325,6 +355,13 @@ bool CopyRun::isKept(const QString &targetPath) const
         m_request.jobs.cbegin(), m_request.jobs.cend(), [&](const CFileCopyData &job) {
             return targetPath.startsWith(job.destinationPath) && kept.contains(job.destinationPath);
         });
+}
+
+// The later one of the files replaces the earlier, as it always has; the result alone tells.
+void CopyRun::failForDoubled(const QString &path)
+{
+    errno = EEXIST;
+    fail(CFileCopyController::ErrorDestinationFileOpenFailed, path);
 }
 
 // the first failure is the one that counts: what follows comes of it

@@ -48,6 +48,7 @@ private:
     bool finishChunk(qint64 size);
     int finish(const QString &path);
     bool isKept(const QString &targetPath) const;
+    void failForDoubled(const QString &path);
     int fail(CFileCopyController::Error error, const QString &path);
 
     CFileCopyWorker &m_worker;
