@@ -75,6 +75,10 @@ void Program::dropRights()
 void Program::refuseClones()
 {
     m_refuseClones = true;
+    // a sanitizer looks for leaks in a process of its own
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LSAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
+    setProcessEnvironment(environment);
 }
 
 void Program::setupChildProcess()
