@@ -30,6 +30,7 @@ struct Options
     double target = 0; // of the library's median to the floor's
     bool isSourceCold = false;
     bool isFloorDoubled = false;
+    bool areNamesFlushed = false;
     double turn = 0; // seconds; none: one after the other
 };
 
@@ -60,7 +61,11 @@ std::vector<Participant> participants(const Options &options)
     const char *const gioTree = "mkdir \"$2\"; for folder in \"$1\"/*; do"
                                 " mkdir \"$2/${folder##*/}\";"
                                 " gio copy \"$folder\"/* \"$2/${folder##*/}\"; done; exec sync";
-    const std::vector<std::string> floor = {siblingProgram("floor_copy")};
+    const std::vector<std::string> withoutNames = {siblingProgram("floor_copy")};
+    std::vector<std::string> floor = withoutNames;
+    if (options.areNamesFlushed) {
+        floor.emplace_back("--names");
+    }
     std::vector<Participant> all = {
         {"floor", Kind::Floor, floor},
         {"library", Kind::Library, {siblingProgram("copy_with_library")}},
@@ -72,6 +77,9 @@ std::vector<Participant> participants(const Options &options)
          shell(isTree ? gioTree : "gio copy \"$1\" \"$2\"; exec sync")},
         {"std::filesystem::copy, sync", Kind::Peer, {siblingProgram("copy_with_filesystem")}},
     };
+    if (options.areNamesFlushed) {
+        all.push_back({"floor, names not flushed", Kind::Floor, withoutNames});
+    }
     if (options.isFloorDoubled) {
         all.push_back({"floor, a second time", Kind::Floor, floor});
     }
@@ -208,10 +216,12 @@ void report(const std::vector<Participant> &all, const Options &options)
     fail(
         std::string("usage: ") + program
         + " TITLE SOURCE DESTINATION_DIRECTORY --file BYTES | --tree FOLDERS FILES BYTES_EACH\n"
-          "    [--rounds N] [--target RATIO] [--cold] [--floor-twice] [--turns SECONDS]\n"
+          "    [--rounds N] [--target RATIO] [--cold] [--floor-twice] [--names]\n"
+          "    [--turns SECONDS]\n"
           "SOURCE is created, and removed at the end.\n"
           "--cold         takes the source, a single file, out of the page cache before each copy\n"
           "--floor-twice  the floor takes part twice: what lies between the two is noise\n"
+          "--names        the floor flushes names, too; one that does not takes part beside it\n"
           "--turns        floor and library copy side by side, by turns of so many seconds; not\n"
           "               with --cold, as the first to read warms the source for the others");
 }
@@ -242,6 +252,8 @@ Options parse(int argc, char **argv)
             options.isSourceCold = true;
         } else if (argument == "--floor-twice") {
             options.isFloorDoubled = true;
+        } else if (argument == "--names") {
+            options.areNamesFlushed = true;
         } else if (argument == "--rounds" && values >= 1) {
             options.rounds = static_cast<unsigned>(number(argv[++i]));
         } else if (argument == "--target" && values >= 1) {

@@ -1,9 +1,15 @@
 /*
  * The least work that a durable copy can be: read and write 4 MiB, fsync for each such chunk,
  * one sync at the end. Takes a file or a directory. Keeps no permissions, no times, no progress.
+ *
+ * With --names it is durable on FAT as well, where fsync of a file does not cover its name: fsync
+ * of the directory for each new file, before its chunk; of each directory above, up to that of
+ * the volume, once and before that; and of one after the sync, which sends the drive no flush.
  */
 #include <dirent.h>
 #include <fcntl.h>
+#include <libgen.h>
+#include <stdbool.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -13,6 +19,7 @@
 enum { CHUNK_SIZE = 4 * 1024 * 1024 };
 
 static char chunk[CHUNK_SIZE];
+static bool with_names;
 
 static void give_up(const char *what)
 {
@@ -32,6 +39,13 @@ static void write_all(int fd, const char *data, size_t size)
     }
 }
 
+static void flush(int fd)
+{
+    if (fsync(fd) != 0) {
+        give_up("fsync");
+    }
+}
+
 static void copy_file(int source_directory, const char *source_name, int destination_directory,
                       const char *destination_name)
 {
@@ -45,12 +59,15 @@ static void copy_file(int source_directory, const char *source_name, int destina
         give_up(destination_name);
     }
 
+    bool is_named = !with_names;
     ssize_t n = 0;
     while ((n = read(source, chunk, sizeof chunk)) > 0) {
         write_all(destination, chunk, (size_t)n);
-        if (fsync(destination) != 0) {
-            give_up("fsync");
+        if (!is_named) {
+            flush(destination_directory);
+            is_named = true;
         }
+        flush(destination);
     }
     if (n < 0) {
         give_up(source_name);
@@ -61,19 +78,48 @@ static void copy_file(int source_directory, const char *source_name, int destina
     close(source);
 }
 
+static int open_directory(int parent, const char *name)
+{
+    const int directory = openat(parent, name, O_RDONLY | O_DIRECTORY);
+    if (directory < 0) {
+        give_up(name);
+    }
+    return directory;
+}
+
+static void make_directory(int parent, const char *name)
+{
+    if (mkdirat(parent, name, 0777) != 0) {
+        give_up(name);
+    }
+}
+
+/* all of them before the first file: the directory above is then flushed once */
+static void name_subdirectories(DIR *source, int destination)
+{
+    bool has_any = false;
+    const struct dirent *entry = NULL;
+    while ((entry = readdir(source)) != NULL) {
+        if (entry->d_type == DT_DIR && entry->d_name[0] != '.') {
+            make_directory(destination, entry->d_name);
+            has_any = true;
+        }
+    }
+    rewinddir(source);
+    if (has_any) {
+        flush(destination);
+    }
+}
+
 /* takes the source's descriptor over */
-static void copy_tree(int source, int destination_parent, const char *destination_name)
+static void copy_tree(int source, int destination)
 {
     DIR *directory = fdopendir(source);
     if (directory == NULL) {
         give_up("fdopendir");
     }
-    if (mkdirat(destination_parent, destination_name, 0777) != 0) {
-        give_up(destination_name);
-    }
-    const int destination = openat(destination_parent, destination_name, O_RDONLY | O_DIRECTORY);
-    if (destination < 0) {
-        give_up(destination_name);
+    if (with_names) {
+        name_subdirectories(directory, destination);
     }
 
     const struct dirent *entry = NULL;
@@ -82,31 +128,71 @@ static void copy_tree(int source, int destination_parent, const char *destinatio
             continue;
         }
         if (entry->d_type == DT_DIR) {
-            copy_tree(openat(source, entry->d_name, O_RDONLY | O_DIRECTORY), destination,
-                      entry->d_name);
+            if (!with_names) {
+                make_directory(destination, entry->d_name);
+            }
+            const int below = open_directory(destination, entry->d_name);
+            copy_tree(open_directory(source, entry->d_name), below);
+            close(below);
         } else if (entry->d_type == DT_REG) {
             copy_file(source, entry->d_name, destination, entry->d_name);
         }
     }
-    close(destination);
     closedir(directory);
+}
+
+/* the directories above on the same volume */
+static void flush_above(int directory)
+{
+    struct stat below;
+    struct stat info;
+    if (fstat(directory, &below) != 0) {
+        give_up("fstat");
+    }
+    for (int above = open_directory(directory, "..");; above = open_directory(above, "..")) {
+        if (fstat(above, &info) != 0) {
+            give_up("fstat");
+        }
+        if (info.st_dev != below.st_dev || info.st_ino == below.st_ino) {
+            break;
+        }
+        flush(above);
+        below = info;
+    }
 }
 
 int main(int argc, char **argv)
 {
-    if (argc != 3) {
-        fprintf(stderr, "usage: %s SOURCE DESTINATION\n", argv[0]);
+    with_names = argc > 1 && strcmp(argv[1], "--names") == 0;
+    if (argc != (with_names ? 4 : 3)) {
+        fprintf(stderr, "usage: %s [--names] SOURCE DESTINATION\n", argv[0]);
         return EXIT_FAILURE;
     }
+    const char *const source = argv[argc - 2];
+    char *const destination = argv[argc - 1];
+    const int parent = open_directory(AT_FDCWD, dirname(strdup(destination)));
+    const char *const name = basename(destination);
+
     struct stat info;
-    if (stat(argv[1], &info) != 0) {
-        give_up(argv[1]);
+    if (stat(source, &info) != 0) {
+        give_up(source);
     }
     if (S_ISDIR(info.st_mode)) {
-        copy_tree(open(argv[1], O_RDONLY | O_DIRECTORY), AT_FDCWD, argv[2]);
+        make_directory(parent, name);
+        const int copy = open_directory(parent, name);
+        if (with_names) {
+            flush_above(copy);
+        }
+        copy_tree(open_directory(AT_FDCWD, source), copy);
     } else {
-        copy_file(AT_FDCWD, argv[1], AT_FDCWD, argv[2]);
+        if (with_names) {
+            flush_above(parent);
+        }
+        copy_file(AT_FDCWD, source, parent, name);
     }
     sync();
+    if (with_names) {
+        flush(parent);
+    }
     return EXIT_SUCCESS;
 }

@@ -27,7 +27,7 @@ int lengthOfDirectory(const QString &path)
 
 bool examine(const QString &path, struct stat &info)
 {
-    return ::stat(QFile::encodeName(path).constData(), &info) == 0;
+    return ::stat(NativeName(path, 0).get(), &info) == 0;
 }
 
 QString canonicalPath(const QString &path)

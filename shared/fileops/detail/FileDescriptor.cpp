@@ -65,9 +65,8 @@ FileDescriptor FileDescriptor::openFoundFile(const QString &path, struct stat &i
     if (!isMeant(path)) {
         return {};
     }
-    const QByteArray name = QFile::encodeName(path);
-    FileDescriptor file(
-        uninterrupted([&] { return ::open(name.constData(), O_RDONLY | s_flags); }));
+    const NativeName name(path, 0);
+    FileDescriptor file(uninterrupted([&] { return ::open(name.get(), O_RDONLY | s_flags); }));
     return file.ifRegular(info);
 }
 
