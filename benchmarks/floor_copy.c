@@ -63,11 +63,11 @@ static void copy_file(int source_directory, const char *source_name, int destina
     ssize_t n = 0;
     while ((n = read(source, chunk, sizeof chunk)) > 0) {
         write_all(destination, chunk, (size_t)n);
+        flush(destination);
         if (!is_named) {
             flush(destination_directory);
             is_named = true;
         }
-        flush(destination);
     }
     if (n < 0) {
         give_up(source_name);

@@ -322,18 +322,19 @@ void tst_CopyFlushes::namesOnFatAreFlushedBeforeAFileCounts()
              QStringLiteral(
                  "mkdir new, mkdir new/dst, mkdir new/dst/sub, mkdir new/dst/sub/deep, "
                  // the way from the volume to the first file, once
-                 "create new/dst/a, write new/dst/a, fsync new/, fsync ./, fsync new/dst/, "
-                 "fsync new/dst/a, count, "
+                 "create new/dst/a, write new/dst/a, fsync new/dst/a, fsync new/, fsync ./, "
+                 "fsync new/dst/, count, "
                  // no more for another chunk
                  "write new/dst/a, fsync new/dst/a, count, "
                  // one for another file
-                 "create new/dst/b, write new/dst/b, fsync new/dst/, fsync new/dst/b, count, "
+                 "create new/dst/b, write new/dst/b, fsync new/dst/b, fsync new/dst/, count, "
                  // the way to another directory, once
-                 "create new/dst/sub/deep/c, write new/dst/sub/deep/c, fsync new/dst/, "
-                 "fsync new/dst/sub/, fsync new/dst/sub/deep/, fsync new/dst/sub/deep/c, count, "
+                 "create new/dst/sub/deep/c, write new/dst/sub/deep/c, "
+                 "fsync new/dst/sub/deep/c, fsync new/dst/, fsync new/dst/sub/, "
+                 "fsync new/dst/sub/deep/, count, "
                  // and in the end the drive
-                 "create new/dst/sub/deep/d, write new/dst/sub/deep/d, fsync new/dst/sub/deep/, "
-                 "fsync new/dst/sub/deep/d, sync, fsync new/dst/, count, end"));
+                 "create new/dst/sub/deep/d, write new/dst/sub/deep/d, fsync new/dst/sub/deep/d, "
+                 "fsync new/dst/sub/deep/, sync, fsync new/dst/, count, end"));
 }
 
 void tst_CopyFlushes::overwrittenFilesPayOneFlushForEachDirectory()
@@ -344,11 +345,11 @@ void tst_CopyFlushes::overwrittenFilesPayOneFlushForEachDirectory()
     }
     QCOMPARE(
         journalOfTree(),
-        QStringLiteral("write new/dst/a, fsync new/, fsync ./, fsync new/dst/, fsync new/dst/a, "
+        QStringLiteral("write new/dst/a, fsync new/dst/a, fsync new/, fsync ./, fsync new/dst/, "
                        "count, write new/dst/b, fsync new/dst/b, count, "
                        "write new/dst/c, fsync new/dst/c, count, "
-                       "write new/dst/sub/d, fsync new/dst/, fsync new/dst/sub/, "
-                       "fsync new/dst/sub/d, count, write new/dst/sub/e, fsync new/dst/sub/e, "
+                       "write new/dst/sub/d, fsync new/dst/sub/d, fsync new/dst/, "
+                       "fsync new/dst/sub/, count, write new/dst/sub/e, fsync new/dst/sub/e, "
                        "sync, fsync new/dst/, count, end"));
 }
 
@@ -449,7 +450,7 @@ void tst_CopyFlushes::singleFileOnFat()
     };
     QVERIFY(QDir().mkpath(path("volume/dir")));
     const QString chunks =
-        QStringLiteral("write dir/db, fsync ./, fsync dir/, fsync dir/db, count, "
+        QStringLiteral("write dir/db, fsync dir/db, fsync ./, fsync dir/, count, "
                        "write dir/db, fsync dir/db, sync, fsync dir/, count, end");
     QCOMPARE(journalOf(load), QStringLiteral("create dir/db, ") + chunks);
     QCOMPARE(journalOf(load), chunks);
@@ -465,7 +466,7 @@ void tst_CopyFlushes::directCopyOnFat()
     controller.copyFile(path("src/empty"), path("volume/empty"));
     s_isRecording = false;
     QCOMPARE(s_journal.join(QStringLiteral(", ")),
-             QStringLiteral("create file, write file, fsync ./, fsync file, sync, fsync ./, "
+             QStringLiteral("create file, write file, fsync file, fsync ./, sync, fsync ./, "
                             "write file, fsync file, sync, fsync ./, "
                             "create empty, syncfs, fsync ./"));
 }
@@ -588,7 +589,7 @@ void tst_CopyFlushes::failedFlushOfTheDriveIsAFailedCopy()
     QVERIFY(outcomes.waitFor(1));
     s_isRecording = false;
     QCOMPARE(s_journal.join(QStringLiteral(", ")),
-             QStringLiteral("write dst/a, fsync ./, fsync dst/, fsync dst/a, sync, fsync dst/"));
+             QStringLiteral("write dst/a, fsync dst/a, fsync ./, fsync dst/, sync, fsync dst/"));
     const CFileOperationResult result = outcomes.results().constFirst();
     QCOMPARE(
         result.errorCode,
@@ -648,8 +649,8 @@ void tst_CopyFlushes::systemIsSyncedWithoutAProcess()
     qputenv("PATH", before);
     QVERIFY(result.isWhole());
     QCOMPARE(s_journal.join(QStringLiteral(", ")),
-             QStringLiteral("mkdir dst, create dst/a, write dst/a, fsync ./, fsync dst/, "
-                            "fsync dst/a, sync, ::sync, fsync dst/"));
+             QStringLiteral("mkdir dst, create dst/a, write dst/a, fsync dst/a, fsync ./, "
+                            "fsync dst/, sync, ::sync, fsync dst/"));
 }
 
 void tst_CopyFlushes::commandIsFoundOnPathAndItsExitCodeIgnored()

@@ -310,10 +310,12 @@ int CopyRun::copyChunks(Target &target, const QString &sourcePath, FileDescripto
         }
         copied += n;
         prefetch(source.handle(), copied, sourceSize);
-        // a chunk that counts can be found again: its file has its name, and each chunk is on the
-        // device, so that a drive pulled out now loses at most this one
-        target.isNamed = target.isNamed || target.tree.flushNames(target.isNew);
-        if (!target.isNamed || !target.file.flush() || !finishChunk(n)) {
+        // A chunk that counts is on the device, so that a drive pulled out now loses at most this
+        // one, and can be found again. In this order: the flush of a file on FAT writes its own
+        // entry, too, which is then not written twice.
+        const bool isFlushed = target.file.flush();
+        target.isNamed = target.isNamed || (isFlushed && target.tree.flushNames(target.isNew));
+        if (!isFlushed || !target.isNamed || !finishChunk(n)) {
             return fail(CFileCopyController::ErrorDestinationFileWriteFailed, target.path);
         }
     }
