@@ -362,7 +362,9 @@ void tst_FileCommands::outputThatCannotBeWrittenIsAFailure()
     shell.start(QStringLiteral("sh"),
                 {QStringLiteral("-c"), QStringLiteral("exec \"$0\" ") + line, programPath()});
     QVERIFY(shell.waitForFinished());
-    QCOMPARE(shell.exitCode(), int(Failed));
+    // for "compare", the usual code is an answer
+    const bool isCompare = line.startsWith(QLatin1String("compare"));
+    QCOMPARE(shell.exitCode(), int(isCompare ? SourceRefused : Failed));
     QCOMPARE(QString::fromUtf8(shell.readAllStandardError()),
              QStringLiteral("The output could not be written (%1).\n").arg(cause));
     // what was asked for is done all the same, and holds nothing of the output

@@ -22,6 +22,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <csignal>
@@ -40,7 +41,7 @@ constexpr unsigned s_exFat = 0x2011BAB0;
 constexpr unsigned s_fuse = 0x65735546;
 
 std::mutex s_mutex; // guards the rest
-bool s_isRecording = false;
+std::atomic<bool> s_isRecording{false}; // Qt writes from threads of its own
 QByteArray s_volume; // what lies below is recorded, ends in "/"
 QStringList s_journal;
 unsigned s_kind = 0; // what every file system says it is

@@ -20,7 +20,8 @@ Exit codes:
   0  they have
   1  they have not
   2  the command line was not understood
-  3  one of them is no file, or cannot be read; the message names it)";
+  3  one of them is no file, or cannot be read, or the answer could not be
+     written; the message says which)";
 
 int runCompare(const QStringList &arguments)
 {
@@ -38,6 +39,9 @@ int runCompare(const QStringList &arguments)
     }
     console.print(isEqual ? QStringLiteral("Equal: %1 and %2").arg(quoted(a), quoted(b))
                           : QStringLiteral("Different: %1 and %2").arg(quoted(a), quoted(b)));
+    if (Console::outputError() != 0) {
+        return ExitSourceRefused; // a code of its own: the usual one says that they differ
+    }
     return isEqual ? ExitDone : ExitFailed;
 }
 
