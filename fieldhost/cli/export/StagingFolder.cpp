@@ -79,28 +79,37 @@ bool mayBeOneFile(const QString &a, const QString &b)
     return !ok || isEqual;
 }
 
-bool clearFile(const QString &file, const QString &place, bool putsBack)
+/** How the files of a staging folder are cleared. */
+struct Clearing
+{
+    bool putsBack; // those whose place is empty
+    bool isAfterCut; // of power, perhaps
+};
+
+bool clearFile(const QString &file, const QString &place, Clearing how)
 {
     const QByteArray name = QFile::encodeName(file);
     const mode_t type = typeOf(place);
     if (type == 0) {
-        return putsBack ? std::rename(name.constData(), QFile::encodeName(place).constData()) == 0
-                        : ::unlink(name.constData()) == 0;
+        return how.putsBack
+            ? std::rename(name.constData(), QFile::encodeName(place).constData()) == 0
+            : ::unlink(name.constData()) == 0;
     }
-    const bool isSafe = type == S_IFREG ? !mayBeOneFile(file, place) : !putsBack;
+    const bool isSafe =
+        type == S_IFREG ? !how.isAfterCut || !mayBeOneFile(file, place) : !how.putsBack;
     return isSafe && ::unlink(name.constData()) == 0;
 }
 
 // Files below folder belong to the same paths below place.
-bool clearFolder(const QString &folder, const QString &place, bool putsBack)
+bool clearFolder(const QString &folder, const QString &place, Clearing how)
 {
     if (!existsOrIsLink(folder)) {
         return true;
     }
     const bool isClear = visitEntries(folder, [&](const QString &name) {
         const QString entry = below(folder, name);
-        return typeOf(entry) == S_IFDIR ? clearFolder(entry, below(place, name), putsBack)
-                                        : clearFile(entry, below(place, name), putsBack);
+        return typeOf(entry) == S_IFDIR ? clearFolder(entry, below(place, name), how)
+                                        : clearFile(entry, below(place, name), how);
     });
     return isClear && removeFolder(folder);
 }
@@ -118,7 +127,9 @@ std::unique_ptr<StagingFolder> StagingFolder::create(const QString &place, int &
     if (!folder) {
         error = errno;
         ::rmdir(path.constData());
+        return nullptr;
     }
+    folder->m_isOurs = true;
     return folder;
 }
 
@@ -180,13 +191,14 @@ bool StagingFolder::discard()
         return QDir(m_path).removeRecursively();
     }
     const QString place = parentOf(m_path);
-    bool isClear = clearFolder(backups(), place, true);
+    bool isClear = clearFolder(backups(), place, {true, !m_isOurs});
     const QString folders = m_path + QStringLiteral("/folder");
     if (existsOrIsLink(folders)) {
-        isClear = visitEntries(folders,
-                               [&](const QString &name) {
-                                   return clearFolder(below(folders, name), place, false);
-                               })
+        isClear =
+            visitEntries(folders,
+                         [&](const QString &name) {
+                             return clearFolder(below(folders, name), place, {false, !m_isOurs});
+                         })
             && isClear;
     }
     const QString files = m_path + QStringLiteral("/file");
@@ -196,7 +208,7 @@ bool StagingFolder::discard()
                                    const QString data =
                                        below(files, name) + QStringLiteral("/data");
                                    return !existsOrIsLink(data)
-                                       || clearFile(data, below(place, name), false);
+                                       || clearFile(data, below(place, name), {false, !m_isOurs});
                                })
             && isClear;
     }

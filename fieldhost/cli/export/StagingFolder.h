@@ -53,6 +53,7 @@ private:
 
     const QString m_path;
     const int m_lock; // descriptor of the folder
+    bool m_isOurs = false; // made here, so that no cut of power lies behind it
 };
 
 } // namespace Tavro::FieldHost
