@@ -826,7 +826,7 @@ void tst_ClipInfoHandler::recordUnwritten(bool isSettingOff)
     }
     m_host->recorder().setState(FreeRecorder::Recording);
     for (const int second : {0, 20, 60}) {
-        m_host->recorder().setDuration(second * 1000);
+        m_host->recorder().setDuration(second * Q_INT64_C(1000));
         m_host->camera().setPan(second + 1);
     }
     m_host->settings().setVideoIndexingEnabled(!isSettingOff);

@@ -83,7 +83,7 @@ QString doubledTarget(const CFileCopyData &job)
     }
     QSet<QString> targets;
     for (const CFileEntry &file : job.files) {
-        const QString target = targetOf(job, file.path());
+        QString target = targetOf(job, file.path());
         if (targets.contains(target)) {
             return target;
         }
