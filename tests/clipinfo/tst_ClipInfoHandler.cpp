@@ -844,7 +844,7 @@ void tst_ClipInfoHandler::recordNext()
     QVERIFY(m_handler->initRecordedVideoIndexing(m_host->path(QStringLiteral("next.mp4"))));
     m_host->recorder().setState(FreeRecorder::Recording);
     for (const int second : {10, 59, 61}) {
-        m_host->recorder().setDuration(second * 1000);
+        m_host->recorder().setDuration(second * Q_INT64_C(1000));
         m_host->camera().setTilt(second);
     }
     m_host->recorder().setState(FreeRecorder::Idle);

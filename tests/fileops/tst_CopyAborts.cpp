@@ -411,7 +411,8 @@ void tst_CopyAborts::relativeDestinationMeansWhatItMeantAtTheRequest()
 // "/src" stays, because it holds the source; what was being written into it does not
 void tst_CopyAborts::cutOffFileGoesFromADestinationThatStays()
 {
-    Test::makeFile(QStringLiteral("/src/sub/large"), Test::someBytes(12 * 1024 * 1024));
+    constexpr int size = 12 * 1024 * 1024;
+    Test::makeFile(QStringLiteral("/src/sub/large"), Test::someBytes(size));
     QFile::remove(QStringLiteral("/src/sub/film"));
     CFileCopyController controller;
     QSignalSpy canceled(&controller, &CFileCopyController::operationCanceled);
@@ -420,7 +421,7 @@ void tst_CopyAborts::cutOffFileGoesFromADestinationThatStays()
     controller.copyDirectory(QStringLiteral("/src/sub"), QStringLiteral("/src"));
     QVERIFY(canceled.wait());
     const QFileInfo copy(QStringLiteral("/src/large"));
-    QVERIFY2(!copy.exists() || copy.size() == 12 * 1024 * 1024, "a part of the file");
+    QVERIFY2(!copy.exists() || copy.size() == size, "a part of the file");
 }
 
 // the source's own path is cut out of "/src/a/src/film" as well, and leaves "afilm"

@@ -89,11 +89,11 @@ private:
         QVERIFY2(QFile::link(path(target), path(name)), name);
     }
     /** Copies "src" to "dst" and does @p change when the @p n-th chunk is written. */
-    CFileOperationResult copyAnd(std::function<int()> change, int n = 1)
+    CFileOperationResult copyAnd(const std::function<int()> &change, int n = 1)
     {
         s_flushes = 0;
         s_beforeFlush = [=](int flush) { return flush == n ? change() : 0; };
-        const CFileOperationResult result = resultOfCopy([this](CFileCopyController &controller) {
+        CFileOperationResult result = resultOfCopy([this](CFileCopyController &controller) {
             controller.copyDirectory(path("src"), path("dst"));
         });
         s_beforeFlush = nullptr;
