@@ -96,7 +96,8 @@ public:
 
     void makeTree()
     {
-        for (const QString &name : entries(QStringLiteral("/"))) {
+        const QStringList names = entries(QStringLiteral("/"));
+        for (const QString &name : names) {
             remove(QLatin1Char('/') + name);
         }
         for (const char *directory : {"/a", "/a/b", "/a/b/c", "/d", "/d/e", "/m"}) {

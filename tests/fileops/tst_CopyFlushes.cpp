@@ -40,6 +40,8 @@ namespace {
 constexpr unsigned s_exFat = 0x2011BAB0;
 constexpr unsigned s_fuse = 0x65735546;
 
+// of one program, whose end destroys them
+// clazy:excludeall=non-pod-global-static
 std::mutex s_mutex; // guards the rest
 std::atomic<bool> s_isRecording{false}; // Qt writes from threads of its own
 QByteArray s_volume; // what lies below is recorded, ends in "/"

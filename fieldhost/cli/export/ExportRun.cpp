@@ -153,7 +153,8 @@ void ExportRun::clearRemains()
     }
     places.removeDuplicates();
     for (const QString &place : qAsConst(places)) {
-        for (const QString &path : StagingFolder::discardAbandoned(place)) {
+        const QStringList staying = StagingFolder::discardAbandoned(place);
+        for (const QString &path : staying) {
             m_console.printError(
                 QStringLiteral("Warning: an earlier export did not come to its end, and has left "
                                "%1. It may be removed once the volume has been checked.")

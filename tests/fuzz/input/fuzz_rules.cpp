@@ -88,8 +88,9 @@ bool isAppended(QVariantMap &options, const QByteArray &option, const QString &v
     const QString name = QStringLiteral("pattern");
     QString pattern = options.value(name).toString();
     const int times = qBound(0, option.mid(prefix.size()).toInt(), s_longestPattern);
-    pattern += value.repeated(times).left(s_longestPattern);
-    options.insert(name, pattern.left(s_longestPattern));
+    pattern += value.repeated(times);
+    pattern.truncate(s_longestPattern);
+    options.insert(name, pattern);
     return true;
 }
 
