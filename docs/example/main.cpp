@@ -29,7 +29,8 @@ int main(int argc, char *argv[])
         if (result.isWhole()) {
             out << "copied" << Qt::endl;
         } else {
-            out << "the copy is not whole: " << result.path << ' '
+            const QStringList paths = result.unreadableDirectories + QStringList(result.path);
+            out << "the copy is not whole: " << paths.join(QLatin1Char(' ')).trimmed() << ": "
                 << std::strerror(result.systemError) << Qt::endl;
         }
         QCoreApplication::exit(result.isWhole() ? 0 : 1);

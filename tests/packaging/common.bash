@@ -43,7 +43,7 @@ run_copy_example()
     output=$("$program" "$scratch/missing" "$destination") \
         && fail "$program was content with a source that is missing: $output"
     expect_equal 'what is said of a missing source' \
-        "the copy is not whole: $scratch/missing No such file or directory" "$(tail --lines=1 <<<"$output")"
+        "the copy is not whole: $scratch/missing: No such file or directory" "$(tail --lines=1 <<<"$output")"
 }
 
 scratch=$(mktemp --directory)

@@ -50,19 +50,24 @@ bool WrittenVolumes::add(int folder, dev_t device)
     return volume.isOpen() && m_volumes.emplace(device, std::move(volume)).second;
 }
 
+// each volume, also behind one that fails
+
 bool WrittenVolumes::flushDrives() const
 {
-    return std::all_of(m_volumes.begin(), m_volumes.end(), [](const auto &volume) {
-        const int folder = volume.second.get();
-        return fsyncCoversName(folder) || flushDirectory(folder);
-    });
+    bool isFlushed = true;
+    for (const auto &[device, folder] : m_volumes) {
+        const bool isDone = fsyncCoversName(folder.get()) || flushDirectory(folder.get());
+        isFlushed = isFlushed && isDone;
+    }
+    return isFlushed;
 }
 
 bool WrittenVolumes::sync() const
 {
-    const bool isWritten = std::all_of(m_volumes.begin(), m_volumes.end(), [](const auto &volume) {
-        return ::syncfs(volume.second.get()) == 0;
-    });
+    bool isWritten = true;
+    for (const auto &[device, folder] : m_volumes) {
+        isWritten = ::syncfs(folder.get()) == 0 && isWritten;
+    }
     return flushDrives() && isWritten;
 }
 
