@@ -170,7 +170,12 @@ int main(int argc, char **argv)
     }
     const char *const source = argv[argc - 2];
     char *const destination = argv[argc - 1];
-    const int parent = open_directory(AT_FDCWD, dirname(strdup(destination)));
+    char *const path = strdup(destination);
+    if (path == NULL) {
+        give_up("strdup");
+    }
+    const int parent = open_directory(AT_FDCWD, dirname(path));
+    free(path);
     const char *const name = basename(destination);
 
     struct stat info;
