@@ -19,7 +19,8 @@ public:
     using QObject::QObject;
 
     /**
-     * The process-wide instance. Never null. The host defines this function and owns the object.
+     * The process-wide instance. Never null in a host that uses ClipInfoHandler, its only caller.
+     * The host defines this function and owns the object.
      */
     static AppState *instance();
 

@@ -9,7 +9,8 @@ public:
     virtual ~CApplicationSettings() = default;
 
     /**
-     * The process-wide instance. Never null. The host defines this function and owns the object.
+     * The process-wide instance. Never null in a host that uses ClipInfoHandler, its only caller.
+     * The host defines this function and owns the object.
      */
     static CApplicationSettings *instance();
 

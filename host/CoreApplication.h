@@ -14,7 +14,8 @@ public:
     virtual ~CoreApplication() = default;
 
     /**
-     * The process-wide instance. Never null. The host defines this function and owns the object.
+     * The process-wide instance. Never null in a host that uses ClipInfoHandler, its only caller.
+     * The host defines this function and owns the object.
      */
     static CoreApplication *instance();
 
