@@ -61,7 +61,7 @@ run_copy_window()
     local program=$1 window outcome=''
 
     mkfifo "$scratch/outcome"
-    QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
+    XDG_RUNTIME_DIR=$scratch QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
         "$program" "$scratch/source" "$scratch/shown" >"$scratch/outcome" 2>"$scratch/complaints" &
     window=$!
     # the window stays when the copy is done
