@@ -15,11 +15,11 @@ namespace Tavro::Shared {
  *
  * The mark is the dirty byte of the volume, see getDirtyByteOffset(). It is written to the block
  * device. If the drive is pulled or loses its power between lock() and unlock(), the byte stays
- * set, and the next system that uses the drive checks it. lock() does not read the byte before: a
- * volume that was dirty before lock() is clean after unlock(), although it has not been checked.
+ * set, and the next system that uses the drive checks it. lock() does not check the byte before:
+ * a volume that was dirty before lock() is clean after unlock(), although it has not been checked.
  *
- * Calls are not counted: each one acts at once. unlock() applies to the volume that the last
- * successful search of lock() has found. If the device contains another volume by then, because
+ * Calls are not counted: each one acts at once. unlock() applies to the volume that a lock()
+ * has found last. If the device contains another volume by then, because
  * another drive was plugged in or the drive was formatted, neither function writes to it: type of
  * FAT, OEM name, volume serial number and the sizes in the boot sector must be those that lock()
  * has found.
@@ -44,8 +44,9 @@ public:
      * partition of an earlier call is marked again.
      *
      * Returns true when the mark is on the device. Returns false when there is no writable
-     * partition; then the drive is not mounted, apart from temporarily to inspect it. Returns false
-     * also when the partition cannot be marked; then the drive is mounted nevertheless:
+     * partition; then the drive is left as it was, apart from the temporary mount to inspect it.
+     * Returns false also when the partition cannot be marked; then the drive is mounted
+     * nevertheless:
      * - its type has no dirty byte ("vfat", "ntfs", "exfat");
      * - the right to read and write the device is missing;
      * - the device contains another volume by now;
