@@ -80,7 +80,7 @@ public:
      * start(). Does not check whether the user has turned indexing on.
      *
      * **An earlier clip that stop() has not written is kept.** Its samples get into the file of the
-     * new clip, and samples of the new clip are dropped until their time exceeds that of its last
+     * new clip, and samples of the new clip are dropped until their time reaches that of its last
      * one. See stop() and endVideoIndexing().
      */
     bool initRecordedVideoIndexing(const QString &videoPath);
@@ -160,8 +160,8 @@ public:
 public Q_SLOTS:
     /**
      * Adds a sample when @p distance, in metres, differs by 0.05 or more from the last distance.
-     * The last distance is that of the initial sample or of the last change that was recorded here.
-     * Like all slots, it does nothing without a recorder.
+     * The last distance is that of the initial sample, or of the last change of 0.05 or more, even
+     * if its sample was dropped. Like all slots, it does nothing without a recorder.
      */
     void onDistanceCounterValueChanged(double distance);
     /** Adds a sample with the new @p pan, at the last distance. */

@@ -58,7 +58,8 @@ public:
 Q_SIGNALS:
     /**
      * Emitted when the project's locale was set or unset, and when the device's was set while no
-     * project's is valid, even if locale() is the same as before. The default locale is already set.
+     * project's is valid, even if locale() is the same as before. The default locale is already
+     * set.
      */
     void localeChanged();
 

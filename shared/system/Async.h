@@ -26,8 +26,8 @@ class TaskQueue;
  *
  * The tasks of all Async objects share a pool of at most 8 threads, which is not
  * QThreadPool::globalInstance(). If the system cannot create a single thread, a task runs in the
- * thread that starts it, within that call. Slots that are connected to it then run within the call,
- * too; they must not wait for a task and must not destroy this object.
+ * thread that starts it, within that call. Slots that are connected to this object then run
+ * within the call, too. They must not wait for a task and must not destroy this object.
  *
  * The host writes the tasks. When its work is done, a task does three things on its thread, in this
  * order:

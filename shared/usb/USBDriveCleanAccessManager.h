@@ -18,11 +18,10 @@ namespace Tavro::Shared {
  * set, and the next system that uses the drive checks it. lock() does not check the byte before:
  * a volume that was dirty before lock() is clean after unlock(), although it has not been checked.
  *
- * Calls are not counted: each one acts at once. unlock() applies to the volume that a lock()
- * has found last. If the device contains another volume by then, because
- * another drive was plugged in or the drive was formatted, neither function writes to it: type of
- * FAT, OEM name, volume serial number and the sizes in the boot sector must be those that lock()
- * has found.
+ * Calls are not counted: each one acts at once. unlock() applies to the volume that a lock() has
+ * found last. If the device contains another volume by then, because another drive was plugged in
+ * or the drive was formatted, neither function writes to it: type of FAT, OEM name, volume serial
+ * number and the sizes in the boot sector must be those that lock() has found.
  *
  * The functions run on the thread of the caller and **block while commands run and the device is
  * written**. Not thread-safe; use one object for each writer. The process needs the rights to mount
