@@ -9,7 +9,7 @@
 #include <QString>
 #include <QVariant>
 
-// of libudev; callers of the two functions that take them include <libudev.h> and link libudev
+// of libudev; whoever calls the two functions that take them includes <libudev.h> and links it
 struct udev;
 struct udev_device;
 
