@@ -10,12 +10,6 @@
 
 namespace Tavro::Shared {
 
-class CFileCopyWorker;
-
-namespace detail {
-template<typename Worker> class WorkerHandle;
-} // namespace detail
-
 /**
  * Copies directory trees and single files in the background, with progress in bytes.
  *
@@ -159,31 +153,9 @@ private Q_SLOTS:
     void onWorkerFinished();
 
 private:
-    struct Destination // with the sources of its request, which an abort never removes
-    {
-        QString path;
-        QStringList sources;
-    };
-    struct Run
-    {
-        QList<Destination> destinations;
-        bool aborted = false;
-        bool removed = false;
-    };
+    class Private;
 
-    void connectReports();
-    template<typename Load> void load(Load load);
-    void startRun();
-    static void removeDestinations(Run &run);
-
-    std::shared_ptr<detail::WorkerHandle<CFileCopyWorker>> m_handle; // worker and thread
-    qlonglong m_totalBytes = 0;
-    qlonglong m_processedBytes = 0;
-    QString m_processingDirectory;
-    int m_state = StateIdle;
-    CFileOperationResult m_lastResult;
-    QList<Destination> m_destinations;
-    QList<Run> m_runs; // started, end not announced yet; only the last one can still be at work
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

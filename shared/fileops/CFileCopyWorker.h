@@ -10,11 +10,6 @@
 
 namespace Tavro::Shared {
 
-namespace detail {
-class RunControl;
-template<typename Worker> class WorkerHandle;
-} // namespace detail
-
 /**
  * Copies directory trees or single files chunk by chunk; the work behind CFileCopyController.
  *
@@ -118,12 +113,10 @@ Q_SIGNALS:
     void totalBytesChanged(qlonglong value);
 
 private:
-    friend class detail::WorkerHandle<CFileCopyWorker>; // the controller's side of the runs
-    struct Private;
+    friend class CFileCopyController; // loads requests, and hears of their runs
+    class Private;
 
-    detail::RunControl &runs();
-
-    std::unique_ptr<Private> m_d;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

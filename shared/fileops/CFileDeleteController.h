@@ -10,12 +10,6 @@
 
 namespace Tavro::Shared {
 
-class CFileDeleteWorker;
-
-namespace detail {
-template<typename Worker> class WorkerHandle;
-} // namespace detail
-
 /**
  * Deletes directory trees in the background, with progress in bytes.
  *
@@ -124,14 +118,9 @@ private Q_SLOTS:
     void onErrorOccurred(int errorCode);
 
 private:
-    void onWorkerState(int state);
-    void startNextRun();
+    class Private;
 
-    std::shared_ptr<detail::WorkerHandle<CFileDeleteWorker>> m_handle; // worker and thread
-    qlonglong m_totalBytes = 0;
-    qlonglong m_processedBytes = 0;
-    int m_state = StateIdle;
-    CFileOperationResult m_lastResult;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

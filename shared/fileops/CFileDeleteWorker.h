@@ -10,14 +10,6 @@
 
 namespace Tavro::Shared {
 
-struct CFileDeleteData;
-
-namespace detail {
-class RunControl;
-struct DeleteRequest;
-template<typename Worker> class WorkerHandle;
-} // namespace detail
-
 /**
  * Deletes directory trees; the work behind CFileDeleteController.
  *
@@ -99,19 +91,10 @@ Q_SIGNALS:
     void totalBytesChanged(qlonglong value);
 
 private:
-    friend class detail::WorkerHandle<CFileDeleteWorker>; // the controller's side of the runs
-    struct Private;
+    friend class CFileDeleteController; // loads requests, and hears of their runs
+    class Private;
 
-    detail::RunControl &runs();
-    bool takeStep(detail::DeleteRequest &request);
-    void deleteTrees(detail::DeleteRequest &request);
-    bool deleteFiles(detail::DeleteRequest &request, const CFileDeleteData &job,
-                     const QString &root);
-    bool deleteRest(detail::DeleteRequest &request, int job);
-    void fail(detail::DeleteRequest &request, CFileDeleteController::Error error, int systemError,
-              const QString &path);
-
-    std::unique_ptr<Private> m_d;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

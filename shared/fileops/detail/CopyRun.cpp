@@ -1,6 +1,5 @@
 #include "shared/fileops/detail/CopyRun.h"
 
-#include "shared/fileops/CFileCopyData.h"
 #include "shared/fileops/detail/CopyPaths.h"
 #include "shared/fileops/detail/DestinationRemoval.h"
 #include "shared/fileops/detail/DestinationTree.h"
@@ -115,6 +114,15 @@ void prefetch(int source, qint64 begin, qint64 sourceSize)
 }
 
 } // namespace
+
+QStringList CopyRequest::sources() const
+{
+    QStringList paths;
+    for (const CFileCopyData &job : jobs) {
+        paths.append(job.sourcePath);
+    }
+    return paths;
+}
 
 /** A file that is written to. */
 struct CopyRun::Target
@@ -283,7 +291,7 @@ int CopyRun::copyChunks(Target &target, const QString &sourcePath, FileDescripto
             target.isCutOff = copied < sourceSize;
             return CFileCopyController::ErrorNone;
         }
-        m_core.gate().pass();
+        m_core.waitWhilePaused();
 
         qint64 n = source.read(buffer.data(), buffer.size(), sourceSize - copied);
         if (n > 0 && copied + n > sourceSize && buffer.size() < s_chunkSize) {
@@ -332,7 +340,7 @@ bool CopyRun::finishChunk(qint64 size)
         }
     }
     m_request.result.bytes += size;
-    Q_EMIT m_worker.processedBytesChanged(m_request.processedBytes += size);
+    m_core.addProcessedBytes(m_request, size);
     return true;
 }
 
@@ -348,11 +356,7 @@ int CopyRun::finish(const QString &path)
 // true when an abort leaves the destination that holds the file
 bool CopyRun::isKept(const QString &targetPath) const
 {
-    QStringList sources;
-    for (const CFileCopyData &job : qAsConst(m_request.jobs)) {
-        sources.append(job.sourcePath);
-    }
-    const KeptSources kept(sources);
+    const KeptSources kept(m_request.sources());
     return std::any_of(
         m_request.jobs.cbegin(), m_request.jobs.cend(), [&](const CFileCopyData &job) {
             return targetPath.startsWith(job.destinationPath) && kept.contains(job.destinationPath);
