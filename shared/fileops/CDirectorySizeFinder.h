@@ -6,6 +6,8 @@
 #include <QPair>
 #include <QString>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -24,6 +26,7 @@ class OVO_SHARED_EXPORT CDirectorySizeFinder : public QObject
 
 public:
     explicit CDirectorySizeFinder(QObject *parent = nullptr);
+    ~CDirectorySizeFinder() override;
 
     /**
      * Starts one request and returns at once; gotSizeOfPath() follows through the event loop of
@@ -49,6 +52,11 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void handleFinshed();
+
+private:
+    class Private; // none yet: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

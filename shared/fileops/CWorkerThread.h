@@ -4,7 +4,7 @@
 
 #include <QThread>
 
-#include <atomic>
+#include <memory>
 
 namespace Tavro::Shared {
 
@@ -20,6 +20,7 @@ class OVO_SHARED_EXPORT CWorkerThread : public QThread
 
 public:
     explicit CWorkerThread(QObject *parent = nullptr);
+    ~CWorkerThread() override;
 
     /** True until the first run has handled QThread::started; false for good from then on. */
     bool isThreadStartPending();
@@ -39,7 +40,9 @@ private Q_SLOTS:
     void onThreadStarted();
 
 private:
-    std::atomic<bool> m_startPending{true};
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared
