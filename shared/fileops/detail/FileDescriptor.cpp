@@ -109,17 +109,17 @@ FileDescriptor FileDescriptor::openForHolding(const char *path)
     return FileDescriptor(uninterrupted([=] { return ::open(path, O_PATH | O_CLOEXEC); }));
 }
 
-FileDescriptor FileDescriptor::openOrCreate(int folder, const char *name)
+FileDescriptor FileDescriptor::openOrCreate(int directory, const char *name)
 {
     // not emptied by open(): it may be the source, and must be asked first
     return FileDescriptor(uninterrupted(
-        [=] { return ::openat(folder, name, O_WRONLY | O_CREAT | s_flags, s_newFileMode); }));
+        [=] { return ::openat(directory, name, O_WRONLY | O_CREAT | s_flags, s_newFileMode); }));
 }
 
-FileDescriptor FileDescriptor::createNew(int folder, const char *name)
+FileDescriptor FileDescriptor::createNew(int directory, const char *name)
 {
     return FileDescriptor(uninterrupted([=] {
-        return ::openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | s_flags, s_newFileMode);
+        return ::openat(directory, name, O_WRONLY | O_CREAT | O_EXCL | s_flags, s_newFileMode);
     }));
 }
 

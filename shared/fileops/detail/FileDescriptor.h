@@ -40,10 +40,10 @@ public:
 
     /** Holds on to whatever @p path means, without any right to it. */
     static FileDescriptor openForHolding(const char *path);
-    /** Opens the file @p name in @p folder for writing, or creates it. */
-    static FileDescriptor openOrCreate(int folder, const char *name);
-    /** Creates the file @p name in @p folder; fails with EEXIST when there is one. */
-    static FileDescriptor createNew(int folder, const char *name);
+    /** Opens the file @p name in @p directory for writing, or creates it. */
+    static FileDescriptor openOrCreate(int directory, const char *name);
+    /** Creates the file @p name in @p directory; fails with EEXIST when there is one. */
+    static FileDescriptor createNew(int directory, const char *name);
 
     bool isOpen() const { return m_fd >= 0; }
     int handle() const { return m_fd; }

@@ -22,7 +22,7 @@ QString resolvedPath(const QString &path);
 /** True for a resource of the program, ":/name": only QFile and QDir know what it is. */
 bool isResource(const QString &path);
 
-/** What the system calls an entry of a folder; a plain name costs no allocation. */
+/** What the system calls an entry of a directory; a plain name costs no allocation. */
 class NativeName
 {
     Q_DISABLE_COPY(NativeName)
