@@ -4,6 +4,7 @@
 #include "shared/fileops/detail/CopyPaths.h"
 #include "shared/fileops/detail/TreeWalk.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 
 #include <QDir>
 #include <QFile>
@@ -61,7 +62,7 @@ void enumerate(CFileCopyData &job, detail::CopyRequest &request)
             result.errorCode = CFileCopyController::createErrorCode(
                 CFileCopyController::ErrorSourceFileOpenFailed);
             result.systemError = error;
-            result.path = detail::withoutFinalSlash(job.sourcePath);
+            result.path = detail::withoutFinalSlashes(job.sourcePath);
         }
         return;
     }

@@ -124,7 +124,7 @@ void CFileDeleteWorker::Private::enumerateFiles(detail::DeleteRequest &request)
             continue;
         }
         const detail::TreeListing listing =
-            detail::listTree(root.path, detail::Links::LeaveOut, &request.abandoned);
+            detail::listTree(root.path, detail::Links::Refuse, &request.abandoned);
         request.unreadable[i] = listing.unreadableDirectories;
         CFileDeleteData &job = request.jobs[i];
         job.directories += listing.directories;

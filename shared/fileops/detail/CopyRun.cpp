@@ -7,6 +7,7 @@
 #include "shared/fileops/detail/SystemSync.h"
 #include "shared/filesystem/detail/FileIdentity.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 
 #include <QSet>
 #include <QStringBuilder>
@@ -99,7 +100,7 @@ void takeOverPermissions(const detail::FileDescriptor &destination,
     const mode_t permissions = sourceInfo.st_mode & 0777;
     const bool isDevice = !S_ISREG(destinationInfo.st_mode); // everybody's, and stays as it is
     if (!isDevice && (destinationInfo.st_mode & 0777) != permissions) {
-        ::fchmod(destination.handle(), permissions);
+        ::fchmod(destination.get(), permissions);
     }
 }
 
@@ -150,7 +151,7 @@ void CopyRun::copyTrees()
         m_worker.updateProcessingDirectory(m_request.directoryNames.value(i));
         isDone = copyTree(jobs.at(i));
     }
-    const int error = finish(withoutFinalSlash(jobs.value(0).destinationPath));
+    const int error = finish(withoutFinalSlashes(jobs.value(0).destinationPath));
     if (isDone && error != CFileCopyController::ErrorNone) {
         m_request.error = error;
         Q_EMIT m_worker.errorOccurred(error);
@@ -317,7 +318,7 @@ int CopyRun::copyChunks(Target &target, const QString &sourcePath, FileDescripto
             return fail(CFileCopyController::ErrorDestinationFileWriteFailed, target.path);
         }
         copied += n;
-        prefetch(source.handle(), copied, sourceSize);
+        prefetch(source.get(), copied, sourceSize);
         // A chunk that counts is on the device, so that a drive pulled out now loses at most this
         // one, and can be found again. In this order: the flush of a file on FAT writes its own
         // entry, too, which is then not written twice.

@@ -2,6 +2,7 @@
 
 #include "shared/filesystem/detail/DirectoryDescent.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 #include "shared/filesystem/detail/SystemText.h"
 
 #include <QFile>
@@ -56,8 +57,7 @@ QByteArray parentOf(const QByteArray &path)
 void removeDirectory(const QString &path, const KeptSources &sources)
 {
     const QByteArray native = QFile::encodeName(path);
-    DirectoryHandle directory =
-        DirectoryHandle::open(native.constData(), DirectoryHandle::Links::Follow);
+    DirectoryHandle directory = DirectoryHandle::open(native.constData(), Links::Follow);
     struct stat info = {};
     // asked again, now that it is open
     if (!directory.isOpen() || ::fstat(directory.get(), &info) != 0 || sources.contains(info)) {
@@ -77,10 +77,9 @@ void removeDirectory(const QString &path, const KeptSources &sources)
 KeptSources::KeptSources(const QStringList &sources)
 {
     insertWithAncestors("/");
-    for (QString path : sources) {
-        while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
-            path.chop(1); // what is asked for as a directory may be a file
-        }
+    for (const QString &source : sources) {
+        const QString path =
+            withoutFinalSlashes(source); // what is asked for as a directory may be a file
         const QByteArray native = QFile::encodeName(path);
         struct stat info = {};
         if (!isNameable(path)) {

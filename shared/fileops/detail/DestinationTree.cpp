@@ -99,10 +99,10 @@ bool DestinationTree::openRoot()
     }
     const bool isRootOfAll = m_rootPath.size() == 1;
     const QByteArray path = QFile::encodeName(isRootOfAll ? m_rootPath : m_rootPath.chopped(1));
-    m_root = DirectoryHandle::open(path.constData(), DirectoryHandle::Links::Follow);
+    m_root = DirectoryHandle::open(path.constData(), Links::Follow);
     if (!m_root.isOpen() && errno == ENOENT && m_whenMissing == Root::MadeWhenMissing
         && QDir().mkpath(m_rootPath)) {
-        m_root = DirectoryHandle::open(path.constData(), DirectoryHandle::Links::Follow);
+        m_root = DirectoryHandle::open(path.constData(), Links::Follow);
     }
     if (!m_root.isOpen()) {
         return false;
@@ -200,8 +200,7 @@ DirectoryHandle DestinationTree::openBelow(const DirectoryHandle &directory, con
     const auto wayOut = m_waysOut.constFind(path.left(end + 1));
     const bool leadsOut = wayOut != m_waysOut.cend();
     DirectoryHandle below = DirectoryHandle::openBelow(directory.get(), name.get(),
-                                                       leadsOut ? DirectoryHandle::Links::Follow
-                                                                : DirectoryHandle::Links::Refuse);
+                                                       leadsOut ? Links::Follow : Links::Refuse);
     struct stat above = {};
     struct stat info = {};
     if (!below.isOpen() || ::fstat(directory.get(), &above) != 0

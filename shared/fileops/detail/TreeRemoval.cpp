@@ -4,6 +4,7 @@
 #include "shared/filesystem/detail/DirectoryDescent.h"
 #include "shared/filesystem/detail/FileIdentity.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 #include "shared/filesystem/detail/SystemText.h"
 
 #include <QDir>
@@ -24,14 +25,6 @@ namespace Tavro::Shared::detail {
 namespace {
 
 using Outcome = TreeRemoval::Outcome;
-
-QString withoutFinalSlashes(QString path)
-{
-    while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
-        path.chop(1);
-    }
-    return path;
-}
 
 /** Removes everything that it meets. */
 class Removal : public DirectoryDescent
@@ -276,8 +269,7 @@ TreeRemoval removeTree(const QString &root)
         return {Outcome::Failed, EBUSY, root, {}, false};
     }
     Removal removal(root);
-    DirectoryHandle directory =
-        DirectoryHandle::open(name.constData(), DirectoryHandle::Links::Refuse);
+    DirectoryHandle directory = DirectoryHandle::open(name.constData(), Links::Refuse);
     if (directory.isOpen()) {
         removal.run(std::move(directory));
     } else {
@@ -291,14 +283,13 @@ TreeRemoval removeTree(const QString &root)
 }
 
 FileRemoval::FileRemoval(const QString &root)
-    : m_prefix(root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/'))
+    : m_prefix(withFinalSlash(root))
 {
     if (isResource(root)) {
         m_error = EROFS;
         return;
     }
-    m_root =
-        DirectoryHandle::open(QFile::encodeName(root).constData(), DirectoryHandle::Links::Refuse);
+    m_root = DirectoryHandle::open(QFile::encodeName(root).constData(), Links::Refuse);
     m_error = m_root.isOpen() ? 0 : errno;
 }
 
@@ -367,8 +358,8 @@ FlushFailure flushRemovals(const QStringList &roots)
     FlushFailure failure;
     std::set<dev_t> volumes;
     for (const QString &path : qAsConst(directories)) {
-        const DirectoryHandle directory = DirectoryHandle::open(QFile::encodeName(path).constData(),
-                                                                DirectoryHandle::Links::Refuse);
+        const DirectoryHandle directory =
+            DirectoryHandle::open(QFile::encodeName(path).constData(), Links::Refuse);
         struct stat info = {};
         if (!directory.isOpen() || ::fstat(directory.get(), &info) != 0) {
             if (errno != ENOENT) {

@@ -1,6 +1,7 @@
 #include "shared/fileops/detail/TreeWalk.h"
 
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 
 #include <QDir>
 #include <QFile>
@@ -132,7 +133,7 @@ int DirectoryReader::read(const QString &path)
     m_text.clear();
     m_files.clear();
     m_directories.clear();
-    m_prefix = path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
+    m_prefix = withFinalSlash(path);
     m_nativePath = QFile::encodeName(m_prefix);
 
     // by its full path, not relative to its parent: the system counts the links of a path, and
@@ -239,7 +240,7 @@ Examined DirectoryReader::examine(int directoryFd, const dirent &entry, qsizetyp
 Examined DirectoryReader::examineLink(const char *name, bool isTooLong)
 {
     struct stat info = {};
-    if (m_links == Links::LeaveOut) {
+    if (m_links == Links::Refuse) {
         return {};
     }
     if (isTooLong) {
@@ -351,8 +352,7 @@ void visitResources(const QString &path, int rootLength, TreeListing &listing)
 
 void noteUnreadable(const QString &path, int error, TreeListing &listing)
 {
-    const bool hasFinalSlash = path.size() > 1 && path.endsWith(QLatin1Char('/'));
-    listing.unreadableDirectories.append(hasFinalSlash ? path.chopped(1) : path);
+    listing.unreadableDirectories.append(withoutFinalSlashes(path));
     if (listing.systemError == 0) {
         listing.systemError = error;
     }
@@ -363,7 +363,7 @@ void noteUnreadable(const QString &path, int error, TreeListing &listing)
 TreeListing listTree(const QString &root, Links links, const std::atomic<bool> *abandoned)
 {
     TreeListing listing;
-    const QString prefix = root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/');
+    const QString prefix = withFinalSlash(root);
     const bool isOfResources = isResource(root);
     DirectoryReader reader(links, abandoned);
     const auto visit = [&](const QString &path) {

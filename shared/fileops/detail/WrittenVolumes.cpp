@@ -1,5 +1,7 @@
 #include "shared/fileops/detail/WrittenVolumes.h"
 
+#include "shared/filesystem/detail/SystemCall.h"
+
 #include <linux/magic.h>
 #include <sys/vfs.h>
 #include <unistd.h>
@@ -34,11 +36,8 @@ bool fsyncCoversName(int fd)
 
 bool flushDirectory(int directory)
 {
-    int result = 0;
-    do {
-        result = ::fsync(directory);
-    } while (result != 0 && errno == EINTR);
-    return result == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP || errno == ENOSYS;
+    return uninterrupted([=] { return ::fsync(directory); }) == 0 || errno == EINVAL
+        || errno == EROFS || errno == ENOTSUP || errno == ENOSYS;
 }
 
 bool WrittenVolumes::add(int directory, dev_t device)

@@ -1,6 +1,7 @@
 #include "shared/filesystem/detail/DirectoryDescent.h"
 
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/SystemCall.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -24,11 +25,7 @@ bool isSelfOrParent(const char *name)
 
 ssize_t readEntries(int directory, char *buffer)
 {
-    ssize_t size = -1;
-    do {
-        size = ::getdents64(directory, buffer, s_bufferSize);
-    } while (size < 0 && errno == EINTR);
-    return size;
+    return uninterrupted([=] { return ::getdents64(directory, buffer, s_bufferSize); });
 }
 
 } // namespace

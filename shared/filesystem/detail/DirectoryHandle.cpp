@@ -1,47 +1,21 @@
 #include "shared/filesystem/detail/DirectoryHandle.h"
 
-#include <fcntl.h>
-#include <unistd.h>
+#include "shared/filesystem/detail/SystemCall.h"
 
-#include <cerrno>
+#include <fcntl.h>
 
 namespace Tavro::Shared::detail {
 
-namespace {
-
-constexpr int s_flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
-
-int flags(DirectoryHandle::Links links)
-{
-    return links == DirectoryHandle::Links::Follow ? s_flags : s_flags | O_NOFOLLOW;
-}
-
-int openDirectory(int base, const char *path, int flags)
-{
-    int fd = -1;
-    do {
-        fd = ::openat(base, path, flags);
-    } while (fd < 0 && errno == EINTR);
-    return fd;
-}
-
-} // namespace
-
 DirectoryHandle DirectoryHandle::open(const char *path, Links links)
 {
-    return DirectoryHandle(openDirectory(AT_FDCWD, path, flags(links)));
+    return openBelow(AT_FDCWD, path, links);
 }
 
 DirectoryHandle DirectoryHandle::openBelow(int directory, const char *name, Links links)
 {
-    return DirectoryHandle(openDirectory(directory, name, flags(links)));
-}
-
-void DirectoryHandle::close()
-{
-    if (isOpen()) {
-        ::close(std::exchange(m_fd, -1));
-    }
+    const int flags =
+        O_RDONLY | O_DIRECTORY | O_CLOEXEC | (links == Links::Refuse ? O_NOFOLLOW : 0);
+    return DirectoryHandle(uninterrupted([=] { return ::openat(directory, name, flags); }));
 }
 
 } // namespace Tavro::Shared::detail

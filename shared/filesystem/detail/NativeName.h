@@ -28,7 +28,7 @@ class NativeName
     Q_DISABLE_COPY(NativeName)
 
 public:
-    /** The name is @p path behind position @p begin. */
+    /** The name is @p path, which isNameable(), behind position @p begin. */
     NativeName(const QString &path, int begin);
 
     const char *get() const { return m_encoded.isNull() ? m_plain.data() : m_encoded.constData(); }

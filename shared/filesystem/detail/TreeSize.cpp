@@ -58,8 +58,8 @@ qint64 treeSize(const QString &path)
     if (isResource(resolved)) {
         return sizeOfResources(resolved);
     }
-    DirectoryHandle root = DirectoryHandle::open(QFile::encodeName(resolved).constData(),
-                                                 DirectoryHandle::Links::Follow);
+    DirectoryHandle root =
+        DirectoryHandle::open(QFile::encodeName(resolved).constData(), Links::Follow);
     if (!root.isOpen()) {
         return 0;
     }
