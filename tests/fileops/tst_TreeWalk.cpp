@@ -425,9 +425,9 @@ void tst_TreeWalk::equalsQDirWhereNamesDifferOnlyInCase()
         QVERIFY(QFile::link(path("t/" + name), path("t/" + name + ".folder")));
     }
     QCOMPARE(differenceBetween(listTree(path("t")), listByQDir(path("t"))), QByteArray());
-    QCOMPARE(differenceBetween(listTree(path("t"), Links::Refuse),
-                               listByQDir(path("t"), Links::Refuse)),
-             QByteArray());
+    QCOMPARE(
+        differenceBetween(listTree(path("t"), Links::Refuse), listByQDir(path("t"), Links::Refuse)),
+        QByteArray());
 }
 
 void tst_TreeWalk::linkToTheFolderAboveEndsWhereQDirEnds()
