@@ -2,8 +2,8 @@
 
 #include "host/CLogger.h"
 #include "shared/fileops/detail/CFileCopyWorkerPrivate.h"
-#include "shared/fileops/detail/CopyPaths.h"
 #include "shared/fileops/detail/DestinationRemoval.h"
+#include "shared/fileops/detail/RequestPaths.h"
 #include "shared/fileops/detail/WorkerHandle.h"
 
 #include <QPointer>
@@ -56,25 +56,15 @@ public:
     CFileOperationResult lastResult;
     QList<Destination> destinations;
     QList<Run> runs; // asked for, end not announced yet; only the last one can still be at work
-
-private:
-    static std::shared_ptr<Handle> makeHandle(CFileCopyController *controller);
 };
-
-std::shared_ptr<CFileCopyController::Private::Handle> CFileCopyController::Private::makeHandle(
-    CFileCopyController *controller)
-{
-    auto worker = std::make_unique<CFileCopyWorker>();
-    detail::CopyCore &core = *worker->d;
-    return std::make_shared<Handle>(controller, std::move(worker), core);
-}
 
 // The worker's signals reach the slots as if by queued connections, in order and one by one, but
 // without a wake-up for each. errorOccurred() ends here: a run that failed is announced as
 // completed.
 CFileCopyController::Private::Private(CFileCopyController *controller)
     : q(controller)
-    , handle(makeHandle(controller))
+    , handle(std::make_shared<Handle>(
+          controller, [](CFileCopyWorker &worker) -> detail::CopyCore & { return *worker.d; }))
 {
     using Worker = CFileCopyWorker;
     handle->onResult([this](const RequestPointer &request) {

@@ -1,7 +1,7 @@
 #include "shared/fileops/CFileCopyWorker.h"
 
 #include "shared/fileops/detail/CFileCopyWorkerPrivate.h"
-#include "shared/fileops/detail/CopyPaths.h"
+#include "shared/fileops/detail/RequestPaths.h"
 #include "shared/fileops/detail/TreeWalk.h"
 #include "shared/filesystem/detail/NativeName.h"
 #include "shared/filesystem/detail/PathText.h"

@@ -32,22 +32,12 @@ public:
     qlonglong processedBytes = 0;
     int state = StateIdle;
     CFileOperationResult lastResult;
-
-private:
-    static std::shared_ptr<Handle> makeHandle(CFileDeleteController *controller);
 };
-
-std::shared_ptr<CFileDeleteController::Private::Handle> CFileDeleteController::Private::makeHandle(
-    CFileDeleteController *controller)
-{
-    auto worker = std::make_unique<CFileDeleteWorker>();
-    detail::DeleteCore &core = *worker->d;
-    return std::make_shared<Handle>(controller, std::move(worker), core);
-}
 
 CFileDeleteController::Private::Private(CFileDeleteController *controller)
     : q(controller)
-    , handle(makeHandle(controller))
+    , handle(std::make_shared<Handle>(
+          controller, [](CFileDeleteWorker &worker) -> detail::DeleteCore & { return *worker.d; }))
 {
     // finished() and errorOccurred() end at the worker: that a run is over shows in the state
     using Worker = CFileDeleteWorker;

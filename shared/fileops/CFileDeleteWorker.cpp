@@ -1,6 +1,7 @@
 #include "shared/fileops/CFileDeleteWorker.h"
 
 #include "shared/fileops/detail/CFileDeleteWorkerPrivate.h"
+#include "shared/fileops/detail/TreeRemoval.h"
 #include "shared/fileops/detail/TreeWalk.h"
 
 namespace Tavro::Shared {
@@ -110,7 +111,7 @@ CFileDeleteWorker::Private::RequestPointer CFileDeleteWorker::Private::requestFo
         CFileDeleteData job;
         job.path = path;
         request->jobs.append(job);
-        request->roots.append(detail::removalRoot(path));
+        request->roots.append(detail::resolvedDirectory(path));
         request->unreadable.append(QStringList());
     }
     return request;
@@ -119,7 +120,7 @@ CFileDeleteWorker::Private::RequestPointer CFileDeleteWorker::Private::requestFo
 void CFileDeleteWorker::Private::enumerateFiles(detail::DeleteRequest &request)
 {
     for (int i = 0; i < request.jobs.size(); ++i) {
-        const detail::RemovalRoot &root = request.roots.at(i);
+        const detail::ResolvedDirectory &root = request.roots.at(i);
         if (root.systemError != 0 || !detail::isRemovableTree(root.path)) {
             continue;
         }
@@ -164,7 +165,7 @@ void CFileDeleteWorker::Private::deleteTrees(detail::DeleteRequest &request)
 {
     QStringList touchedRoots;
     for (int i = 0; i < request.jobs.size(); ++i) {
-        const detail::RemovalRoot &root = request.roots.at(i);
+        const detail::ResolvedDirectory &root = request.roots.at(i);
         if (root.systemError != 0) {
             fail(request, CFileDeleteController::ErrorDirectoryDeletionFailed, root.systemError,
                  root.path);

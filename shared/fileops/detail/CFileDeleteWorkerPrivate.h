@@ -2,7 +2,7 @@
 
 #include "shared/fileops/CFileDeleteData.h"
 #include "shared/fileops/CFileDeleteWorker.h"
-#include "shared/fileops/detail/TreeRemoval.h"
+#include "shared/fileops/detail/RequestPaths.h"
 #include "shared/fileops/detail/WorkerCore.h"
 
 namespace Tavro::Shared {
@@ -13,7 +13,7 @@ namespace detail {
 struct DeleteRequest : RunRequest
 {
     QList<CFileDeleteData> jobs;
-    QList<RemovalRoot> roots; // what each job's path meant when it was loaded
+    QList<ResolvedDirectory> roots; // what each job's path meant when it was loaded
     QList<QStringList> unreadable; // of each job: directories that could not be listed
 };
 

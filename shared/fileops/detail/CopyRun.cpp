@@ -1,6 +1,5 @@
 #include "shared/fileops/detail/CopyRun.h"
 
-#include "shared/fileops/detail/CopyPaths.h"
 #include "shared/fileops/detail/DestinationRemoval.h"
 #include "shared/fileops/detail/DestinationTree.h"
 #include "shared/fileops/detail/FileDescriptor.h"

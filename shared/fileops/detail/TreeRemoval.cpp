@@ -1,13 +1,12 @@
 #include "shared/fileops/detail/TreeRemoval.h"
 
+#include "shared/fileops/detail/RequestPaths.h"
 #include "shared/fileops/detail/WrittenVolumes.h"
 #include "shared/filesystem/detail/DirectoryDescent.h"
 #include "shared/filesystem/detail/FileIdentity.h"
 #include "shared/filesystem/detail/NativeName.h"
 #include "shared/filesystem/detail/PathText.h"
-#include "shared/filesystem/detail/SystemText.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -153,12 +152,6 @@ bool mayBeRootOfAll(const struct stat &info)
     return ::stat("/", &root) != 0 || isSameFile(info, root);
 }
 
-// that there is nothing of that name, and not just nothing to be seen
-bool meansNothing(int error)
-{
-    return error == ENOENT || error == ENOTDIR;
-}
-
 TreeRemoval removeLinkToDirectory(const QString &root, const QByteArray &link)
 {
     struct stat target = {};
@@ -176,63 +169,7 @@ TreeRemoval removeLinkToDirectory(const QString &root, const QByteArray &link)
     return {Outcome::Failed, errno, root, {}, true};
 }
 
-// what a system call has answered for @p path; null when it has failed
-RemovalRoot found(const SystemText &answer, const QString &path)
-{
-    if (!answer) {
-        return meansNothing(errno) ? RemovalRoot() : RemovalRoot{path, errno};
-    }
-    return isAddressable(answer.get()) ? RemovalRoot{QFile::decodeName(answer.get()), 0}
-                                       : RemovalRoot{path, EILSEQ};
-}
-
 } // namespace
-
-RemovalRoot realPath(const QString &path)
-{
-    return found(SystemText(::realpath(QFile::encodeName(path).constData(), nullptr)), path);
-}
-
-RemovalRoot currentDirectory()
-{
-    return found(SystemText(::getcwd(nullptr, 0)), {});
-}
-
-RemovalRoot removalRoot(const QString &path)
-{
-    const QString resolved = resolvedPath(path);
-    if (!isNameable(resolved)) {
-        return {};
-    }
-    if (isResource(resolved)) {
-        return {resolved, 0};
-    }
-    QString absolute = resolved;
-    if (!resolved.startsWith(QLatin1Char('/'))) {
-        // perhaps removed; the path must not come to mean one of the root's
-        const RemovalRoot current = currentDirectory();
-        if (current.path.isEmpty() || current.systemError != 0) {
-            return {current.systemError == 0 ? QString() : resolved, current.systemError};
-        }
-        absolute = current.path + QLatin1Char('/') + resolved;
-    }
-    absolute = withoutFinalSlashes(absolute);
-
-    const QStringList names = absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    if (!names.contains(QLatin1String(".."))) {
-        return {QDir::cleanPath(absolute), 0};
-    }
-    // behind a link, ".." is not where the text says
-    if (names.constLast() == QLatin1String("..") || names.constLast() == QLatin1String(".")) {
-        return realPath(absolute);
-    }
-    const int end = absolute.lastIndexOf(QLatin1Char('/'));
-    RemovalRoot root = realPath(absolute.left(end));
-    if (!root.path.isEmpty() && root.systemError == 0) {
-        root.path = withoutFinalSlashes(root.path) + absolute.mid(end);
-    }
-    return root;
-}
 
 bool isRemovableTree(const QString &root)
 {

@@ -7,26 +7,6 @@
 
 namespace Tavro::Shared::detail {
 
-/** What a path means at one moment. */
-struct RemovalRoot
-{
-    /**
-     * Absolute, and goes on meaning the same: "." and ".." are gone from it, a link at its end is
-     * not followed. Empty when the path means nothing.
-     */
-    QString path;
-    int systemError = 0; // why the system cannot tell what it means; nothing of that may be removed
-};
-
-/** Where the system finds @p path now, links and ".." followed. */
-RemovalRoot realPath(const QString &path);
-
-/** The current directory. */
-RemovalRoot currentDirectory();
-
-/** What @p path means now. A directory of resources keeps its name. */
-RemovalRoot removalRoot(const QString &path);
-
 /** True when @p root is a directory that may be gone through: no link, and not the root of all. */
 bool isRemovableTree(const QString &root);
 

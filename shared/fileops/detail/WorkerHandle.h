@@ -21,10 +21,11 @@ template<typename Worker, typename Core> class WorkerHandle
 public:
     using RequestPointer = typename Core::RequestPointer;
 
-    /** @p core is that of @p worker. */
-    WorkerHandle(QObject *controller, std::unique_ptr<Worker> worker, Core &core)
-        : m_core(core)
-        , m_worker(worker.release())
+    /** @p coreOf(worker) is the core of the worker that is made here. */
+    template<typename CoreOf>
+    WorkerHandle(QObject *controller, CoreOf coreOf)
+        : m_worker(new Worker)
+        , m_core(coreOf(*m_worker))
         , m_thread(m_worker)
         , m_reports(ReportQueue::create(controller))
     {
@@ -103,8 +104,8 @@ public:
     }
 
 private:
-    Core &m_core; // part of the worker
     Worker *m_worker; // owned by m_thread, lives in it
+    Core &m_core; // part of the worker
     WorkerThreadOwner m_thread;
     std::shared_ptr<ReportQueue> m_reports;
     bool m_isOwned = true;
