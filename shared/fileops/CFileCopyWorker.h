@@ -38,7 +38,7 @@ public:
     /** Result of the last file that doWork() copied, a CFileCopyController::Error. */
     int error() const;
     /**
-     * True after cancelWork(), and after a run without a request, until the next reset() or the
+     * True after cancelWork(), and after a run without a request, until reset() is called or the
      * next request is loaded.
      */
     bool isCanceled() const;

@@ -36,7 +36,7 @@ public:
     /** Current step, a CFileDeleteController::State. */
     int state() const;
     /**
-     * True after cancelWork(), until the end of the run, the next reset() or the next request is
+     * True after cancelWork(), until the run ends, reset() is called or the next request is
      * loaded.
      */
     bool isCanceled() const;
@@ -95,7 +95,7 @@ Q_SIGNALS:
     void totalBytesChanged(qlonglong value);
 
 private:
-    friend class CFileDeleteController; // loads requests, and hears of their runs
+    friend class CFileDeleteController; // loads requests and is told of their runs
     class Private;
 
     std::unique_ptr<Private> d;
