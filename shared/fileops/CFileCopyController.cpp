@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 namespace Tavro::Shared {
 
@@ -307,7 +308,7 @@ CFileCopyController::Private::Run CFileCopyController::Private::takeRun(
     if (run == runs.end()) { // called by name, for no run
         return {{}, destinations, handle->core().loaded()->canceled};
     }
-    const Run taken = *run;
+    Run taken = std::move(*run);
     runs.erase(run);
     return taken;
 }
