@@ -1,6 +1,7 @@
 #include "shared/fileops/CFileCopyWorker.h"
 #include "tests/support/FakeCommands.h"
 #include "tests/support/FileTree.h"
+#include "tests/support/WorkerAtWork.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -10,7 +11,6 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 #include <QTimer>
 
 #include <sys/stat.h>
@@ -23,65 +23,18 @@ namespace {
 
 constexpr int s_mebibyte = 1024 * 1024;
 
-/** Writes down every signal of a worker, in order, on the thread that emits it. */
-class SignalLog
+class SignalLog : public Test::SignalLog<CFileCopyWorker>
 {
 public:
     explicit SignalLog(CFileCopyWorker &worker)
+        : Test::SignalLog<CFileCopyWorker>(worker)
     {
-        using Worker = CFileCopyWorker;
-        const auto log = [this](const QString &line) { m_lines.append(line); };
-        QObject::connect(&worker, &Worker::finished, &worker,
-                         [log] { log(QStringLiteral("finished")); });
-        QObject::connect(&worker, &Worker::stateChanged, &worker,
-                         [log](int s) { log(QStringLiteral("state %1").arg(s)); });
-        QObject::connect(&worker, &Worker::errorOccurred, &worker,
-                         [log](int e) { log(QStringLiteral("error %1").arg(e)); });
-        QObject::connect(&worker, &Worker::processedBytesChanged, &worker,
-                         [log](qlonglong n) { log(QStringLiteral("processed %1").arg(n)); });
-        QObject::connect(&worker, &Worker::totalBytesChanged, &worker,
-                         [log](qlonglong n) { log(QStringLiteral("total %1").arg(n)); });
-        QObject::connect(&worker, &Worker::processingDirectoryChanged, &worker,
-                         [log](const QString &d) { log(QStringLiteral("directory %1").arg(d)); });
+        QObject::connect(&worker, &CFileCopyWorker::processingDirectoryChanged, &worker,
+                         [this](const QString &d) { add(QStringLiteral("directory %1").arg(d)); });
     }
-
-    /** What was emitted since the last call, separated by commas. */
-    QString take() { return std::exchange(m_lines, {}).join(QStringLiteral(", ")); }
-
-private:
-    QStringList m_lines;
 };
 
-/** Runs a worker on a thread of its own, and stops both at the end. */
-class RunningWorker
-{
-public:
-    explicit RunningWorker(CFileCopyWorker &worker)
-        : m_worker(worker)
-    {
-        worker.moveToThread(&m_thread);
-        QObject::connect(&m_thread, &QThread::started, &worker, &CFileCopyWorker::doWork);
-        QObject::connect(&worker, &CFileCopyWorker::finished, &m_thread, &QThread::quit,
-                         Qt::DirectConnection);
-        m_thread.start();
-    }
-    ~RunningWorker()
-    {
-        m_worker.cancelWork();
-        m_thread.quit();
-        m_thread.wait();
-    }
-
-    RunningWorker(const RunningWorker &) = delete;
-    RunningWorker &operator=(const RunningWorker &) = delete;
-
-    bool hasEnded(int ms = 20000) { return m_thread.wait(static_cast<unsigned long>(ms)); }
-    bool isAtWork(int ms) { return !hasEnded(ms); }
-
-private:
-    CFileCopyWorker &m_worker;
-    QThread m_thread;
-};
+using RunningWorker = Test::RunningWorker<CFileCopyWorker>;
 
 QByteArray nativeName(const QString &path)
 {
@@ -118,6 +71,7 @@ private Q_SLOTS:
     void uncleanSourceWorksLikeItsCleanPath();
     void everyOccurrenceOfTheSourcePathIsCutOut();
     void emptyPathsTouchNothing();
+    void directoriesWithANulTouchNothing();
     void destinationRemovedMeanwhileIsMadeAgain();
 
     void singleFileIsCopiedWithSignalsInOrder();
@@ -480,6 +434,22 @@ void tst_CFileCopyWorker::emptyPathsTouchNothing()
     }
     QVERIFY(!QFileInfo::exists(QStringLiteral("/f")));
     QCOMPARE(Test::treeOf(path("src")).keys(), QStringList(QStringLiteral("f")));
+}
+
+void tst_CFileCopyWorker::directoriesWithANulTouchNothing()
+{
+    Test::makeFile(path("src/f"), "1");
+    const QChar nul(0); // the system would take the path to end before it
+    CFileCopyWorker worker;
+    SignalLog log(worker);
+    worker.copyDirectory(path("src") + nul, path("dst"));
+    worker.doWork();
+    QVERIFY(log.take().endsWith(
+        QStringLiteral("total 0, state 2, state 3, directory dst, state 0, finished")));
+    worker.copyDirectory(path("src"), path("dst") + nul);
+    worker.doWork();
+    QVERIFY(log.take().endsWith(QStringLiteral("error 3, state 0, finished")));
+    QVERIFY(!QFileInfo::exists(path("dst")));
 }
 
 void tst_CFileCopyWorker::destinationRemovedMeanwhileIsMadeAgain()

@@ -1,5 +1,6 @@
 #include "shared/fileops/CFileDeleteWorker.h"
 #include "tests/support/FileTree.h"
+#include "tests/support/WorkerAtWork.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -8,7 +9,6 @@
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
-#include <QThread>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -18,32 +18,8 @@ using Tavro::Shared::CFileDeleteWorker;
 
 namespace {
 
-/** Writes down every signal of a worker, in order, on the thread that emits it. */
-class SignalLog
-{
-public:
-    explicit SignalLog(CFileDeleteWorker &worker)
-    {
-        using Worker = CFileDeleteWorker;
-        const auto log = [this](const QString &line) { m_lines.append(line); };
-        QObject::connect(&worker, &Worker::finished, &worker,
-                         [log] { log(QStringLiteral("finished")); });
-        QObject::connect(&worker, &Worker::stateChanged, &worker,
-                         [log](int s) { log(QStringLiteral("state %1").arg(s)); });
-        QObject::connect(&worker, &Worker::errorOccurred, &worker,
-                         [log](int e) { log(QStringLiteral("error %1").arg(e)); });
-        QObject::connect(&worker, &Worker::processedBytesChanged, &worker,
-                         [log](qlonglong n) { log(QStringLiteral("processed %1").arg(n)); });
-        QObject::connect(&worker, &Worker::totalBytesChanged, &worker,
-                         [log](qlonglong n) { log(QStringLiteral("total %1").arg(n)); });
-    }
-
-    /** What was emitted since the last call, separated by commas. */
-    QString take() { return std::exchange(m_lines, {}).join(QStringLiteral(", ")); }
-
-private:
-    QStringList m_lines;
-};
+using SignalLog = Test::SignalLog<CFileDeleteWorker>;
+using RunningWorker = Test::RunningWorker<CFileDeleteWorker>;
 
 const auto s_loaded = QStringLiteral("processed 0, total 0, state 1");
 const auto s_end = QStringLiteral("state 0, processed 0, total 0, finished");
@@ -395,6 +371,8 @@ void tst_CFileDeleteWorker::pathIsReadAsTheSystemReadsIt_data()
     QTest::newRow("point inside") << QStringLiteral("a/./plain") << QStringLiteral("a/plain");
     QTest::newRow("two points") << QStringLiteral("a/../plain") << QStringLiteral("plain");
     QTest::newRow("two points at the end") << QStringLiteral("a/plain/..") << QStringLiteral("a");
+    QTest::newRow("two points, and a point at the end")
+        << QStringLiteral("a/../plain/.") << QStringLiteral("plain");
     QTest::newRow("two points behind a link")
         << QStringLiteral("link/../inner") << inner; // not "inner" beside the link
     QTest::newRow("below a link") << QStringLiteral("link/f") << QStringLiteral("outside/target/f");
@@ -657,36 +635,6 @@ void tst_CFileDeleteWorker::resumeDuringDeletionCountsTheRest()
     QCOMPARE(log.take(),
              QStringLiteral("state 2, total 6, processed 1, processed 3, processed 6, ") + s_end);
 }
-
-/** A worker at work on a thread of its own. */
-class RunningWorker
-{
-public:
-    explicit RunningWorker(CFileDeleteWorker &worker)
-        : m_worker(worker)
-    {
-        worker.moveToThread(&m_thread);
-        QObject::connect(&m_thread, &QThread::started, &worker, &CFileDeleteWorker::doWork);
-        QObject::connect(&worker, &CFileDeleteWorker::finished, &m_thread, &QThread::quit,
-                         Qt::DirectConnection);
-        m_thread.start();
-    }
-    ~RunningWorker()
-    {
-        m_worker.cancelWork();
-        m_thread.quit();
-        m_thread.wait();
-    }
-
-    RunningWorker(const RunningWorker &) = delete;
-    RunningWorker &operator=(const RunningWorker &) = delete;
-
-    bool hasEnded(int ms = 30000) { return m_thread.wait(static_cast<unsigned long>(ms)); }
-
-private:
-    CFileDeleteWorker &m_worker;
-    QThread m_thread;
-};
 
 void tst_CFileDeleteWorker::pauseHoldsBeforeTheNextStep()
 {

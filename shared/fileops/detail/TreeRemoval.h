@@ -1,31 +1,11 @@
 #pragma once
 
-#include "shared/filesystem/detail/FolderHandle.h"
+#include "shared/filesystem/detail/DirectoryHandle.h"
 
 #include <QString>
 #include <QStringList>
 
 namespace Tavro::Shared::detail {
-
-/** What a path means at one moment. */
-struct RemovalRoot
-{
-    /**
-     * Absolute, and goes on meaning the same: "." and ".." are gone from it, a link at its end is
-     * not followed. Empty when the path means nothing.
-     */
-    QString path;
-    int systemError = 0; // why the system cannot tell what it means; nothing of that may be removed
-};
-
-/** Where the system finds @p path now, links and ".." followed. */
-RemovalRoot realPath(const QString &path);
-
-/** The current directory. */
-RemovalRoot currentDirectory();
-
-/** What @p path means now. A directory of resources keeps its name. */
-RemovalRoot removalRoot(const QString &path);
 
 /** True when @p root is a directory that may be gone through: no link, and not the root of all. */
 bool isRemovableTree(const QString &root);
@@ -55,7 +35,7 @@ struct TreeRemoval
  */
 TreeRemoval removeTree(const QString &root);
 
-/** Removes single files below a directory; files of the same folder in a row cost the least. */
+/** Removes single files below a directory; files of the same directory in a row cost the least. */
 class FileRemoval
 {
 public:
@@ -70,13 +50,13 @@ public:
     int remove(const QString &path);
 
 private:
-    int enterFolder(const QString &path, int length);
-    void leaveFolder();
+    int enterDirectory(const QString &path, int length);
+    void leaveDirectory();
 
     const QString m_prefix; // the root, ending in "/"
-    FolderHandle m_root;
-    FolderHandle m_folder;
-    QString m_folderPath; // of the open folder, ending in "/"
+    DirectoryHandle m_root;
+    DirectoryHandle m_directory;
+    QString m_directoryPath; // of the open directory, ending in "/"
     int m_error = 0; // of opening it
     bool m_isOnOtherVolume = false; // than the root is
 };
