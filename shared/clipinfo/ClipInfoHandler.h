@@ -3,10 +3,10 @@
 #include "host/CDomainObject.h"
 #include "shared/OvoSharedBaseExport.h"
 
-#include <QMap>
 #include <QObject>
 #include <QString>
-#include <QVariant>
+
+#include <memory>
 
 class QFile;
 
@@ -50,6 +50,7 @@ public:
      * time one is needed; with null there never is one, so no sample is taken from a signal.
      */
     explicit ClipInfoHandler(AppLogic::CVideoCreationHandler *handler = nullptr);
+    ~ClipInfoHandler() override;
 
     /**
      * Path of the clip information file of a video: its folder, and what its name holds before
@@ -162,26 +163,8 @@ public Q_SLOTS:
     void onVideoRecorderStateChanged();
 
 private:
-    using Entries = QMap<QString, QVariant>;
-
-    Multimedia::CVideoRecorder *videoRecorder() const;
-
-    Entries m_clipInfo;
-    Entries m_indexInfo;
-    Entries m_laserCalibration;
-    Entries m_indexing;
-    QString m_originalClipName;
-    QString m_infoFilePath; // empty while no clip is under way
-    bool m_paused = false;
-    bool m_resumed = false; // the file was there already, so stop() appends
-    qint32 m_nextValueIndex = 0;
-    AppLogic::CVideoCreationHandler *const m_creationHandler;
-    double m_lastDistance = 0.0; // of the last sample that a change of distance has caused
-    double m_lastTime = 0.0; // of the last sample, in seconds
-    double m_pan = 0.0;
-    double m_tilt = 0.0;
-    double m_cameraConstant = 0.0;
-    double m_distanceOffset = 0.0;
+    class Private;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

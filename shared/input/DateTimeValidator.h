@@ -3,6 +3,8 @@
 #include "shared/OvoSharedBaseExport.h"
 #include "shared/input/Validator.h"
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -36,7 +38,8 @@ Q_SIGNALS:
     void formatChanged();
 
 private:
-    QString m_format;
+    class Private;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /** One entry of a field's value list. A value: copied freely, any thread its own. */
@@ -15,6 +17,11 @@ public:
     ListItem();
     /** All three as given. */
     ListItem(const QVariant &key, const QString &text, const QString &value);
+    /** All of @p other. */
+    ListItem(const ListItem &other);
+    /** All of @p other. */
+    ListItem &operator=(const ListItem &other);
+    ~ListItem();
 
     /** By what the host tells entries apart; an invalid variant until it is set. */
     const QVariant &key() const;
@@ -30,9 +37,8 @@ public:
     void setValue(const QString &value);
 
 private:
-    QVariant m_key;
-    QString m_text;
-    QString m_value;
+    class Private;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -3,6 +3,8 @@
 #include "shared/OvoSharedBaseExport.h"
 #include "shared/input/Validator.h"
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -23,6 +25,10 @@ public:
     QValidator::State validate(QString &input, int &pos) const override;
     /** One line, always the same. */
     void updateHint() override;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d; // null: room to grow
 };
 
 } // namespace Tavro::Shared

@@ -4,6 +4,8 @@
 
 #include <QDoubleValidator>
 
+#include <memory>
+
 namespace Tavro::Shared::Validation {
 
 /**
@@ -31,6 +33,10 @@ public:
     QValidator::State validate(QString &input, int &pos) const override;
     /** Each "." and each "," in @p input becomes the decimal point of the current locale. */
     void fixup(QString &input) const override;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d; // null: room to grow
 };
 
 } // namespace Tavro::Shared::Validation

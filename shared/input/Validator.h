@@ -6,6 +6,8 @@
 #include <QString>
 #include <QValidator>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -44,6 +46,10 @@ public:
 protected:
     QString m_hint; /**< What hint() answers; written by updateHint(). */
     bool m_hintOutdated = true; /**< Whether hint() calls updateHint(). Nothing clears it. */
+
+private:
+    class Private;
+    std::unique_ptr<Private> d; // null: room to grow
 };
 
 } // namespace Tavro::Shared

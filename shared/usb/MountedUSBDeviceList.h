@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <memory>
+
 // of libudev; whoever calls the two functions that take them includes <libudev.h> and links it
 struct udev;
 struct udev_device;
@@ -71,11 +73,8 @@ public:
     void setMountInfo(const mountPathsStruct &mountInfo);
 
 private:
-    QString m_deviceNode;
-    QString m_vendorId;
-    QString m_productId;
-    QString m_vendorName;
-    mountPathsStruct m_mountInfo;
+    class Private;
+    std::unique_ptr<Private> d;
 };
 
 /**
@@ -176,6 +175,10 @@ public:
      * udev_device_unref().
      */
     static udev_device *getChild(udev *context, udev_device *parent, const char *subsystem);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d; // null: room to grow
 };
 
 /**

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <memory>
+
 namespace Tavro {
 
 /**
@@ -16,6 +18,7 @@ class OVO_SHARED_EXPORT Mandatory3dDef : public QObject
 
 public:
     explicit Mandatory3dDef(QObject *parent = nullptr);
+    ~Mandatory3dDef() override;
 
     /**
      * Whether the field @p fieldKey of the data view @p viewKey has to be filled in.
@@ -28,6 +31,10 @@ public:
      * while nobody sets the project's type.
      */
     static bool isMandatory(bool defaultMandatory, const QString &fieldKey, const QString &viewKey);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d; // null: room to grow
 };
 
 } // namespace Tavro

@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
 namespace Tavro {
 
 /**
@@ -21,6 +23,8 @@ class OVO_SHARED_EXPORT ProjectTypeGlobal : public QObject
     Q_PROPERTY(bool isPlumberCatalog READ isPlumberCatalog NOTIFY isPlumberCatalogChanged)
 
 public:
+    ~ProjectTypeGlobal() override;
+
     /**
      * The one of the process. Has no parent: a host that hands it to a QML engine says that C++
      * owns it.
@@ -42,7 +46,7 @@ public:
     void setProjectType(const QString &projectType)
     {
         const bool before = is3d();
-        m_projectType = projectType;
+        storeProjectType(projectType);
         if (is3d() != before) {
             Q_EMIT is3dChanged();
         }
@@ -50,8 +54,8 @@ public:
     /** Sets whether the catalog is one for plumbers; announces it only if that is new. */
     void setIsPlumberCatalog(bool isPlumberCatalog)
     {
-        if (m_isPlumberCatalog != isPlumberCatalog) {
-            m_isPlumberCatalog = isPlumberCatalog;
+        if (this->isPlumberCatalog() != isPlumberCatalog) {
+            storeIsPlumberCatalog(isPlumberCatalog);
             Q_EMIT isPlumberCatalogChanged();
         }
     }
@@ -63,10 +67,13 @@ Q_SIGNALS:
     void isPlumberCatalogChanged();
 
 private:
-    ProjectTypeGlobal() = default;
+    // not hidden: what is inline above calls them from the code of the host
+    ProjectTypeGlobal();
+    void storeProjectType(const QString &projectType);
+    void storeIsPlumberCatalog(bool isPlumberCatalog);
 
-    QString m_projectType;
-    bool m_isPlumberCatalog = false;
+    class Private;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro
