@@ -164,6 +164,7 @@ public Q_SLOTS:
 
 private:
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

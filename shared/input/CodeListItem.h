@@ -40,6 +40,7 @@ public:
 
 private:
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

@@ -27,8 +27,9 @@ public:
     void updateHint() override;
 
 private:
-    class Private;
-    std::unique_ptr<Private> d; // null: room to grow
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

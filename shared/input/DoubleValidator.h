@@ -77,6 +77,7 @@ Q_SIGNALS:
 
 private:
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

@@ -111,6 +111,7 @@ protected:
 
 private:
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

@@ -63,6 +63,7 @@ Q_SIGNALS:
 
 private:
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

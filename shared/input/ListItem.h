@@ -38,6 +38,7 @@ public:
 
 private:
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

@@ -49,6 +49,7 @@ Q_SIGNALS:
 
 private:
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

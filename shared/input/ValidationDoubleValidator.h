@@ -35,8 +35,9 @@ public:
     void fixup(QString &input) const override;
 
 private:
-    class Private;
-    std::unique_ptr<Private> d; // null: room to grow
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared::Validation

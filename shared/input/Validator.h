@@ -48,8 +48,9 @@ protected:
     bool m_hintOutdated = true; /**< Whether hint() calls updateHint(). Nothing clears it. */
 
 private:
-    class Private;
-    std::unique_ptr<Private> d; // null: room to grow
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -112,6 +112,7 @@ private:
     Q_DECL_HIDDEN static CProjectLocaleData *m_pInstance;
 
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

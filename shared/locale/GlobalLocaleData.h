@@ -74,6 +74,7 @@ private:
     Q_DECL_HIDDEN static GlobalLocaleData *m_pInstance;
 
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

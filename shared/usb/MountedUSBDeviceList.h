@@ -74,6 +74,7 @@ public:
 
 private:
     class Private;
+
     std::unique_ptr<Private> d;
 };
 
@@ -177,8 +178,9 @@ public:
     static udev_device *getChild(udev *context, udev_device *parent, const char *subsystem);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d; // null: room to grow
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 /**

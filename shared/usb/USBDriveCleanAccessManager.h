@@ -93,6 +93,7 @@ public:
 
 private:
     class Private;
+
     std::unique_ptr<Private> d;
 };
 

@@ -33,8 +33,9 @@ public:
     static bool isMandatory(bool defaultMandatory, const QString &fieldKey, const QString &viewKey);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d; // null: room to grow
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro

@@ -73,6 +73,7 @@ private:
     void storeIsPlumberCatalog(bool isPlumberCatalog);
 
     class Private;
+
     std::unique_ptr<Private> d;
 };
 
