@@ -104,10 +104,16 @@ void runWithoutPool(const TaskPointer &task, Watcher *watcher)
 
 } // namespace
 
+class CDirectorySizeFinder::Private
+{
+};
+
 CDirectorySizeFinder::CDirectorySizeFinder(QObject *parent)
     : QObject(parent)
 {
 }
+
+CDirectorySizeFinder::~CDirectorySizeFinder() = default;
 
 void CDirectorySizeFinder::startDirectorySizeCalculation(const QString &path)
 {

@@ -6,17 +6,19 @@
 #include <QPair>
 #include <QString>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
- * Adds up the sizes of the files in a directory tree, off the caller's thread.
+ * Adds up the sizes of the files in a directory tree in the background.
  *
- * Each request is a task of its own on the global thread pool, and several may run at a time.
- * There is no way to stop one. A finder may be destroyed while they run: nothing is announced
+ * Each request is one task on the global thread pool. Several requests may run at the same time.
+ * A request cannot be canceled. The finder may be destroyed while requests run; they emit nothing
  * then.
  *
- * A request that the pool has not begun after some seconds gets a thread of its own, and where the
- * system has no thread to give, the thread of the finder computes the size.
+ * A request that the pool has not begun after 3 s gets a thread of its own, one request at a time.
+ * If the system cannot create a thread, the finder's thread computes the size and blocks meanwhile.
  */
 class OVO_SHARED_EXPORT CDirectorySizeFinder : public QObject
 {
@@ -24,31 +26,40 @@ class OVO_SHARED_EXPORT CDirectorySizeFinder : public QObject
 
 public:
     explicit CDirectorySizeFinder(QObject *parent = nullptr);
+    ~CDirectorySizeFinder() override;
 
     /**
-     * Starts one request and returns at once; gotSizeOfPath() follows through the event loop of
-     * the calling thread. A relative path counts from the current directory of the moment in
-     * which the task runs.
+     * Starts one request and returns at once. gotSizeOfPath() is emitted later, through the event
+     * loop of the calling thread, which must be the finder's. A relative @p path is resolved
+     * against the current directory at the time when the task runs.
      */
     void startDirectorySizeCalculation(const QString &path);
 
     /**
-     * The computation itself, on the calling thread: the bytes of all files below @p path, and
-     * @p path as it was given. Hidden entries count; links neither count nor are followed,
-     * except @p path itself. 0 when it is no directory, or none that can be read. From any thread;
-     * it looks at nothing of the finder, so QtConcurrent::run() takes it.
+     * Computes the size on the calling thread and blocks until it is known. Returns the number of
+     * bytes in all files below @p path, and @p path as it was given. The size is 0 if @p path is
+     * not a directory or cannot be read.
+     *
+     * Hidden entries count. Symbolic links do not count and are not followed, except @p path
+     * itself. Thread-safe: it uses no member of the finder, so it can be passed to
+     * QtConcurrent::run().
      */
     QPair<quint64, QString> dirSize(const QString &path);
 
 Q_SIGNALS:
     /**
-     * A request is done: once for each, in the order in which they end. @p path as it was given,
-     * @p size in bytes.
+     * Emitted once for each request, in the order in which the requests end. @p path is the path
+     * as it was given, @p size the size in bytes.
      */
     void gotSizeOfPath(const QString &path, qulonglong size);
 
 private Q_SLOTS:
     void handleFinshed();
+
+private:
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -1,7 +1,7 @@
 #include "shared/fileops/CFileCopyController.h"
 
 #include "host/CLogger.h"
-#include "shared/fileops/CFileCopyWorker.h"
+#include "shared/fileops/detail/CFileCopyWorkerPrivate.h"
 #include "shared/fileops/detail/CopyPaths.h"
 #include "shared/fileops/detail/DestinationRemoval.h"
 #include "shared/fileops/detail/WorkerHandle.h"
@@ -19,62 +19,115 @@ constexpr quint32 s_moduleAndComponent = 0x000B0100; // this library, copying
 
 } // namespace
 
-CFileCopyController::CFileCopyController(QObject *parent)
-    : QObject(parent)
-    , m_handle(std::make_shared<detail::WorkerHandle<CFileCopyWorker>>(this))
+class CFileCopyController::Private
 {
-    connectReports();
-}
+public:
+    using Handle = detail::WorkerHandle<CFileCopyWorker, detail::CopyCore>;
+    using RequestPointer = detail::CopyCore::RequestPointer;
 
-CFileCopyController::~CFileCopyController()
+    struct Destination // with the sources of its request, which an abort never removes
+    {
+        QString path;
+        QStringList sources;
+    };
+    struct Run
+    {
+        RequestPointer request;
+        QList<Destination> destinations;
+        bool aborted = false;
+        bool removed = false;
+    };
+
+    explicit Private(CFileCopyController *controller);
+
+    void load(const RequestPointer &request);
+    void startRun();
+    void refuseClaims();
+    void announceEnd(const RequestPointer &request);
+    Run takeRun(const RequestPointer &request);
+    static void removeDestinations(Run &run);
+
+    CFileCopyController *const q;
+    const std::shared_ptr<Handle> handle; // worker and thread
+    qlonglong totalBytes = 0;
+    qlonglong processedBytes = 0;
+    QString processingDirectory;
+    int state = StateIdle;
+    CFileOperationResult lastResult;
+    QList<Destination> destinations;
+    QList<Run> runs; // asked for, end not announced yet; only the last one can still be at work
+
+private:
+    static std::shared_ptr<Handle> makeHandle(CFileCopyController *controller);
+};
+
+std::shared_ptr<CFileCopyController::Private::Handle> CFileCopyController::Private::makeHandle(
+    CFileCopyController *controller)
 {
-    m_handle->letGo();
+    auto worker = std::make_unique<CFileCopyWorker>();
+    detail::CopyCore &core = *worker->d;
+    return std::make_shared<Handle>(controller, std::move(worker), core);
 }
 
 // The worker's signals reach the slots as if by queued connections, in order and one by one, but
 // without a wake-up for each. errorOccurred() ends here: a run that failed is announced as
 // completed.
-void CFileCopyController::connectReports()
+CFileCopyController::Private::Private(CFileCopyController *controller)
+    : q(controller)
+    , handle(makeHandle(controller))
 {
     using Worker = CFileCopyWorker;
-    m_handle->onResult([this](const CFileOperationResult &result) {
-        m_lastResult = result;
+    handle->onResult([this](const RequestPointer &request) {
+        lastResult = request->result;
         // an abort counts until the end is announced, even if the worker was done before
-        m_lastResult.canceled |= !m_runs.isEmpty() && m_runs.constFirst().aborted;
+        lastResult.canceled |= std::any_of(runs.cbegin(), runs.cend(), [&](const Run &run) {
+            return run.request == request && run.aborted;
+        });
     });
-    m_handle->onRunEnd([this] { onWorkerFinished(); });
-    m_handle->onReport(&Worker::processedBytesChanged,
-                       [this](qlonglong value) { setProcessedBytes(value); });
-    m_handle->onReport(&Worker::processingDirectoryChanged,
-                       [this](const QString &directory) { setProcessingDirectory(directory); });
-    m_handle->onReport(&Worker::totalBytesChanged,
-                       [this](qlonglong value) { setTotalBytes(value); });
-    m_handle->onReport(&Worker::stateChanged, [this](int state) { setState(state); });
+    handle->onRunEnd([this](const RequestPointer &request) { announceEnd(request); });
+    handle->onReport(&Worker::processedBytesChanged,
+                     [this](qlonglong value) { q->setProcessedBytes(value); });
+    handle->onReport(&Worker::processingDirectoryChanged,
+                     [this](const QString &directory) { q->setProcessingDirectory(directory); });
+    handle->onReport(&Worker::totalBytesChanged,
+                     [this](qlonglong value) { q->setTotalBytes(value); });
+    handle->onReport(&Worker::stateChanged, [this](int value) { q->setState(value); });
+}
+
+CFileCopyController::CFileCopyController(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>(this))
+{
+}
+
+CFileCopyController::~CFileCopyController()
+{
+    d->handle->letGo();
 }
 
 qlonglong CFileCopyController::processedBytes() const
 {
-    return m_processedBytes;
+    return d->processedBytes;
 }
 
 QString CFileCopyController::processingDirectory() const
 {
-    return m_processingDirectory;
+    return d->processingDirectory;
 }
 
 qlonglong CFileCopyController::totalBytes() const
 {
-    return m_totalBytes;
+    return d->totalBytes;
 }
 
 CFileCopyController::State CFileCopyController::state() const
 {
-    return static_cast<State>(m_state);
+    return static_cast<State>(d->state);
 }
 
 CFileOperationResult CFileCopyController::lastResult() const
 {
-    return m_lastResult;
+    return d->lastResult;
 }
 
 quint32 CFileCopyController::createErrorCode(Error error)
@@ -84,73 +137,81 @@ quint32 CFileCopyController::createErrorCode(Error error)
 
 void CFileCopyController::copyDirectory(const QString &sourcePath, const QString &destinationPath)
 {
+    const auto request =
+        CFileCopyWorker::Private::requestForDirectories({sourcePath}, {destinationPath});
     // earlier ones stay: an abort removes them as well
-    m_destinations.append(
-        {detail::destination(destinationPath), {detail::sourceDirectory(sourcePath)}});
-    load([&](CFileCopyWorker &worker) { worker.copyDirectory(sourcePath, destinationPath); });
+    d->destinations.append({detail::destination(destinationPath), request->sources()});
+    d->load(request);
 }
 
 void CFileCopyController::copyDirectories(const QStringList &sourcePath,
                                           const QStringList &destinationPath)
 {
-    QStringList sources;
-    for (int i = 0; i < std::min(sourcePath.size(), destinationPath.size()); ++i) {
-        sources.append(detail::sourceDirectory(sourcePath.at(i)));
-    }
-    m_destinations.clear();
+    const auto request =
+        CFileCopyWorker::Private::requestForDirectories(sourcePath, destinationPath);
+    d->destinations.clear();
     for (const QString &destination : destinationPath) { // those without a source, too
-        m_destinations.append({detail::destination(destination), sources});
+        d->destinations.append({detail::destination(destination), request->sources()});
     }
-    load([&](CFileCopyWorker &worker) { worker.copyDirectories(sourcePath, destinationPath); });
+    d->load(request);
 }
 
 void CFileCopyController::copyDatabaseFile(const QString &sourcePath,
                                            const QString &destinationPath)
 {
-    m_destinations = {{detail::destination(destinationPath), {detail::sourceFile(sourcePath)}}};
-    load([&](CFileCopyWorker &worker) { worker.copyLargeFile(sourcePath, destinationPath); });
+    const auto request = CFileCopyWorker::Private::requestForFile(sourcePath, destinationPath);
+    d->destinations = {{detail::destination(destinationPath), request->sources()}};
+    d->load(request);
 }
 
 // Loading announces more than one thing. A slot that hears of it may make another request, which
-// comes behind this one, abort this one, or be the end of this object.
-template<typename Load> void CFileCopyController::load(Load load)
+// comes behind this one, abort this one, or be the end of the controller.
+void CFileCopyController::Private::load(const RequestPointer &request)
 {
-    const auto handle = m_handle;
-    m_runs.append({m_destinations});
-    handle->runs().claimNextRequest();
-    load(handle->worker());
-    if (handle->isOwned()) {
+    const auto keptHandle = handle;
+    runs.append({request, destinations});
+    keptHandle->core().load(request, detail::CopyCore::Claim::OwnRun);
+    if (keptHandle->isOwned()) {
         startRun();
     }
 }
 
 // Waits for the run in progress, which works on what was loaded before, and starts the next.
-void CFileCopyController::startRun()
+void CFileCopyController::Private::startRun()
 {
-    m_handle->thread()->wait();
-
-    if (m_runs.size() > 1) {
+    handle->thread()->wait();
+    if (!handle->core().hasClaims()) {
+        return; // refused together with one that a slot has asked for meanwhile
+    }
+    if (runs.size() > 1) {
         // Their ends are still to be delivered. What an abort removes has to go now, or it
         // would go from under the new run; and the old runs' progress is delivered only after
         // this call, so the clean slate is announced once more behind it.
-        for (int i = 0; i < m_runs.size() - 1; ++i) {
-            removeDestinations(m_runs[i]);
+        for (int i = 0; i < runs.size() - 1; ++i) {
+            removeDestinations(runs[i]);
         }
-        const int loadedState = m_handle->runs().loadedStep();
-        m_handle->reports()->reportUrgently([this, loadedState] { setState(loadedState); });
-        m_handle->reports()->reportUrgently([this] { setProcessedBytes(0); });
-        m_handle->reports()->reportUrgently([this] { setTotalBytes(0); });
+        const int loadedState = handle->core().loaded()->step;
+        handle->reports()->reportUrgently([this, loadedState] { q->setState(loadedState); });
+        handle->reports()->reportUrgently([this] { q->setProcessedBytes(0); });
+        handle->reports()->reportUrgently([this] { q->setTotalBytes(0); });
     }
+    if (!handle->startThread()) {
+        refuseClaims();
+    }
+}
 
-    if (!m_handle->startThread()) {
-        const auto handle = m_handle;
-        handle->worker().reset();
-        // the run ends, like any that failed, without a byte
-        handle->reports()->reportUrgently([this] {
-            m_lastResult = {};
-            m_lastResult.errorCode = createErrorCode(ErrorSourceFileOpenFailed);
-            m_lastResult.systemError = EAGAIN;
-            onWorkerFinished();
+// There is no thread to run on: what waits for one ends, like any run that failed, without a byte.
+void CFileCopyController::Private::refuseClaims()
+{
+    const auto keptHandle = handle;
+    const auto requests = keptHandle->core().takeClaims();
+    keptHandle->core().reset();
+    for (const RequestPointer &request : requests) {
+        keptHandle->reports()->reportUrgently([this, request] {
+            lastResult = {};
+            lastResult.errorCode = createErrorCode(ErrorSourceFileOpenFailed);
+            lastResult.systemError = EAGAIN;
+            announceEnd(request);
         });
     }
 }
@@ -170,82 +231,98 @@ void CFileCopyController::copyFile(const QString &sourcePath, const QString &des
 
 void CFileCopyController::pause()
 {
-    m_handle->worker().pause();
+    d->handle->core().pause();
 }
 
 void CFileCopyController::resume()
 {
-    m_handle->worker().resume();
+    d->handle->core().resume();
 }
 
 void CFileCopyController::abort()
 {
     // older runs have returned before the last one was started: nobody means them any more
-    if (!m_runs.isEmpty()) {
-        m_runs.last().aborted = true;
+    if (!d->runs.isEmpty()) {
+        d->runs.last().aborted = true;
     }
-    m_handle->worker().cancelWork();
+    d->handle->core().cancel();
 }
 
 void CFileCopyController::reset()
 {
-    const auto handle = m_handle; // a slot may be the end of this object
-    handle->worker().reset();
+    const auto handle = d->handle; // a slot may be the end of this object
+    handle->core().reset();
 }
 
 void CFileCopyController::setProcessedBytes(qlonglong processedBytes)
 {
-    if (m_processedBytes != processedBytes) {
-        m_processedBytes = processedBytes;
+    if (d->processedBytes != processedBytes) {
+        d->processedBytes = processedBytes;
         Q_EMIT processedBytesChanged();
     }
 }
 
 void CFileCopyController::setProcessingDirectory(const QString &processingDirectory)
 {
-    m_processingDirectory = processingDirectory;
+    d->processingDirectory = processingDirectory;
     Q_EMIT processingDirectoryChanged();
 }
 
 void CFileCopyController::setTotalBytes(qlonglong totalBytes)
 {
-    if (m_totalBytes != totalBytes) {
-        m_totalBytes = totalBytes;
+    if (d->totalBytes != totalBytes) {
+        d->totalBytes = totalBytes;
         Q_EMIT totalBytesChanged();
     }
 }
 
 void CFileCopyController::setState(int newState)
 {
-    if (m_state != newState) {
-        m_state = newState;
+    if (d->state != newState) {
+        d->state = newState;
         Q_EMIT stateChanged();
     }
 }
 
 void CFileCopyController::onWorkerFinished()
 {
-    // after a reset() during the run the worker has nothing new to say of its state
-    const QPointer<CFileCopyController> self(this);
-    if (m_runs.size() <= 1) {
-        setState(StateIdle);
-    }
-    if (!self) {
-        return; // a slot was the end of this object
-    }
-    // not before: a slot may have aborted the run
-    Run run = m_runs.isEmpty() ? Run{m_destinations, m_handle->worker().isCanceled()}
-                               : m_runs.takeFirst();
-    if (!run.aborted) { // not the worker's word: it speaks of what was loaded last
-        Q_EMIT operationCompleted();
-        return;
-    }
-    m_lastResult.canceled = true;
-    removeDestinations(run);
-    Q_EMIT operationCanceled();
+    d->announceEnd(d->runs.isEmpty() ? nullptr : d->runs.constFirst().request);
 }
 
-void CFileCopyController::removeDestinations(Run &run)
+void CFileCopyController::Private::announceEnd(const RequestPointer &request)
+{
+    // after a reset() during the run the worker has nothing new to say of its state
+    const QPointer<CFileCopyController> controller(q);
+    if (runs.size() <= 1) {
+        q->setState(StateIdle);
+    }
+    if (!controller) {
+        return; // a slot was its end, and the end of this object
+    }
+    Run run = takeRun(request); // not before: a slot may have aborted it
+    if (!run.aborted) { // not the request's word: it may be canceled together with another
+        Q_EMIT q->operationCompleted();
+        return;
+    }
+    lastResult.canceled = true;
+    removeDestinations(run);
+    Q_EMIT q->operationCanceled();
+}
+
+CFileCopyController::Private::Run CFileCopyController::Private::takeRun(
+    const RequestPointer &request)
+{
+    const auto run = std::find_if(runs.begin(), runs.end(),
+                                  [&](const Run &each) { return each.request == request; });
+    if (run == runs.end()) { // called by name, for no run
+        return {{}, destinations, handle->core().loaded()->canceled};
+    }
+    const Run taken = *run;
+    runs.erase(run);
+    return taken;
+}
+
+void CFileCopyController::Private::removeDestinations(Run &run)
 {
     if (!run.aborted || run.removed) {
         return;

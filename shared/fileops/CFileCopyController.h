@@ -10,29 +10,22 @@
 
 namespace Tavro::Shared {
 
-class CFileCopyWorker;
-
-namespace detail {
-template<typename Worker> class WorkerHandle;
-} // namespace detail
-
 /**
  * Copies directory trees and single files in the background, with progress in bytes.
  *
- * The object belongs to the thread that created it, and so does every call. It keeps one worker
- * thread for its whole life; progress arrives through that thread's event loop.
+ * Call every function on the thread that created the controller. Signals are emitted on that
+ * thread, through its event loop. The controller owns one worker thread.
  *
- * Every background request ends with exactly one of operationCompleted() and
- * operationCanceled(). **A copy that fails ends with operationCompleted() too**: ask lastResult()
- * before telling anybody that the copy is whole.
+ * Every background request ends with exactly one operationCompleted() or operationCanceled().
+ * **A copy that fails also ends with operationCompleted()**: check lastResult() before reporting
+ * success to the user.
  *
- * A request made while another one runs blocks the caller until the running one has come to
- * its own end, and is carried out then.
+ * A request made while another one runs blocks the caller until the running one has ended. Then
+ * the new request starts.
  *
- * Do not destroy the controller while a copy runs. If it happens, the walk over the sources or
- * the copy stops after the chunk in flight, the file that is not whole is removed, files that are
- * whole stay, and the destructor does not wait. A slot of any of the signals may delete the
- * controller.
+ * Do not destroy the controller while a copy runs. If it happens, the run stops after the chunk in
+ * flight, or during the walk over the sources. The incomplete file is removed, complete files
+ * stay. The destructor does not wait. A slot connected to any signal may delete the controller.
  */
 class OVO_SHARED_EXPORT CFileCopyController : public QObject
 {
@@ -46,109 +39,117 @@ class OVO_SHARED_EXPORT CFileCopyController : public QObject
 public:
     /** What the worker is doing. */
     enum State {
-        StateIdle = 0, /**< nothing runs */
-        StateEnumeratingFiles = 1, /**< directories are loaded; the worker walks the sources */
-        StateCheckingSize = 2, /**< the walk is over and totalBytes known */
-        StateCopying = 3, /**< the files of the directories are being copied */
-        StateCopyingLargeFile = 4, /**< the file of copyDatabaseFile() is being copied */
+        StateIdle = 0, /**< No request runs. */
+        StateEnumeratingFiles = 1, /**< A request for directories: the sources are walked. */
+        StateCheckingSize = 2, /**< The walk has ended; totalBytes is known. */
+        StateCopying = 3, /**< The files of the directories are copied. */
+        StateCopyingLargeFile = 4, /**< The file of copyDatabaseFile() is copied. */
     };
     Q_ENUM(State)
 
     /** Why a file was not copied. */
     enum Error {
-        ErrorNone = 0, /**< it was copied */
-        ErrorSourceFileOpenFailed = 1, /**< missing, not readable, or no regular file */
-        ErrorSourceFileReadFailed = 2, /**< the source broke off while it was read */
-        ErrorDestinationFileOpenFailed = 3, /**< not creatable, or the source itself */
-        ErrorDestinationFileWriteFailed = 4, /**< not written, not flushed or not closed */
-        ErrorDestinationFileDeletionFailed = 5, /**< never produced */
+        ErrorNone = 0, /**< The file was copied. */
+        ErrorSourceFileOpenFailed = 1, /**< Missing, not readable, or not a regular file. */
+        ErrorSourceFileReadFailed = 2, /**< Reading the source failed. */
+        ErrorDestinationFileOpenFailed = 3, /**< Cannot be created, or is the source itself. */
+        ErrorDestinationFileWriteFailed = 4, /**< Writing, flushing or closing failed. */
+        ErrorDestinationFileDeletionFailed = 5, /**< Never produced. */
     };
     Q_ENUM(Error)
 
     explicit CFileCopyController(QObject *parent = nullptr);
     ~CFileCopyController() override;
 
-    /** Bytes written by the current run, or by the last one. */
+    /** Bytes copied by the current run, or by the last one. */
     qlonglong processedBytes() const;
-    /** Name, without path, of the destination directory being filled. */
+    /** Name, without path, of the destination directory that is being filled. */
     QString processingDirectory() const;
-    /** Bytes to write in the current run, or in the last one; 0 until the sources are walked. */
+    /** Bytes to copy in the current run, or in the last one; 0 until the walk has ended. */
     qlonglong totalBytes() const;
-    /** What the worker is doing, as last delivered. */
+    /** State of the worker, as of the last stateChanged(). */
     State state() const;
 
     /**
-     * How the run ended whose end was announced last; set before that announcement, and a default
-     * one before the first. For C++ hosts: QML sees the signals only.
+     * Result of the run whose end was announced last. It is set before the end is announced. It is
+     * default-constructed before the first end. For C++ hosts only: QML sees only the signals.
      *
-     * bytes is what processedBytes counted. A source that is missing, or no directory where one is
-     * asked for, has failed with ErrorSourceFileOpenFailed.
+     * bytes has the final value of processedBytes. A source that is missing, or is not a directory
+     * where one is required, fails with ErrorSourceFileOpenFailed.
      */
     CFileOperationResult lastResult() const;
 
-    /** The word by which a CErrorCode carries @p error: 0x000B0100 and the error's own number. */
+    /** Packed error word for Base::CErrorCode: 0x000B0100 | @p error. */
     static quint32 createErrorCode(Error error);
 
     /**
-     * Copies what is below @p sourcePath into @p destinationPath, which is created when there is
-     * something to copy into it. Hidden entries are left out, links are followed. Blanks and
-     * tabs at the end of @p destinationPath are not part of its name; an empty path copies
-     * nothing. Relative paths count from the current directory of this moment; a source may be a
-     * resource, ":/name".
+     * Copies the contents of @p sourcePath into @p destinationPath, which is created if there is
+     * anything to copy. Returns at once unless another request runs.
      *
-     * Adds to the destinations that an abort removes: those of earlier calls stay among them.
+     * Hidden entries are not copied, symbolic links are followed. Blanks and tabs at the end of
+     * @p destinationPath are removed. An empty path copies nothing. Relative paths are resolved
+     * against the current directory at the time of the call. A source may be a resource,
+     * ":/name".
      *
-     * Where the path of a source file holds @p sourcePath a second time, that part is cut out of
-     * the file's name in the destination as well.
+     * The destination is added to those that abort() removes; destinations of earlier calls
+     * remain among them.
+     *
+     * If the path of a source file contains @p sourcePath again further on, that part is removed
+     * from the name at the destination as well.
      */
     Q_INVOKABLE void copyDirectory(const QString &sourcePath, const QString &destinationPath);
 
     /**
-     * Copies each source directory into the destination of the same position, as copyDirectory()
-     * does; entries without a counterpart are ignored. The destinations that an abort removes
-     * are these and no others.
+     * Copies each source directory into the destination at the same index, as copyDirectory()
+     * does. Entries without a counterpart are not copied. abort() removes all entries of
+     * @p destinationPath and no destination of an earlier call.
      */
     Q_INVOKABLE void copyDirectories(const QStringList &sourcePath,
                                      const QStringList &destinationPath);
 
     /**
-     * Copies one file at once, on the caller's thread, whose events are processed between
-     * chunks. Blocks until the copy is durable. A failure is logged at level Error under
-     * "CFileCopyController" with both paths and the packed code; no signal, no property changes.
+     * Copies one file on the calling thread. Blocks until the copy is on the device; the events of
+     * the thread are processed between chunks. A failure is logged at level Error, category
+     * "CFileCopyController", with both paths and the packed error word. Emits no signal and
+     * changes no property.
      */
     Q_INVOKABLE void copyFile(const QString &sourcePath, const QString &destinationPath);
 
-    /** Copies one file in the background. An abort removes @p destinationPath and nothing else. */
+    /**
+     * Copies one file in the background. The directory of @p destinationPath must exist. Blanks
+     * and tabs at the end of @p destinationPath are removed. abort() removes @p destinationPath
+     * and no destination of an earlier call.
+     */
     Q_INVOKABLE void copyDatabaseFile(const QString &sourcePath, const QString &destinationPath);
 
-    /** Halts the copy before the next chunk of at most 4 MiB, or before the next step. */
+    /** Halts the copy before its next chunk of at most 4 MiB or its next step. Returns at once. */
     Q_INVOKABLE void pause();
-    /** Goes on after pause(). */
+    /** Continues after pause(). A new request does so as well. */
     Q_INVOKABLE void resume();
     /**
-     * Ends the copy before its next chunk and removes its destinations: **directories whole,
-     * with everything they held before the copy began**. A source of the request, a directory
-     * that holds one, and the root of the file system are never removed. Also ends a paused copy,
-     * and one whose end has not been announced yet.
+     * Ends the copy before its next chunk, paused or not, and removes its destinations:
+     * **directories as a whole, with everything they held before the copy began**. Never removed
+     * are a source of the request, a directory that contains a source, and the root of the file
+     * system. An abort counts until the end of the run has been announced. Returns at once.
      */
     Q_INVOKABLE void abort();
-    /** Sets the counters to 0 and the state to idle; a copy in progress still runs to its end. */
+    /** Sets the counters to 0 and the state to idle. A copy in progress continues to its end. */
     Q_INVOKABLE void reset();
 
 Q_SIGNALS:
-    /** state answers something new. */
+    /** Emitted when `state` changes. */
     void stateChanged();
-    /** processedBytes answers something new: once for each chunk of at most 4 MiB. */
+    /** Emitted when `processedBytes` changes: once for each chunk of at most 4 MiB. */
     void processedBytesChanged();
-    /** A destination directory is begun, whether or not its name differs from the last one's. */
+    /** Emitted for each destination directory that is begun, also if its name is the same. */
     void processingDirectoryChanged();
-    /** totalBytes answers something new. */
+    /** Emitted when `totalBytes` changes. */
     void totalBytesChanged();
-    /** Declared for QML; no operation of this class emits it. */
+    /** Declared for QML; never emitted by this class. */
     void errorOccurred(Error errorCode); // clazy:exclude=fully-qualified-moc-types
-    /** A run has ended that nobody aborted, with or without errors. */
+    /** Emitted when a run has ended that was not aborted, with or without errors. */
     void operationCompleted();
-    /** A run has ended early, and the destinations of an aborted one are gone. */
+    /** Emitted when an aborted run has ended and its destinations have been removed. */
     void operationCanceled();
 
 private Q_SLOTS:
@@ -159,31 +160,9 @@ private Q_SLOTS:
     void onWorkerFinished();
 
 private:
-    struct Destination // with the sources of its request, which an abort never removes
-    {
-        QString path;
-        QStringList sources;
-    };
-    struct Run
-    {
-        QList<Destination> destinations;
-        bool aborted = false;
-        bool removed = false;
-    };
+    class Private;
 
-    void connectReports();
-    template<typename Load> void load(Load load);
-    void startRun();
-    static void removeDestinations(Run &run);
-
-    std::shared_ptr<detail::WorkerHandle<CFileCopyWorker>> m_handle; // worker and thread
-    qlonglong m_totalBytes = 0;
-    qlonglong m_processedBytes = 0;
-    QString m_processingDirectory;
-    int m_state = StateIdle;
-    CFileOperationResult m_lastResult;
-    QList<Destination> m_destinations;
-    QList<Run> m_runs; // started, end not announced yet; only the last one can still be at work
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -7,18 +7,18 @@
 
 namespace Tavro::Shared {
 
-/** One source to copy to one destination, with what an enumeration found in the source. */
+/** One source, its destination, and what an enumeration has found in the source. */
 struct CFileCopyData
 {
     /** Subdirectories of the source, relative to it, in the order in which they were found. */
     QStringList directories;
-    /** Files of the source, in the order in which they are copied. */
+    /** Files below the source, in the order in which they are copied. */
     QList<CFileEntry> files;
-    /** Directory, ending in "/", or single file. */
+    /** A directory, ending in "/", or a single file. */
     QString sourcePath;
-    /** Directory, ending in "/", or single file; no trailing blanks or tabs. */
+    /** A directory, ending in "/", or a single file; without blanks and tabs at the end. */
     QString destinationPath;
-    /** Carried along for callers, in bytes; the worker keeps its totals itself. */
+    /** For use by callers, in bytes; the worker does not use it. */
     qint64 size = 0;
 };
 

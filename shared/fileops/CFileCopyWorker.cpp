@@ -1,10 +1,10 @@
 #include "shared/fileops/CFileCopyWorker.h"
 
-#include "shared/fileops/CFileCopyData.h"
+#include "shared/fileops/detail/CFileCopyWorkerPrivate.h"
 #include "shared/fileops/detail/CopyPaths.h"
-#include "shared/fileops/detail/CopyRun.h"
 #include "shared/fileops/detail/TreeWalk.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 
 #include <QDir>
 #include <QFile>
@@ -62,7 +62,7 @@ void enumerate(CFileCopyData &job, detail::CopyRequest &request)
             result.errorCode = CFileCopyController::createErrorCode(
                 CFileCopyController::ErrorSourceFileOpenFailed);
             result.systemError = error;
-            result.path = detail::withoutFinalSlash(job.sourcePath);
+            result.path = detail::withoutFinalSlashes(job.sourcePath);
         }
         return;
     }
@@ -80,22 +80,9 @@ void enumerate(CFileCopyData &job, detail::CopyRequest &request)
 
 } // namespace
 
-struct CFileCopyWorker::Private : detail::CopyCore
-{
-    explicit Private(CFileCopyWorker *worker)
-        : WorkerCore(worker)
-        , q(*worker)
-    {
-    }
-
-    bool takeStep(detail::CopyRequest &request);
-
-    CFileCopyWorker &q;
-};
-
 CFileCopyWorker::CFileCopyWorker(QObject *parent)
     : QObject(parent)
-    , m_d(std::make_unique<Private>(this))
+    , d(std::make_unique<Private>(this))
 {
 }
 
@@ -103,17 +90,17 @@ CFileCopyWorker::~CFileCopyWorker() = default;
 
 int CFileCopyWorker::state() const
 {
-    return m_d->shownState();
+    return d->shownState();
 }
 
 int CFileCopyWorker::error() const
 {
-    return m_d->requests().loaded()->error;
+    return d->loaded()->error;
 }
 
 bool CFileCopyWorker::isCanceled() const
 {
-    return m_d->requests().loaded()->canceled;
+    return d->loaded()->canceled;
 }
 
 void CFileCopyWorker::copyDirectory(const QString &sourcePath, const QString &destinationPath)
@@ -124,58 +111,42 @@ void CFileCopyWorker::copyDirectory(const QString &sourcePath, const QString &de
 void CFileCopyWorker::copyDirectories(const QStringList &sourcePaths,
                                       const QStringList &destinationPaths)
 {
-    auto request = std::make_shared<detail::CopyRequest>();
-    const int count = std::min(sourcePaths.size(), destinationPaths.size());
-    for (int i = 0; i < count; ++i) {
-        request->jobs.append(directoryJob(sourcePaths.at(i), destinationPaths.at(i)));
-        request->directoryNames.append(directoryName(destinationPaths.at(i)));
-    }
-    m_d->load(CFileCopyController::StateEnumeratingFiles, std::move(request));
+    d->load(Private::requestForDirectories(sourcePaths, destinationPaths));
 }
 
 void CFileCopyWorker::copyLargeFile(const QString &sourcePath, const QString &destinationPath)
 {
-    CFileCopyData job;
-    job.sourcePath = detail::sourceFile(sourcePath);
-    job.destinationPath = detail::destination(destinationPath);
-    auto request = std::make_shared<detail::CopyRequest>();
-    request->jobs.append(job);
-    m_d->load(CFileCopyController::StateCopyingLargeFile, std::move(request));
+    d->load(Private::requestForFile(sourcePath, destinationPath));
 }
 
 void CFileCopyWorker::reset()
 {
-    m_d->reset();
+    d->reset();
 }
 
 void CFileCopyWorker::pause()
 {
-    m_d->gate().close();
+    d->pause();
 }
 
 void CFileCopyWorker::resume()
 {
-    m_d->gate().open();
+    d->resume();
 }
 
 void CFileCopyWorker::cancelWork()
 {
-    m_d->cancel();
-}
-
-detail::RunControl &CFileCopyWorker::runs()
-{
-    return *m_d;
+    d->cancel();
 }
 
 void CFileCopyWorker::setState(State state)
 {
-    m_d->setState(state);
+    d->advance(*d->active(), state);
 }
 
 void CFileCopyWorker::updateProcessedBytes(qint64 n)
 {
-    m_d->updateProcessedBytes(n);
+    d->addProcessedBytes(*d->active(), n);
 }
 
 void CFileCopyWorker::updateProcessingDirectory(const QString &processingDirectory)
@@ -192,34 +163,70 @@ bool CFileCopyWorker::createFolderStructure(const QString &root, const QStringLi
 
 void CFileCopyWorker::prepareFile()
 {
-    const auto request = m_d->requests().active();
-    if (!request->jobs.isEmpty()) {
-        request->totalBytes = QFileInfo(request->jobs.constFirst().sourcePath).size();
-    }
+    Private::prepareFile(*d->active());
 }
 
 void CFileCopyWorker::enumerateFiles()
 {
-    const auto request = m_d->requests().active();
-    for (CFileCopyData &job : request->jobs) {
-        enumerate(job, *request);
-    }
+    Private::enumerateFiles(*d->active());
+}
+
+int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinationPath)
+{
+    const auto request = d->active();
+    return detail::CopyRun(*this, *d, *request)
+        .copyFile(detail::sourceFile(sourcePath), detail::destinationFile(destinationPath));
 }
 
 void CFileCopyWorker::doWork()
 {
-    m_d->run([this](detail::CopyRequest &request) { return m_d->takeStep(request); },
-             [this](const detail::CopyCore::RequestPointer &request) {
-                 m_d->advance(*request, CFileCopyController::StateIdle);
-             });
+    d->run();
 }
 
-// false when the run is over
+CFileCopyWorker::Private::RequestPointer CFileCopyWorker::Private::requestForDirectories(
+    const QStringList &sourcePaths, const QStringList &destinationPaths)
+{
+    auto request = std::make_shared<detail::CopyRequest>();
+    request->step = CFileCopyController::StateEnumeratingFiles;
+    const int count = std::min(sourcePaths.size(), destinationPaths.size());
+    for (int i = 0; i < count; ++i) {
+        request->jobs.append(directoryJob(sourcePaths.at(i), destinationPaths.at(i)));
+        request->directoryNames.append(directoryName(destinationPaths.at(i)));
+    }
+    return request;
+}
+
+CFileCopyWorker::Private::RequestPointer CFileCopyWorker::Private::requestForFile(
+    const QString &sourcePath, const QString &destinationPath)
+{
+    CFileCopyData job;
+    job.sourcePath = detail::sourceFile(sourcePath);
+    job.destinationPath = detail::destination(destinationPath);
+    auto request = std::make_shared<detail::CopyRequest>();
+    request->step = CFileCopyController::StateCopyingLargeFile;
+    request->jobs.append(job);
+    return request;
+}
+
+void CFileCopyWorker::Private::enumerateFiles(detail::CopyRequest &request)
+{
+    for (CFileCopyData &job : request.jobs) {
+        enumerate(job, request);
+    }
+}
+
+void CFileCopyWorker::Private::prepareFile(detail::CopyRequest &request)
+{
+    if (!request.jobs.isEmpty()) {
+        request.totalBytes = QFileInfo(request.jobs.constFirst().sourcePath).size();
+    }
+}
+
 bool CFileCopyWorker::Private::takeStep(detail::CopyRequest &request)
 {
     switch (request.step) {
     case CFileCopyController::StateEnumeratingFiles:
-        q.enumerateFiles();
+        enumerateFiles(request);
         Q_EMIT q.totalBytesChanged(request.totalBytes);
         advance(request, CFileCopyController::StateCheckingSize);
         return true;
@@ -230,7 +237,7 @@ bool CFileCopyWorker::Private::takeStep(detail::CopyRequest &request)
         detail::CopyRun(q, *this, request).copyTrees();
         return false;
     case CFileCopyController::StateCopyingLargeFile:
-        q.prepareFile();
+        prepareFile(request);
         Q_EMIT q.totalBytesChanged(request.totalBytes);
         detail::CopyRun(q, *this, request).copySingleFile();
         return false;
@@ -240,11 +247,9 @@ bool CFileCopyWorker::Private::takeStep(detail::CopyRequest &request)
     }
 }
 
-int CFileCopyWorker::copyFile(const QString &sourcePath, const QString &destinationPath)
+void CFileCopyWorker::Private::close(const RequestPointer &request)
 {
-    const auto request = m_d->requests().active();
-    return detail::CopyRun(*this, *m_d, *request)
-        .copyFile(detail::sourceFile(sourcePath), detail::destinationFile(destinationPath));
+    advance(*request, CFileCopyController::StateIdle);
 }
 
 } // namespace Tavro::Shared

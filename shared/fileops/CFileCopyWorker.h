@@ -10,25 +10,20 @@
 
 namespace Tavro::Shared {
 
-namespace detail {
-class RunControl;
-template<typename Worker> class WorkerHandle;
-} // namespace detail
-
 /**
- * Copies directory trees or single files chunk by chunk; the work behind CFileCopyController.
+ * Copies directory trees or single files chunk by chunk. CFileCopyController runs one.
  *
  * The owner loads a request with one of the copy functions, moves the worker to a thread and has
- * doWork() run there. A run works on its own copy of what was loaded: loading or reset() during
- * a run concerns the next one.
+ * doWork() called there. A run keeps the request it began with: loading or reset() during a run
+ * affects the next run.
  *
- * Every chunk of at most 4 MiB is flushed to the device before it counts as processed, with the
- * name of its file, and the command "sync", found on PATH, runs with the chunk that completes the
- * request. So a drive pulled out loses at most the chunk in flight.
+ * Every chunk of at most 4 MiB, and the name of its file, is flushed to the device before it
+ * counts as processed. The command "sync", found through PATH, runs with the chunk that completes
+ * the request. A drive that is pulled out loses at most the chunk in flight.
  *
- * Loading belongs to the owner's thread. pause(), resume(), cancelWork(), reset() and the
- * readers may be called from any thread. Signals are emitted on the thread that works, those of
- * loading and reset() on the caller's.
+ * Load requests on the owner's thread. pause(), resume(), cancelWork(), reset() and the readers
+ * may be called from any thread. Loading and reset() emit signals on the calling thread, all
+ * others are emitted on the thread that runs doWork().
  */
 class OVO_SHARED_EXPORT CFileCopyWorker : public QObject
 {
@@ -38,92 +33,92 @@ public:
     explicit CFileCopyWorker(QObject *parent = nullptr);
     ~CFileCopyWorker() override;
 
-    /** Current step. */
+    /** Current step, a CFileCopyController::State. */
     int state() const;
-    /** A CFileCopyController::Error: the result of the last file that doWork() copied. */
+    /** Result of the last file that doWork() copied, a CFileCopyController::Error. */
     int error() const;
-    /** True from cancelWork() on, or from a run with nothing loaded, until the next reset(). */
+    /**
+     * True after cancelWork(), and after a run without a request, until the next reset() or the
+     * next request is loaded.
+     */
     bool isCanceled() const;
 
     /**
-     * Loads one directory, in place of what was loaded before. @p sourcePath may lack its final
-     * "/"; relative paths count from the current directory of this moment. Blanks and tabs at
-     * the end of @p destinationPath are removed. An empty source holds nothing to copy, an empty
-     * destination cannot be written to.
+     * Loads one directory; it replaces what was loaded before and ends a pause. @p sourcePath may
+     * lack its final "/". Relative paths are resolved against the current directory at the time
+     * of the call. Blanks and tabs at the end of @p destinationPath are removed. With an empty
+     * source there is nothing to copy; an empty destination cannot be written to.
      */
     void copyDirectory(const QString &sourcePath, const QString &destinationPath);
-    /** Loads pairs of directories; surplus entries of the longer list are ignored. */
+    /** Loads pairs of directories. Surplus entries of the longer list are ignored. */
     void copyDirectories(const QStringList &sourcePaths, const QStringList &destinationPaths);
-    /** Loads a single file. The destination's directory must exist when the copy runs. */
+    /** Loads one file. The directory of @p destinationPath must exist when the copy runs. */
     void copyLargeFile(const QString &sourcePath, const QString &destinationPath);
 
-    /** Halts the run before its next chunk or step; returns at once. */
+    /** Halts the run before its next chunk or step. Returns at once. */
     void pause();
-    /** Lets a halted run go on. */
+    /** Continues a halted run. */
     void resume();
-    /** Forgets what is loaded: idle, no error, not canceled, not paused, counters 0. */
+    /** Unloads the request: idle, no error, not canceled, not paused, counters 0. */
     void reset();
 
-    /** Stores the step; stateChanged() only when it differs. */
+    /** Sets the current step. Emits stateChanged() if it differs. */
     void setState(CFileCopyController::State state);
-    /** Adds @p n bytes to those processed and announces the sum. */
+    /** Adds @p n bytes to the processed ones. Emits processedBytesChanged() with the sum. */
     void updateProcessedBytes(qint64 n);
-    /** Stores and announces the name of the directory being filled, each time. */
+    /** Emits processingDirectoryChanged(), also if the name is the same as before. */
     void updateProcessingDirectory(const QString &processingDirectory);
 
     /**
-     * Creates @p directories, relative to @p root, in order. False at the first that cannot be
-     * created; the rest are not tried then.
+     * Creates @p directories, relative to @p root, in order. Returns false at the first one that
+     * cannot be created; the rest are not tried.
      */
     bool createFolderStructure(const QString &root, const QStringList &directories);
-    /** Takes the size of the first loaded source as the number of bytes to copy. */
+    /** Sets the number of bytes to copy to the size of the first loaded source. */
     void prepareFile();
-    /** Walks the loaded sources: fills their lists and adds up the bytes to copy. */
+    /** Walks the loaded sources, fills their lists and adds up the bytes to copy. */
     void enumerateFiles();
 
     /**
-     * Copies one file and returns a CFileCopyController::Error as int. Blocks until every chunk
-     * is on the device; processes the calling thread's events between chunks when the worker
+     * Copies one file and returns a CFileCopyController::Error as int. Blocks until every chunk is
+     * on the device. Between chunks it processes the events of the calling thread if the worker
      * lives there.
      *
-     * The source must be a regular file once links are followed, and not the destination itself:
-     * neither a pipe nor a device is waited for or opened. After a failure the destination is
-     * removed. A cancelled copy leaves it truncated and returns ErrorNone.
-     *
-     * The destination gets the nine permission bits of the source.
+     * The source, links followed, must be a regular file and not the destination itself. Pipes and
+     * devices are never opened. After a failure the destination is removed. A canceled copy leaves
+     * it truncated and returns ErrorNone. The destination gets the nine permission bits of the
+     * source.
      */
     int copyFile(const QString &sourcePath, const QString &destinationPath);
 
 public Q_SLOTS:
     /**
-     * Runs what is loaded and ends with finished(). Returns at once, and emits nothing, when
-     * called while a run is in progress.
+     * Runs the loaded request and ends with finished(). Blocks until then. Returns at once and
+     * emits nothing if a run is in progress.
      */
     void doWork();
-    /** Ends the run before its next chunk or step, a paused one too. */
+    /** Ends the run before its next chunk or step, paused or not. Returns at once. */
     void cancelWork();
 
 Q_SIGNALS:
-    /** The run is over: completed, failed or canceled. Exactly once for each doWork(). */
+    /** Emitted exactly once for each run: completed, failed or canceled. */
     void finished();
-    /** @p newState is a CFileCopyController::State. */
+    /** Emitted when the step changes; @p newState is a CFileCopyController::State. */
     void stateChanged(int newState);
-    /** A file was not copied, and the run stops; @p errorCode is a CFileCopyController::Error. */
+    /** Emitted when a file was not copied and the run stops; a CFileCopyController::Error. */
     void errorOccurred(int errorCode);
-    /** Bytes written so far; once for each chunk, and 0 after reset(). */
+    /** Bytes copied so far. Emitted for each chunk, and with 0 by loading and reset(). */
     void processedBytesChanged(qlonglong value);
-    /** Name, without path, of the destination directory being filled. */
+    /** Name, without path, of the destination directory. Emitted for each one that is begun. */
     void processingDirectoryChanged(const QString &processingDirectory);
-    /** Bytes to copy; once a run, and 0 after reset(). */
+    /** Bytes to copy. Emitted once in each run, and with 0 by loading and reset(). */
     void totalBytesChanged(qlonglong value);
 
 private:
-    friend class detail::WorkerHandle<CFileCopyWorker>; // the controller's side of the runs
-    struct Private;
+    friend class CFileCopyController; // loads requests and is told of their runs
+    class Private;
 
-    detail::RunControl &runs();
-
-    std::unique_ptr<Private> m_d;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -1,6 +1,6 @@
 #include "shared/fileops/CFileDeleteController.h"
 
-#include "shared/fileops/CFileDeleteWorker.h"
+#include "shared/fileops/detail/CFileDeleteWorkerPrivate.h"
 #include "shared/fileops/detail/WorkerHandle.h"
 
 #include <QPointer>
@@ -15,44 +15,80 @@ constexpr quint32 s_moduleAndComponent = 0x000B0200; // this library, deleting
 
 } // namespace
 
-CFileDeleteController::CFileDeleteController(QObject *parent)
-    : QObject(parent)
-    , m_handle(std::make_shared<detail::WorkerHandle<CFileDeleteWorker>>(this))
+class CFileDeleteController::Private
+{
+public:
+    using Handle = detail::WorkerHandle<CFileDeleteWorker, detail::DeleteCore>;
+    using RequestPointer = detail::DeleteCore::RequestPointer;
+
+    explicit Private(CFileDeleteController *controller);
+
+    void onWorkerState(int newState);
+    void startNextRun();
+
+    CFileDeleteController *const q;
+    const std::shared_ptr<Handle> handle; // worker and thread
+    qlonglong totalBytes = 0;
+    qlonglong processedBytes = 0;
+    int state = StateIdle;
+    CFileOperationResult lastResult;
+
+private:
+    static std::shared_ptr<Handle> makeHandle(CFileDeleteController *controller);
+};
+
+std::shared_ptr<CFileDeleteController::Private::Handle> CFileDeleteController::Private::makeHandle(
+    CFileDeleteController *controller)
+{
+    auto worker = std::make_unique<CFileDeleteWorker>();
+    detail::DeleteCore &core = *worker->d;
+    return std::make_shared<Handle>(controller, std::move(worker), core);
+}
+
+CFileDeleteController::Private::Private(CFileDeleteController *controller)
+    : q(controller)
+    , handle(makeHandle(controller))
 {
     // finished() and errorOccurred() end at the worker: that a run is over shows in the state
     using Worker = CFileDeleteWorker;
-    m_handle->onResult([this](const CFileOperationResult &result) { m_lastResult = result; });
-    m_handle->onReport(&Worker::processedBytesChanged,
-                       [this](qlonglong value) { setProcessedBytes(value); });
-    m_handle->onReport(&Worker::totalBytesChanged,
-                       [this](qlonglong value) { setTotalBytes(value); });
-    m_handle->onReport(&Worker::stateChanged, [this](int state) { onWorkerState(state); });
-    m_handle->onThreadEnd([this] { startNextRun(); });
+    handle->onResult([this](const RequestPointer &request) { lastResult = request->result; });
+    handle->onReport(&Worker::processedBytesChanged,
+                     [this](qlonglong value) { q->setProcessedBytes(value); });
+    handle->onReport(&Worker::totalBytesChanged,
+                     [this](qlonglong value) { q->setTotalBytes(value); });
+    handle->onReport(&Worker::stateChanged, [this](int value) { onWorkerState(value); });
+    handle->onThreadEnd([this] { startNextRun(); });
+}
+
+CFileDeleteController::CFileDeleteController(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>(this))
+{
 }
 
 CFileDeleteController::~CFileDeleteController()
 {
-    m_handle->letGo();
+    d->handle->letGo();
 }
 
 qlonglong CFileDeleteController::processedBytes() const
 {
-    return m_processedBytes;
+    return d->processedBytes;
 }
 
 qlonglong CFileDeleteController::totalBytes() const
 {
-    return m_totalBytes;
+    return d->totalBytes;
 }
 
 CFileDeleteController::State CFileDeleteController::state() const
 {
-    return static_cast<State>(m_state);
+    return static_cast<State>(d->state);
 }
 
 CFileOperationResult CFileDeleteController::lastResult() const
 {
-    return m_lastResult;
+    return d->lastResult;
 }
 
 quint32 CFileDeleteController::createErrorCode(Error error)
@@ -67,83 +103,84 @@ void CFileDeleteController::deleteDirectory(const QString &path)
 
 void CFileDeleteController::deleteDirectories(const QStringList &path)
 {
-    const auto handle = m_handle; // loading announces things, and a slot may be the end of this
-    handle->runs().claimNextRequest();
-    handle->worker().deleteDirectories(path);
+    const auto handle = d->handle; // loading announces things, and a slot may be the end of this
+    handle->core().load(CFileDeleteWorker::Private::requestFor(path),
+                        detail::DeleteCore::Claim::OwnRun);
     if (!handle->isOwned()) {
         return;
     }
     // behind the end of an older run, should that not have been delivered yet
     handle->reports()->reportUrgently([this] { setState(StateEnumeratingFiles); });
-    startNextRun();
+    d->startNextRun();
 }
 
 // Called for each request and for each end of the thread, so that no request waits for longer
 // than the run in progress. A thread that has reported its end is waited for, for the few
 // instructions that it has left.
-void CFileDeleteController::startNextRun()
+void CFileDeleteController::Private::startNextRun()
 {
-    if (!m_handle->runs().hasClaimedRequest() || m_handle->thread()->isRunning()) {
+    if (!handle->core().hasClaims() || handle->thread()->isRunning()) {
         return;
     }
-    if (!m_handle->startThread()) {
+    if (!handle->startThread()) {
+        handle->core().takeClaims();
         // behind the state that the request has announced
-        m_handle->reports()->reportUrgently([this] {
-            m_lastResult = CFileOperationResult();
-            m_lastResult.errorCode = createErrorCode(ErrorInternal);
-            m_lastResult.systemError = EAGAIN; // what Qt's thread does not pass on
-            const auto handle = m_handle; // a slot may be the end of this object
-            handle->worker().reset();
+        handle->reports()->reportUrgently([this] {
+            lastResult = CFileOperationResult();
+            lastResult.errorCode = createErrorCode(ErrorInternal);
+            lastResult.systemError = EAGAIN; // what Qt's thread does not pass on
+            const auto keptHandle = handle; // a slot may be the end of this object
+            keptHandle->core().reset();
         });
     }
 }
 
 void CFileDeleteController::pause()
 {
-    m_handle->worker().pause();
+    d->handle->core().pause();
 }
 
 void CFileDeleteController::resume()
 {
-    m_handle->worker().resume();
+    d->handle->core().resume();
 }
 
 void CFileDeleteController::abort()
 {
-    m_handle->worker().cancelWork();
+    d->handle->core().cancel();
 }
 
 // The end of one run is idle, and not the last word as long as there is another to begin.
-void CFileDeleteController::onWorkerState(int state)
+void CFileDeleteController::Private::onWorkerState(int newState)
 {
-    const bool isMoreToDo = state == StateIdle && m_handle->runs().hasClaimedRequest();
-    const QPointer<CFileDeleteController> self(this); // a slot may be the end of it
-    setState(state);
-    if (isMoreToDo && self) {
-        self->setState(StateEnumeratingFiles);
+    const bool isMoreToDo = newState == StateIdle && handle->core().hasClaims();
+    const QPointer<CFileDeleteController> controller(q); // a slot may be the end of it
+    q->setState(newState);
+    if (isMoreToDo && controller) {
+        q->setState(StateEnumeratingFiles);
     }
 }
 
 void CFileDeleteController::setProcessedBytes(qlonglong processedBytes)
 {
-    if (m_processedBytes != processedBytes) {
-        m_processedBytes = processedBytes;
+    if (d->processedBytes != processedBytes) {
+        d->processedBytes = processedBytes;
         Q_EMIT processedBytesChanged();
     }
 }
 
 void CFileDeleteController::setTotalBytes(qlonglong totalBytes)
 {
-    if (m_totalBytes != totalBytes) {
-        m_totalBytes = totalBytes;
+    if (d->totalBytes != totalBytes) {
+        d->totalBytes = totalBytes;
         Q_EMIT totalBytesChanged();
     }
 }
 
 void CFileDeleteController::setState(int newState)
 {
-    if (m_state != newState) {
-        m_state = newState;
+    if (d->state != newState) {
+        d->state = newState;
         Q_EMIT stateChanged();
     }
 }

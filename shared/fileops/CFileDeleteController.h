@@ -10,25 +10,21 @@
 
 namespace Tavro::Shared {
 
-class CFileDeleteWorker;
-
-namespace detail {
-template<typename Worker> class WorkerHandle;
-} // namespace detail
-
 /**
  * Deletes directory trees in the background, with progress in bytes.
  *
- * The object belongs to the thread that created it, and so does every call. It keeps one worker
- * thread for its whole life; progress arrives through that thread's event loop.
+ * Call every function on the thread that created the controller. Signals are emitted on that
+ * thread, through its event loop. The controller owns one worker thread.
  *
- * The end of a run shows as state returning to StateIdle, and both counters to 0. **What went
- * wrong does not show**: ask lastResult() then. What was removed is flushed to the device before.
+ * When a run ends, state returns to StateIdle and both counters to 0. By then the removal has been
+ * flushed to the device. **Failures do not show in the signals**: check lastResult() after the
+ * change to idle.
  *
- * A request made while another one runs returns at once and is carried out after it.
+ * A request made while another one runs returns at once and is carried out afterwards.
  *
- * Destroying the controller while a deletion runs is not meant to happen. Where it does, a tree
- * whose deletion has begun is still removed, in the background; the destructor does not wait.
+ * Do not destroy the controller while a deletion runs. If it happens, a tree whose deletion has
+ * begun is still removed in the background, and requests that have not begun are dropped. The
+ * destructor does not wait. A slot connected to any signal may delete the controller.
  */
 class OVO_SHARED_EXPORT CFileDeleteController : public QObject
 {
@@ -40,81 +36,84 @@ class OVO_SHARED_EXPORT CFileDeleteController : public QObject
 public:
     /** What the worker is doing. */
     enum State {
-        StateIdle = 0, /**< nothing runs */
-        StateEnumeratingFiles = 1, /**< directories are loaded; the worker walks them */
-        StateDeleting = 2, /**< the walk is over and totalBytes known */
+        StateIdle = 0, /**< No request runs. */
+        StateEnumeratingFiles = 1, /**< A request was made: its directories are walked. */
+        StateDeleting = 2, /**< The walk has ended; totalBytes is known. */
     };
     Q_ENUM(State)
 
     /** Why something was not deleted. */
     enum Error {
-        ErrorNone = 0, /**< it was deleted */
-        ErrorInternal = 1, /**< nothing was loaded, or the system had no thread to give */
-        ErrorFileDeletionFailed = 2, /**< a file is still there, or was gone before its turn */
-        ErrorDirectoryDeletionFailed = 3, /**< a directory, or something in it, is still there */
+        ErrorNone = 0, /**< It was deleted. */
+        ErrorInternal = 1, /**< Nothing was loaded, or no thread could be created. */
+        ErrorFileDeletionFailed = 2, /**< A file is still there, or was gone before its turn. */
+        ErrorDirectoryDeletionFailed = 3, /**< A directory, or something in it, is still there. */
     };
     Q_ENUM(Error)
 
     explicit CFileDeleteController(QObject *parent = nullptr);
     ~CFileDeleteController() override;
 
-    /** Bytes of the files deleted so far by the run in progress; 0 when there is none. */
+    /** Bytes of the files that the current run has deleted so far; 0 when no request runs. */
     qlonglong processedBytes() const;
-    /** Bytes of the files to delete in the run in progress; 0 before the walk and after the end. */
+    /** Bytes of the files to delete in the current run; 0 before the walk ends and when idle. */
     qlonglong totalBytes() const;
-    /** What the worker is doing, as last delivered. */
+    /** State of the worker, as of the last stateChanged(). */
     State state() const;
 
     /**
-     * How the run ended whose end was announced last; set before the change to idle, and a default
-     * one before the first. For C++ hosts: QML sees the state only.
+     * Result of the run whose end was announced last. It is set before the change to idle. It is
+     * default-constructed before the first end. For C++ hosts only: QML sees only the state.
      *
-     * Whole: the directories are gone, and that is on the device. A directory that was not there
-     * is gone; one that cannot be reached, and a file in its place, are not. files and bytes are
-     * those that processedBytes counted: files that a pause or an abort in mid-deletion passed over
-     * are removed and not among them, nor are hidden ones. After an abort the result is not whole,
-     * also when it came too late. Without a thread to run on: ErrorInternal, EAGAIN.
+     * isWhole() means that the directories are gone and that this is on the device. A directory
+     * that did not exist counts as gone. A directory that cannot be reached, and a file in its
+     * place, are failures. After abort() the result is not whole, even if the deletion was already
+     * complete. If no thread could be created, it holds ErrorInternal and EAGAIN.
+     *
+     * files and bytes count what processedBytes counted. Hidden files, and files that were passed
+     * over because of pause() or abort(), are removed without being counted.
      */
     CFileOperationResult lastResult() const;
 
-    /** The word by which a CErrorCode carries @p error: 0x000B0200 and the error's own number. */
+    /** Packed error word for Base::CErrorCode: 0x000B0200 | @p error. */
     static quint32 createErrorCode(Error error);
 
     /**
-     * Deletes the directory @p path with all that is in it, hidden entries too. A relative path
-     * counts from the current directory of this moment. Links are removed, what they point to
-     * stays, also where @p path itself is a link to a directory. A file, an empty path, and one
-     * that means nothing are left alone; so is the root of the file system.
+     * Deletes the directory @p path with everything in it, hidden entries included. Returns at
+     * once. A relative path is resolved against the current directory at the time of the call.
      *
-     * Entries whose names are not UTF-8 stay, and with them the directories that they are in.
+     * Symbolic links are removed, their targets stay; this also holds if @p path itself is a link
+     * to a directory. A file, an empty path, a path that does not exist and the root of the file
+     * system are left alone. Entries whose names are not UTF-8 stay, and so do the directories
+     * that contain them.
      */
     Q_INVOKABLE void deleteDirectory(const QString &path);
 
-    /** Deletes several directories in one run, one after the other, as deleteDirectory() does. */
+    /** Deletes several directories in one run, in this order, as deleteDirectory() does. */
     Q_INVOKABLE void deleteDirectories(const QStringList &path);
 
     /**
-     * Halts the run before its next step. **A deletion that has begun is not halted**: it passes
-     * over the files that it would have counted, and removes the directory with them.
+     * Halts the run before its next step. **A deletion that has begun is not halted**: the
+     * remaining files are removed with their directory, without being counted. Returns at once.
      */
     Q_INVOKABLE void pause();
-    /** Goes on after pause(). */
+    /** Continues after pause(). A new request does so as well. */
     Q_INVOKABLE void resume();
     /**
-     * Ends the run, and those that were asked for and have not begun. Before the walk is over
-     * nothing is deleted then; **directories whose deletion has begun are removed whole**, the
-     * request's other ones too.
+     * Ends the run, and all requests that have not begun. Nothing is deleted if the walk has not
+     * ended yet. **Once the deletion has begun, all directories of the request are removed as a
+     * whole.** Returns at once.
      */
     Q_INVOKABLE void abort();
 
 Q_SIGNALS:
-    /** state answers something new. */
+    /** Emitted when `state` changes. */
     void stateChanged();
-    /** processedBytes answers something new: at most once for each file. */
+    /** Emitted when `processedBytes` changes: at most once for each file. */
     void processedBytesChanged();
-    /** totalBytes answers something new. */
+    /** Emitted when `totalBytes` changes. */
     void totalBytesChanged();
-    /** Declared for QML; no run of this class emits it. */
+    /** Declared for QML; never emitted by a run of this class. */
     void errorOccurred(Error errorCode); // clazy:exclude=fully-qualified-moc-types
 
 private Q_SLOTS:
@@ -124,14 +123,9 @@ private Q_SLOTS:
     void onErrorOccurred(int errorCode);
 
 private:
-    void onWorkerState(int state);
-    void startNextRun();
+    class Private;
 
-    std::shared_ptr<detail::WorkerHandle<CFileDeleteWorker>> m_handle; // worker and thread
-    qlonglong m_totalBytes = 0;
-    qlonglong m_processedBytes = 0;
-    int m_state = StateIdle;
-    CFileOperationResult m_lastResult;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

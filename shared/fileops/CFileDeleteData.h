@@ -7,7 +7,7 @@
 
 namespace Tavro::Shared {
 
-/** One directory to delete, with what an enumeration found in it. */
+/** One directory to delete, and what an enumeration has found in it. */
 struct CFileDeleteData
 {
     /** Subdirectories, relative to the directory, in the order in which they were found. */
@@ -16,7 +16,7 @@ struct CFileDeleteData
     QList<CFileEntry> files;
     /** The directory, exactly as the caller named it. */
     QString path;
-    /** Carried along for callers, in bytes; the worker keeps its totals itself. */
+    /** For use by callers, in bytes; the worker does not use it. */
     qint64 size = 0;
 };
 

@@ -1,17 +1,13 @@
 #include "shared/fileops/CFileDeleteWorker.h"
 
-#include "shared/fileops/CFileDeleteData.h"
-#include "shared/fileops/detail/DeleteRequest.h"
-#include "shared/fileops/detail/TreeRemoval.h"
+#include "shared/fileops/detail/CFileDeleteWorkerPrivate.h"
 #include "shared/fileops/detail/TreeWalk.h"
-#include "shared/fileops/detail/WorkerCore.h"
 
 namespace Tavro::Shared {
 
 namespace {
 
 using State = CFileDeleteController::State;
-using Core = detail::WorkerCore<CFileDeleteWorker, detail::DeleteRequest>;
 
 // the first failure of a run is the one that its result names
 void note(detail::DeleteRequest &request, CFileDeleteController::Error error, int systemError,
@@ -37,14 +33,9 @@ void showUnreadable(detail::DeleteRequest &request)
 
 } // namespace
 
-struct CFileDeleteWorker::Private : Core
-{
-    using Core::Core;
-};
-
 CFileDeleteWorker::CFileDeleteWorker(QObject *parent)
     : QObject(parent)
-    , m_d(std::make_unique<Private>(this))
+    , d(std::make_unique<Private>(this))
 {
 }
 
@@ -52,12 +43,12 @@ CFileDeleteWorker::~CFileDeleteWorker() = default;
 
 int CFileDeleteWorker::state() const
 {
-    return m_d->shownState();
+    return d->shownState();
 }
 
 bool CFileDeleteWorker::isCanceled() const
 {
-    return m_d->requests().loaded()->canceled;
+    return d->loaded()->canceled;
 }
 
 void CFileDeleteWorker::deleteDirectory(const QString &path)
@@ -67,7 +58,54 @@ void CFileDeleteWorker::deleteDirectory(const QString &path)
 
 void CFileDeleteWorker::deleteDirectories(const QStringList &paths)
 {
+    d->load(Private::requestFor(paths));
+}
+
+void CFileDeleteWorker::pause()
+{
+    d->pause();
+}
+
+void CFileDeleteWorker::resume()
+{
+    d->resume();
+}
+
+void CFileDeleteWorker::reset()
+{
+    d->reset();
+}
+
+void CFileDeleteWorker::cancelWork()
+{
+    d->cancel();
+}
+
+void CFileDeleteWorker::setState(State state)
+{
+    d->advance(*d->active(), state);
+}
+
+void CFileDeleteWorker::updateProcessedBytes(qint64 n)
+{
+    d->addProcessedBytes(*d->active(), n);
+}
+
+void CFileDeleteWorker::enumerateFiles()
+{
+    Private::enumerateFiles(*d->active());
+}
+
+void CFileDeleteWorker::doWork()
+{
+    d->run();
+}
+
+CFileDeleteWorker::Private::RequestPointer CFileDeleteWorker::Private::requestFor(
+    const QStringList &paths)
+{
     auto request = std::make_shared<detail::DeleteRequest>();
+    request->step = CFileDeleteController::StateEnumeratingFiles;
     for (const QString &path : paths) {
         CFileDeleteData job;
         job.path = path;
@@ -75,77 +113,34 @@ void CFileDeleteWorker::deleteDirectories(const QStringList &paths)
         request->roots.append(detail::removalRoot(path));
         request->unreadable.append(QStringList());
     }
-    m_d->load(CFileDeleteController::StateEnumeratingFiles, std::move(request));
+    return request;
 }
 
-void CFileDeleteWorker::pause()
+void CFileDeleteWorker::Private::enumerateFiles(detail::DeleteRequest &request)
 {
-    m_d->gate().close();
-}
-
-void CFileDeleteWorker::resume()
-{
-    m_d->gate().open();
-}
-
-void CFileDeleteWorker::reset()
-{
-    m_d->reset();
-}
-
-void CFileDeleteWorker::cancelWork()
-{
-    m_d->cancel();
-}
-
-detail::RunControl &CFileDeleteWorker::runs()
-{
-    return *m_d;
-}
-
-void CFileDeleteWorker::setState(State state)
-{
-    m_d->setState(state);
-}
-
-void CFileDeleteWorker::updateProcessedBytes(qint64 n)
-{
-    m_d->updateProcessedBytes(n);
-}
-
-void CFileDeleteWorker::enumerateFiles()
-{
-    const auto request = m_d->requests().active();
-    for (int i = 0; i < request->jobs.size(); ++i) {
-        const detail::RemovalRoot &root = request->roots.at(i);
+    for (int i = 0; i < request.jobs.size(); ++i) {
+        const detail::RemovalRoot &root = request.roots.at(i);
         if (root.systemError != 0 || !detail::isRemovableTree(root.path)) {
             continue;
         }
         const detail::TreeListing listing =
-            detail::listTree(root.path, detail::Links::LeaveOut, &request->abandoned);
-        request->unreadable[i] = listing.unreadableDirectories;
-        CFileDeleteData &job = request->jobs[i];
+            detail::listTree(root.path, detail::Links::Refuse, &request.abandoned);
+        request.unreadable[i] = listing.unreadableDirectories;
+        CFileDeleteData &job = request.jobs[i];
         job.directories += listing.directories;
         job.files += listing.files;
-        request->totalBytes += listing.bytes;
+        request.totalBytes += listing.bytes;
     }
-    showUnreadable(*request);
+    showUnreadable(request);
 }
 
-void CFileDeleteWorker::doWork()
-{
-    m_d->run([this](detail::DeleteRequest &request) { return takeStep(request); },
-             [this](const Core::RequestPointer &request) { m_d->resetAfter(request); });
-}
-
-// false when the run is over
-bool CFileDeleteWorker::takeStep(detail::DeleteRequest &request)
+bool CFileDeleteWorker::Private::takeStep(detail::DeleteRequest &request)
 {
     switch (request.step) {
     case CFileDeleteController::StateEnumeratingFiles:
-        enumerateFiles();
-        m_d->advance(request, CFileDeleteController::StateDeleting);
-        Q_EMIT totalBytesChanged(request.totalBytes);
+        enumerateFiles(request);
+        advance(request, CFileDeleteController::StateDeleting);
+        Q_EMIT q.totalBytesChanged(request.totalBytes);
         return true;
     case CFileDeleteController::StateDeleting:
         deleteTrees(request);
@@ -157,7 +152,15 @@ bool CFileDeleteWorker::takeStep(detail::DeleteRequest &request)
     }
 }
 
-void CFileDeleteWorker::deleteTrees(detail::DeleteRequest &request)
+// what was loaded meanwhile stays, its pause too
+void CFileDeleteWorker::Private::close(const RequestPointer &request)
+{
+    request->jobs.clear(); // here, not in the thread that hears of the result
+    unload(request);
+    showCleanSlate();
+}
+
+void CFileDeleteWorker::Private::deleteTrees(detail::DeleteRequest &request)
 {
     QStringList touchedRoots;
     for (int i = 0; i < request.jobs.size(); ++i) {
@@ -188,15 +191,15 @@ void CFileDeleteWorker::deleteTrees(detail::DeleteRequest &request)
 }
 
 // false at the first file that cannot be removed
-bool CFileDeleteWorker::deleteFiles(detail::DeleteRequest &request, const CFileDeleteData &job,
-                                    const QString &root)
+bool CFileDeleteWorker::Private::deleteFiles(detail::DeleteRequest &request,
+                                             const CFileDeleteData &job, const QString &root)
 {
     if (job.files.isEmpty()) {
         return true;
     }
     detail::FileRemoval removal(root);
     for (const CFileEntry &file : job.files) {
-        if (request.canceled || m_d->gate().isClosed()) {
+        if (request.canceled || isPaused()) {
             continue; // without waiting: a deletion does not halt half way
         }
         if (const int error = removal.remove(file.path())) {
@@ -205,13 +208,13 @@ bool CFileDeleteWorker::deleteFiles(detail::DeleteRequest &request, const CFileD
         }
         ++request.result.files;
         request.result.bytes += file.size();
-        updateProcessedBytes(file.size());
+        addProcessedBytes(request, file.size());
     }
     return true;
 }
 
 // whether there was something to remove
-bool CFileDeleteWorker::deleteRest(detail::DeleteRequest &request, int job)
+bool CFileDeleteWorker::Private::deleteRest(detail::DeleteRequest &request, int job)
 {
     using Outcome = detail::TreeRemoval::Outcome;
     const detail::TreeRemoval removal = detail::removeTree(request.roots.at(job).path);
@@ -225,11 +228,12 @@ bool CFileDeleteWorker::deleteRest(detail::DeleteRequest &request, int job)
     return removal.wasThere;
 }
 
-void CFileDeleteWorker::fail(detail::DeleteRequest &request, CFileDeleteController::Error error,
-                             int systemError, const QString &path)
+void CFileDeleteWorker::Private::fail(detail::DeleteRequest &request,
+                                      CFileDeleteController::Error error, int systemError,
+                                      const QString &path)
 {
     note(request, error, systemError, path);
-    Q_EMIT errorOccurred(error);
+    Q_EMIT q.errorOccurred(error);
 }
 
 } // namespace Tavro::Shared

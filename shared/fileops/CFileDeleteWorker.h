@@ -10,28 +10,20 @@
 
 namespace Tavro::Shared {
 
-struct CFileDeleteData;
-
-namespace detail {
-class RunControl;
-struct DeleteRequest;
-template<typename Worker> class WorkerHandle;
-} // namespace detail
-
 /**
- * Deletes directory trees; the work behind CFileDeleteController.
+ * Deletes directory trees. CFileDeleteController runs one.
  *
  * The owner loads a request with deleteDirectory() or deleteDirectories(), moves the worker to a
- * thread and has doWork() run there. A run works on its own copy of what was loaded: loading or
- * reset() during a run concerns the next one.
+ * thread and has doWork() called there. A run keeps the request it began with: loading or reset()
+ * during a run affects the next run.
  *
- * The files that the walk has found are removed one by one, with progress; then what is left of
- * each directory: hidden entries, links, pipes and the directories themselves. Links are never
- * followed.
+ * First the files that the walk has found are removed one by one, with progress. Then the rest of
+ * each directory is removed: hidden entries, links, pipes and the directories themselves. Links
+ * are never followed.
  *
- * Loading belongs to the owner's thread. pause(), resume(), cancelWork(), reset() and the
- * readers may be called from any thread. Signals are emitted on the thread that works, those of
- * loading and reset() on the caller's.
+ * Load requests on the owner's thread. pause(), resume(), cancelWork(), reset() and the readers
+ * may be called from any thread. Loading and reset() emit signals on the calling thread, all
+ * others are emitted on the thread that runs doWork().
  */
 class OVO_SHARED_EXPORT CFileDeleteWorker : public QObject
 {
@@ -41,77 +33,72 @@ public:
     explicit CFileDeleteWorker(QObject *parent = nullptr);
     ~CFileDeleteWorker() override;
 
-    /** Current step. */
+    /** Current step, a CFileDeleteController::State. */
     int state() const;
-    /** True from cancelWork() on, until the next reset() or the end of the run. */
+    /**
+     * True after cancelWork(), until the end of the run, the next reset() or the next request is
+     * loaded.
+     */
     bool isCanceled() const;
 
     /**
-     * Loads one directory, in place of what was loaded before. A relative path counts from the
-     * current directory of this moment; an empty one holds nothing to delete.
+     * Loads one directory; it replaces what was loaded before and ends a pause. A relative path is
+     * resolved against the current directory at the time of the call. With an empty path there is
+     * nothing to delete.
      */
     void deleteDirectory(const QString &path);
-    /** Loads directories, to be deleted in this order. */
+    /** Loads directories, which are deleted in this order. */
     void deleteDirectories(const QStringList &paths);
 
     /**
-     * Halts the run before its next step. While directories are being deleted, files are passed
-     * over instead: the directory is removed with them.
+     * Halts the run before its next step. A deletion that has begun is not halted: the remaining
+     * files are removed with their directory, without being counted. Returns at once.
      */
     void pause();
-    /** Lets a halted run go on. */
+    /** Continues a halted run. */
     void resume();
-    /** Forgets what is loaded: idle, not canceled, not paused, counters 0. */
+    /** Unloads the request: idle, not canceled, not paused, counters 0. */
     void reset();
 
-    /** Stores the step; stateChanged() only when it differs. */
+    /** Sets the current step. Emits stateChanged() if it differs. */
     void setState(CFileDeleteController::State state);
-    /** Adds @p n bytes to those processed and announces the sum. */
+    /** Adds @p n bytes to the processed ones. Emits processedBytesChanged() with the sum. */
     void updateProcessedBytes(qint64 n);
-    /** Walks the loaded directories: fills their lists and adds up the bytes to delete. */
+    /** Walks the loaded directories, fills their lists and adds up the bytes to delete. */
     void enumerateFiles();
 
 public Q_SLOTS:
     /**
-     * Runs what is loaded and ends with finished(). Returns at once, and emits nothing, when
-     * called while a run is in progress.
+     * Runs the loaded request and ends with finished(). Blocks until then. Returns at once and
+     * emits nothing if a run is in progress.
      */
     void doWork();
     /**
-     * Ends the run before its next step, a paused one too. Directories that are being deleted
-     * already are removed whole.
+     * Ends the run before its next step, paused or not. Once the deletion has begun, all
+     * directories of the request are removed as a whole. Returns at once.
      */
     void cancelWork();
 
 Q_SIGNALS:
-    /** The run is over, whether or not all of it succeeded. Exactly once for each doWork(). */
+    /** Emitted exactly once for each run: completed, failed or canceled. */
     void finished();
-    /** @p newState is a CFileDeleteController::State. */
+    /** Emitted when the step changes; @p newState is a CFileDeleteController::State. */
     void stateChanged(int newState);
     /**
-     * @p errorCode is a CFileDeleteController::Error. A file that cannot be deleted ends the run;
-     * after a directory the next one follows.
+     * Emitted for a failure; @p errorCode is a CFileDeleteController::Error. A file that cannot be
+     * deleted ends the run. After a directory that cannot be deleted, the next one follows.
      */
     void errorOccurred(int errorCode);
-    /** Bytes deleted so far; once for each file, and 0 after reset() and at the end of a run. */
+    /** Bytes deleted so far. Emitted for each file; with 0 by loading, reset() and each end. */
     void processedBytesChanged(qlonglong value);
-    /** Bytes to delete; once a run, and 0 after reset() and at its end. */
+    /** Bytes to delete. Emitted once in each run; with 0 by loading, reset() and each end. */
     void totalBytesChanged(qlonglong value);
 
 private:
-    friend class detail::WorkerHandle<CFileDeleteWorker>; // the controller's side of the runs
-    struct Private;
+    friend class CFileDeleteController; // loads requests, and hears of their runs
+    class Private;
 
-    detail::RunControl &runs();
-    bool takeStep(detail::DeleteRequest &request);
-    void deleteTrees(detail::DeleteRequest &request);
-    bool deleteFiles(detail::DeleteRequest &request, const CFileDeleteData &job,
-                     const QString &root);
-    bool deleteRest(detail::DeleteRequest &request, int job);
-    void fail(detail::DeleteRequest &request, CFileDeleteController::Error error, int systemError,
-              const QString &path);
-
-    std::unique_ptr<Private> m_d;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -6,21 +6,21 @@
 
 namespace Tavro::Shared {
 
-/** A file as an enumeration found it. A value; nothing about it follows the file afterwards. */
+/** Path and size of a file at the time of an enumeration. Later changes of the file do not show. */
 class OVO_SHARED_EXPORT CFileEntry
 {
 public:
-    /** @p path is absolute, @p size in bytes; both are stored unchecked. */
+    /** @p path is absolute, @p size is in bytes. Neither is checked. */
     CFileEntry(const QString &path, qint64 size);
 
     /** Absolute path. */
     QString path() const;
-    /** Replaces the path. */
+    /** Sets the absolute path. It is not checked. */
     void setPath(const QString &path);
 
     /** Size in bytes at the time of the enumeration. */
     qint64 size() const;
-    /** Replaces the size; any value is stored, negative ones too. */
+    /** Sets the size in bytes. Any value is stored, also a negative one. */
     void setSize(const qint64 &size);
 
 private:

@@ -6,36 +6,35 @@
 namespace Tavro::Shared {
 
 /**
- * How a background copy or deletion ended.
+ * Result of a background copy or deletion, for C++ hosts.
  *
- * A plain value for C++ hosts: the signals of the controllers do not tell whether everything was
- * copied or deleted. See CFileCopyController::lastResult() and
- * CFileDeleteController::lastResult().
+ * The signals of the controllers do not tell whether everything was copied or deleted. Returned by
+ * CFileCopyController::lastResult() and CFileDeleteController::lastResult().
  */
 struct CFileOperationResult
 {
     /**
-     * What failed, as the controller's createErrorCode() packs it, for a Base::CErrorCode. Its
-     * low byte is 0 when nothing failed.
+     * The first failure, packed by the controller's createErrorCode(), for Base::CErrorCode. The
+     * low byte is 0 if nothing failed.
      */
     quint32 errorCode = 0;
-    /** The errno of the system call that failed; 0 when nothing failed or no call is known. */
+    /** The errno of the system call that failed; 0 if nothing failed or it is unknown. */
     int systemError = 0;
-    /** Absolute path of the file or directory at which it failed; empty when nothing failed. */
+    /** Absolute path of the file or directory that failed; empty if nothing failed. */
     QString path;
     /**
-     * Absolute paths of the directories that could not be listed, or only in part. What they hold
-     * is missing in a copy, and still there after a deletion.
+     * Absolute paths of the directories that could not be listed completely. Their contents are
+     * missing in a copy, and still there after a deletion.
      */
     QStringList unreadableDirectories;
-    /** Files that were copied or deleted whole. */
+    /** Number of files that were copied completely, or deleted. */
     qint64 files = 0;
-    /** Bytes that were copied, or the sizes of the files that were deleted. */
+    /** Bytes that were copied, or the sum of the sizes of the deleted files. */
     qint64 bytes = 0;
-    /** True when the run was ended by abort() or by the end of its controller. */
+    /** True if the run was ended by abort(), or because its controller was destroyed. */
     bool canceled = false;
 
-    /** True when nothing failed, every directory could be listed, and nobody ended the run. */
+    /** True if nothing failed, every directory was listed completely and nobody ended the run. */
     bool isWhole() const
     {
         const quint32 detail = errorCode & 0xFFU;

@@ -1,17 +1,28 @@
 #include "shared/fileops/CWorkerThread.h"
 
+#include <atomic>
+
 namespace Tavro::Shared {
+
+class CWorkerThread::Private
+{
+public:
+    std::atomic<bool> startPending{true};
+};
 
 CWorkerThread::CWorkerThread(QObject *parent)
     : QThread(parent)
+    , d(std::make_unique<Private>())
 {
     // direct: the slot runs in the new thread itself, before its event loop
     connect(this, &QThread::started, this, &CWorkerThread::onThreadStarted, Qt::DirectConnection);
 }
 
+CWorkerThread::~CWorkerThread() = default;
+
 bool CWorkerThread::isThreadStartPending()
 {
-    return m_startPending;
+    return d->startPending;
 }
 
 bool CWorkerThread::blockingStart()
@@ -29,7 +40,7 @@ bool CWorkerThread::blockingStart()
 
 void CWorkerThread::onThreadStarted()
 {
-    m_startPending = false;
+    d->startPending = false;
 }
 
 } // namespace Tavro::Shared

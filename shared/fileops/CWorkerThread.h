@@ -4,15 +4,15 @@
 
 #include <QThread>
 
-#include <atomic>
+#include <memory>
 
 namespace Tavro::Shared {
 
 /**
- * A thread whose start can be awaited until it has really begun to run.
+ * A thread that can be started with a call that returns when it runs.
  *
- * blockingStart() and isThreadStartPending() may be called from any thread but the new one.
- * The destructor neither quits nor waits: the owner has stopped the thread before.
+ * blockingStart() and isThreadStartPending() may be called from any thread but the new one. The
+ * destructor neither quits nor waits: stop the thread before.
  */
 class OVO_SHARED_EXPORT CWorkerThread : public QThread
 {
@@ -20,18 +20,19 @@ class OVO_SHARED_EXPORT CWorkerThread : public QThread
 
 public:
     explicit CWorkerThread(QObject *parent = nullptr);
+    ~CWorkerThread() override;
 
-    /** True until the first run has handled QThread::started; false for good from then on. */
+    /** True until the first run has handled QThread::started, false ever after. */
     bool isThreadStartPending();
 
     /**
-     * Starts the thread and spins on the processor until it handles QThread::started.
+     * Starts the thread and busy-waits until QThread::started has been handled in it.
      *
-     * Meant for the short moment between start() and the thread's first instructions: it
-     * neither sleeps nor yields. A later call on the same object returns as soon as the thread
+     * The wait neither sleeps nor yields; it covers the short time between start() and the first
+     * instructions of the thread. A later call on the same object returns as soon as the thread
      * runs again.
      *
-     * Returns false when the thread ended before, or when the system refused to create it.
+     * Returns false if the thread ended before, or if the system could not create it.
      */
     bool blockingStart();
 
@@ -39,7 +40,9 @@ private Q_SLOTS:
     void onThreadStarted();
 
 private:
-    std::atomic<bool> m_startPending{true};
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

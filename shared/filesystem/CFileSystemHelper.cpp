@@ -2,6 +2,7 @@
 
 #include "host/CLogger.h"
 #include "shared/filesystem/detail/FileComparison.h"
+#include "shared/filesystem/detail/PathText.h"
 #include "shared/filesystem/detail/TreeSize.h"
 
 #include <QDateTime>
@@ -34,11 +35,6 @@ bool isInvalid(QChar c)
     const char *end = std::end(s_invalidCharacters) - 1; // without its NUL
     return std::any_of(std::begin(s_invalidCharacters), end,
                        [c](char invalid) { return c == QLatin1Char(invalid); });
-}
-
-QString withFinalSlash(const QString &path)
-{
-    return path.endsWith(s_slash) ? path : path + s_slash;
 }
 
 QString textBehindLast(QChar separator, const QString &text)
@@ -124,7 +120,7 @@ QString CFileSystemHelper::toWindowsSeparators(const QString &path)
 
 QString CFileSystemHelper::buildPath(const QString &path, const QString &name)
 {
-    return withFinalSlash(path) + name;
+    return detail::withFinalSlash(path) + name;
 }
 
 QString CFileSystemHelper::buildAbsoluteFileName(const QString &path, const QString &fileName)
@@ -150,7 +146,7 @@ QString CFileSystemHelper::extractDirectoryName(const QString &path)
 QString CFileSystemHelper::extractPath(const QString &fileName)
 {
     const QString path = QFileInfo(fileName).absolutePath();
-    return path.isEmpty() ? path : withFinalSlash(path);
+    return path.isEmpty() ? path : detail::withFinalSlash(path);
 }
 
 QString CFileSystemHelper::projectNameFromPath(QString path)
@@ -165,14 +161,7 @@ QString CFileSystemHelper::getValidFileSystemName(const QString &name)
 {
     QString valid = name;
     std::replace_if(valid.begin(), valid.end(), isInvalid, QLatin1Char('_'));
-    int length = valid.size();
-    while (length > 0
-           && (valid.at(length - 1) == QLatin1Char(' ')
-               || valid.at(length - 1) == QLatin1Char('\t'))) {
-        --length;
-    }
-    valid.truncate(length);
-    return valid;
+    return detail::withoutBlanksAtEnd(valid);
 }
 
 QString CFileSystemHelper::getPreferredSuffixFromMIMEType(const QMimeType &type)
@@ -214,7 +203,7 @@ bool CFileSystemHelper::createDirectory(const QString &path)
 
 QString CFileSystemHelper::getTempDirPath()
 {
-    return withFinalSlash(QStandardPaths::writableLocation(QStandardPaths::TempLocation));
+    return detail::withFinalSlash(QStandardPaths::writableLocation(QStandardPaths::TempLocation));
 }
 
 QString CFileSystemHelper::createUniqueTempDirectory()
@@ -227,7 +216,7 @@ QString CFileSystemHelper::createUniqueTempDirectory()
         return {};
     }
     directory.setAutoRemove(false);
-    return withFinalSlash(directory.path());
+    return detail::withFinalSlash(directory.path());
 }
 
 qint64 CFileSystemHelper::getFileSize(const QString &path)

@@ -9,97 +9,100 @@
 namespace Tavro::Shared {
 
 /**
- * Names, sizes and contents of files and directories.
+ * Static functions for paths, names, sizes and contents of files and directories.
  *
- * Functions only, from any thread; those that look at the disk block for as long as that takes.
- * Paths are written with "/" and taken as they are, links and ".." included. Nothing throws: what
- * fails shows in the value that is returned.
+ * Every function may be called from any thread. Functions that access the disk block until they are
+ * done. Paths use "/" as separator and are not canonicalized. Failures are reported by the return
+ * value; nothing throws.
  */
 class OVO_SHARED_EXPORT CFileSystemHelper
 {
 public:
     CFileSystemHelper() = delete;
 
-    /** @p path with "/" for each "\". */
+    /** Returns @p path with each "\" replaced by "/". */
     static QString fromWindowsSeparators(const QString &path);
-    /** @p path with "\" for each "/". */
+    /** Returns @p path with each "/" replaced by "\". */
     static QString toWindowsSeparators(const QString &path);
 
-    /** @p name behind @p path, with one "/" between unless @p path ends with one. */
+    /** Returns @p path and @p name, with "/" between them unless @p path ends with "/". */
     static QString buildPath(const QString &path, const QString &name);
-    /** The same; for the name of a file. */
+    /** The same as buildPath(), for the name of a file. */
     static QString buildAbsoluteFileName(const QString &path, const QString &fileName);
 
-    /** What stands behind the last "."; null when there is none. */
+    /** Returns the text after the last "."; null if there is none. */
     static QString extractFileExtension(const QString &fileName);
-    /** What stands behind the last "/"; null when there is none, **as for a bare file name**. */
+    /** Returns the text after the last "/"; null if there is none, **as in a bare file name**. */
     static QString extractFileName(const QString &path);
-    /** The last name in @p path, of a directory written without "/" at its end. */
+    /** Returns the last name in @p path, which must not end with "/". */
     static QString extractDirectoryName(const QString &path);
-    /** The directory of a file as an absolute path ending in "/"; empty for an empty name. */
+    /** Returns the directory of a file, absolute and ending in "/"; empty for an empty name. */
     static QString extractPath(const QString &fileName);
-    /** The last name in @p path, whether or not a "/" follows it. */
+    /** Returns the last name in @p path, which may end with "/". */
     static QString projectNameFromPath(QString path);
 
     /**
-     * @p name with "_" for each character that a removable drive or an export does not take,
-     * \ " < > | : * ? / , . & and nothing else, and without blanks and tabs at its end. Control
-     * characters stay.
+     * Returns @p name with each of the characters \ " < > | : * ? / , . & replaced by "_", because
+     * removable drives or exports do not accept them. Blanks and tabs at the end are removed.
+     * Control characters stay.
      */
     static QString getValidFileSystemName(const QString &name);
-    /** "jpg" for a type that allows it, else the suffix that the MIME database prefers. */
+    /** Returns "jpg" if @p type has this suffix, otherwise the suffix that @p type prefers. */
     static QString getPreferredSuffixFromMIMEType(const QMimeType &type);
 
     /**
-     * A name of the local date and time, a number, and @p extension, with or without its ".":
-     * "2024-03-07_14-05_0001.jpg". The number is the first from 1 on whose name is not among the
-     * visible files of @p directory; case matters. Without an extension, a name counts as taken
-     * with any extension.
+     * Returns a file name made of the local date and time, a number and @p extension, for example
+     * "2024-03-07_14-05_0001.jpg". @p extension may be given with or without its ".". The number is
+     * the first one, from 1, that gives a name which no visible file in @p directory has; case
+     * matters. If @p extension is empty, files with any extension count. If @p withPath is true,
+     * the path of @p directory is prepended.
      *
-     * Nothing is created: asked twice in the same minute, it answers the same unless the file
-     * was made in between. With @p withPath the directory stands in front.
+     * The file is not created. Two calls in the same minute return the same name unless the file
+     * was created in between.
      */
     static QString createUniqueFileName(const QString &directory, const QString &extension,
                                         bool withPath);
-    /** The same with @p prefix, as getValidFileSystemName() has it, for date and time. */
+    /** The same with getValidFileSystemName(@p prefix) in place of date and time. */
     static QString createUniqueFileNameWithPrefix(const QString &directory, const QString &prefix,
                                                   const QString &extension, bool withPath);
 
-    /** Creates one directory in @p path, which must exist. False when it was not created. */
+    /** Creates the directory @p name in @p path, which must exist. False if it was not created. */
     static bool createDirectory(const QString &path, const QString &name);
-    /** Creates a directory and those above it. **True in any case**, also when that failed. */
+    /** Creates a directory and those above it. **Always returns true**, even if this failed. */
     static bool createDirectory(const QString &path);
-    /** The folder for temporary files, ending in "/"; that alone when there is none. */
+    /** Returns the directory for temporary files, ending in "/"; "/" alone if there is none. */
     static QString getTempDirPath();
     /**
-     * Creates a directory of a new name in the folder for temporary files, and answers its path,
-     * ending in "/". It is the caller's to remove. Null when that failed, and when there is no
-     * such folder.
+     * Creates a directory with a new name in the directory for temporary files. Returns its path,
+     * ending in "/"; null if this failed, or if there is no directory for temporary files. The
+     * caller removes the new directory.
      */
     static QString createUniqueTempDirectory();
 
-    /** Bytes of a regular file, links followed; 0 when @p path is none. */
+    /** Returns the bytes of a regular file, links followed; 0 if @p path is not one. */
     static qint64 getFileSize(const QString &path);
     /**
-     * Bytes of all files below @p path; 0 when that is no directory. Hidden ones count; links
-     * neither count nor are followed, except @p path itself.
+     * Returns the number of bytes in all files below @p path; 0 if it is not a directory or cannot
+     * be read. Hidden files count. Symbolic links do not count and are not followed, except @p path
+     * itself.
      */
     static qint64 getDirectorySize(const QString &path);
-    /** Bytes that the calling user may still fill on the volume of @p path; -1 without one. */
+    /** Returns the bytes available to the user on the volume of @p path; -1 if there is none. */
     static qint64 getDiskFreeSpace(const QString &path);
 
     /**
-     * Removes files in this order, up to the first that cannot be removed; false then. With
-     * @p removeEmptyDirectories the directories of all of @p files are removed as well, if
-     * nothing is left in them.
+     * Removes files in this order. Stops at the first one that cannot be removed and returns false
+     * then. If @p removeEmptyDirectories is true, the directories of all @p files are removed as
+     * well, provided that they are empty.
      */
     static bool deleteFiles(const QStringList &files, bool removeEmptyDirectories);
 
     /**
-     * Whether two files have the same MD5 sum; files of the same content always do. Takes
-     * regular files of any size, links followed, and little memory. @p ok is false when one of
-     * them cannot be read: its path is logged at level Error under "Tavro::FileSystemHelper",
-     * that of @p pathA alone if it is both.
+     * Returns whether two regular files, links followed, have the same MD5 sum. Files with the same
+     * content always do. Files of any size are compared in a quarter of a MiB of memory.
+     *
+     * @p ok is false if one of them cannot be read. Its path is logged at level Error, category
+     * "Tavro::FileSystemHelper"; if both cannot be read, only @p pathA is logged.
      */
     static bool compareFiles(const QString &pathA, const QString &pathB, bool &ok);
 };

@@ -1,16 +1,16 @@
 #include "shared/fileops/CFileCopyController.h"
+#include "tests/support/CopyOutcome.h"
 #include "tests/support/FakeCommands.h"
 #include "tests/support/FileTree.h"
 #include "tests/support/LogRecorder.h"
+#include "tests/support/MetaObjectChecks.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QMetaEnum>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 #include <memory>
 #include <utility>
@@ -22,41 +22,6 @@ using Tavro::Shared::CFileCopyController;
 namespace {
 
 constexpr int s_mebibyte = 1024 * 1024;
-
-/** Writes down the ends of a controller's runs, in order, and counts what must not happen. */
-class EndLog
-{
-public:
-    explicit EndLog(CFileCopyController &controller)
-    {
-        QObject::connect(&controller, &CFileCopyController::errorOccurred, &controller,
-                         [this] { ++m_errors; });
-        QObject::connect(&controller, &CFileCopyController::operationCompleted, &controller,
-                         [this] { m_ends.append(QStringLiteral("completed")); });
-        QObject::connect(&controller, &CFileCopyController::operationCanceled, &controller,
-                         [this] { m_ends.append(QStringLiteral("canceled")); });
-    }
-
-    /** Processes events until that many runs have ended; false after 30 s. */
-    bool waitFor(int ends)
-    {
-        QTimer timer; // wakes the loop when nothing else does
-        timer.start(10);
-        QElapsedTimer elapsed;
-        elapsed.start();
-        while (m_ends.size() < ends && elapsed.elapsed() < 30000) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-        return m_ends.size() >= ends;
-    }
-
-    QString ends() const { return m_ends.join(QLatin1Char(' ')); }
-    int errorCount() const { return m_errors; }
-
-private:
-    QStringList m_ends;
-    int m_errors = 0;
-};
 
 } // namespace
 
@@ -99,6 +64,7 @@ private Q_SLOTS:
     void abortRemovesTheNameThatWasWrittenTo();
     void abortWithoutARunRemovesNothing();
     void abortNeverMeansTheRoot();
+    void abortLeavesWhatANameWithANulIsCutTo();
 
     void overlappingRequestRunsAfterTheFirst();
     void overlappingRequestWakesAPausedRun();
@@ -163,20 +129,13 @@ void tst_CFileCopyController::cleanup()
 
 void tst_CFileCopyController::methodsStandInOrder()
 {
-    struct Method
-    {
-        QByteArray signature;
-        QMetaMethod::MethodType type;
-        QMetaMethod::Access access;
-        QList<QByteArray> parameters;
-    };
     const auto signal = QMetaMethod::Signal;
     const auto slot = QMetaMethod::Slot;
     const auto method = QMetaMethod::Method;
     const auto open = QMetaMethod::Public;
     const auto closed = QMetaMethod::Private;
     const QList<QByteArray> paths = {"sourcePath", "destinationPath"};
-    const QVector<Method> expected = {
+    const QVector<Test::Method> expected = {
         {"stateChanged()", signal, open, {}},
         {"processedBytesChanged()", signal, open, {}},
         {"processingDirectoryChanged()", signal, open, {}},
@@ -198,16 +157,7 @@ void tst_CFileCopyController::methodsStandInOrder()
         {"abort()", method, open, {}},
         {"reset()", method, open, {}},
     };
-    const QMetaObject &meta = CFileCopyController::staticMetaObject;
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), expected.size());
-    for (int i = 0; i < expected.size(); ++i) {
-        const QMetaMethod actual = meta.method(meta.methodOffset() + i);
-        QCOMPARE(actual.methodSignature(), expected.at(i).signature);
-        QCOMPARE(actual.methodType(), expected.at(i).type);
-        QCOMPARE(actual.access(), expected.at(i).access);
-        QCOMPARE(actual.parameterNames(), expected.at(i).parameters);
-        QCOMPARE(actual.returnType(), static_cast<int>(QMetaType::Void));
-    }
+    Test::compareMethods(CFileCopyController::staticMetaObject, expected);
 }
 
 void tst_CFileCopyController::propertiesStandInOrder()
@@ -218,20 +168,11 @@ void tst_CFileCopyController::propertiesStandInOrder()
         {"totalBytes", "qlonglong", "totalBytesChanged"},
         {"state", "State", "stateChanged"},
     };
-    const QMetaObject &meta = CFileCopyController::staticMetaObject;
-    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), expected.size());
-    for (int i = 0; i < expected.size(); ++i) {
-        const QMetaProperty actual = meta.property(meta.propertyOffset() + i);
-        QCOMPARE(QByteArray(actual.name()), expected.at(i).at(0));
-        QVERIFY(QByteArray(actual.typeName()).endsWith(expected.at(i).at(1)));
-        QCOMPARE(actual.notifySignal().name(), expected.at(i).at(2));
-        QVERIFY(!actual.isWritable());
-    }
+    Test::compareProperties(CFileCopyController::staticMetaObject, expected);
 }
 
 void tst_CFileCopyController::enumerationsStandInOrder()
 {
-    const QMetaObject &meta = CFileCopyController::staticMetaObject;
     const QVector<QPair<QByteArray, QList<QByteArray>>> expected = {
         {"State",
          {"StateIdle", "StateEnumeratingFiles", "StateCheckingSize", "StateCopying",
@@ -241,16 +182,7 @@ void tst_CFileCopyController::enumerationsStandInOrder()
           "ErrorDestinationFileOpenFailed", "ErrorDestinationFileWriteFailed",
           "ErrorDestinationFileDeletionFailed"}},
     };
-    QCOMPARE(meta.enumeratorCount() - meta.enumeratorOffset(), expected.size());
-    for (int i = 0; i < expected.size(); ++i) {
-        const QMetaEnum actual = meta.enumerator(meta.enumeratorOffset() + i);
-        QCOMPARE(QByteArray(actual.name()), expected.at(i).first);
-        QCOMPARE(actual.keyCount(), expected.at(i).second.size());
-        for (int k = 0; k < actual.keyCount(); ++k) {
-            QCOMPARE(QByteArray(actual.key(k)), expected.at(i).second.at(k));
-            QCOMPARE(actual.value(k), k);
-        }
-    }
+    Test::compareEnumerations(CFileCopyController::staticMetaObject, expected);
 }
 
 void tst_CFileCopyController::startsIdle()
@@ -299,23 +231,7 @@ void tst_CFileCopyController::numbersAnnounceOnlyAChange()
     QFETCH(QByteArray, property);
     QFETCH(QByteArray, type);
     CFileCopyController controller;
-    const QMetaObject &meta = *controller.metaObject();
-    const QMetaMethod signal = meta.property(meta.indexOfProperty(property)).notifySignal();
-    QSignalSpy spy(&controller, '2' + signal.methodSignature());
-    const auto set = [&](int value) {
-        return type == "int"
-            ? QMetaObject::invokeMethod(&controller, slot, Q_ARG(int, value))
-            : QMetaObject::invokeMethod(&controller, slot, Q_ARG(qlonglong, value));
-    };
-    QVERIFY(set(0));
-    QCOMPARE(spy.count(), 0);
-    QVERIFY(set(3));
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(controller.property(property).toInt(), 3);
-    QVERIFY(set(3));
-    QCOMPARE(spy.count(), 1);
-    QVERIFY(set(0));
-    QCOMPARE(spy.count(), 2);
+    Test::checkThatOnlyAChangeIsAnnounced(controller, slot, property, type);
 }
 
 void tst_CFileCopyController::directoryIsAnnouncedEachTime()
@@ -335,7 +251,7 @@ void tst_CFileCopyController::directoryIsCopied()
     makeTree("src");
     const Test::LogRecorder log;
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("dst"));
     QVERIFY(ends.waitFor(1));
     QCOMPARE(Test::treeOf(path("dst")), Test::treeOf(path("src")));
@@ -354,7 +270,7 @@ void tst_CFileCopyController::directoriesAreCopied()
     makeTree("one");
     makeTree("two");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     QSignalSpy directories(&controller, &CFileCopyController::processingDirectoryChanged);
     controller.copyDirectories({path("one"), path("two")}, {path("a"), path("b")});
     QVERIFY(ends.waitFor(1));
@@ -368,7 +284,7 @@ void tst_CFileCopyController::directoriesAreCopied()
 void tst_CFileCopyController::emptyListOfSourcesCompletes()
 {
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectories({}, {path("dst")});
     QVERIFY(ends.waitFor(1));
     QCOMPARE(ends.ends(), QStringLiteral("completed"));
@@ -380,7 +296,7 @@ void tst_CFileCopyController::databaseFileIsCopied()
     const QByteArray content = Test::someBytes(5 * s_mebibyte);
     Test::makeFile(path("db"), content);
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     QSignalSpy processed(&controller, &CFileCopyController::processedBytesChanged);
     controller.copyDatabaseFile(path("db"), path("copy"));
     QCOMPARE(controller.state(), CFileCopyController::StateCopyingLargeFile);
@@ -394,7 +310,7 @@ void tst_CFileCopyController::progressKeepsItsFinalValues()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("dst"));
     QVERIFY(ends.waitFor(1));
     QCOMPARE(controller.processedBytes(), Q_INT64_C(300));
@@ -413,7 +329,7 @@ void tst_CFileCopyController::statesAreMirroredInOrder()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     QList<int> states;
     connect(&controller, &CFileCopyController::stateChanged, this,
             [&] { states.append(controller.state()); });
@@ -432,7 +348,7 @@ void tst_CFileCopyController::failedCopyIsAnnouncedAsCompleted()
     QVERIFY(QDir().mkpath(path("dst/sub/1"))); // stands in the way of a file
     const Test::LogRecorder log;
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("dst"));
     QVERIFY(ends.waitFor(1));
     QCOMPARE(ends.ends(), QStringLiteral("completed"));
@@ -447,7 +363,7 @@ void tst_CFileCopyController::nextRunCanBeStartedFromTheEndOfTheLast()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     int runs = 1;
     connect(&controller, &CFileCopyController::operationCompleted, this, [&] {
         if (runs < 20) {
@@ -464,7 +380,7 @@ void tst_CFileCopyController::pauseHoldsAndResumeGoesOn()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     makeSyncWait();
     controller.copyDirectory(path("src"), path("dst"));
     QVERIFY(isInSync());
@@ -484,7 +400,7 @@ void tst_CFileCopyController::abortRemovesDestinationsWhole()
     makeTree("dst/older");
     Test::makeFile(path("neighbour"), "1");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     bool isGone = false;
     connect(&controller, &CFileCopyController::operationCanceled, this,
             [&] { isGone = !QFileInfo::exists(path("dst")); });
@@ -505,7 +421,7 @@ void tst_CFileCopyController::abortRemovesDestinationsOfEarlierCalls()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("first"));
     QVERIFY(ends.waitFor(1));
     controller.copyDirectory(path("src"), path("second"));
@@ -520,7 +436,7 @@ void tst_CFileCopyController::abortOfDirectoriesLeavesEarlierDestinations()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("first"));
     QVERIFY(ends.waitFor(1));
     controller.copyDirectories({path("src")}, {path("second"), path("surplus")});
@@ -536,7 +452,7 @@ void tst_CFileCopyController::abortOfADatabaseFileRemovesTheFile()
 {
     Test::makeFile(path("db"), "12345");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("missing"), path("first"));
     QVERIFY(ends.waitFor(1));
     QVERIFY(QDir().mkpath(path("first")));
@@ -557,7 +473,7 @@ void tst_CFileCopyController::abortWhilePausedEndsTheRun()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("dst"));
     controller.pause();
     QTest::qWait(20);
@@ -571,7 +487,7 @@ void tst_CFileCopyController::abortBeforeTheThreadRunsEndsTheRun()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("dst"));
     controller.abort();
     QVERIFY(ends.waitFor(1));
@@ -583,7 +499,7 @@ void tst_CFileCopyController::abortDuringTheLastChunkEndsTheRunAsCanceled()
 {
     Test::makeFile(path("src/f"), "1");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     makeSyncWait();
     controller.copyDirectories({path("src"), path("missing")}, {path("a"), path("b")});
     QVERIFY(isInSync());
@@ -601,7 +517,7 @@ void tst_CFileCopyController::abortBeforeTheEndIsAnnouncedCounts()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("dst"));
     QElapsedTimer timer;
     timer.start();
@@ -621,7 +537,7 @@ void tst_CFileCopyController::abortRemovesTheNameThatWasWrittenTo()
     Test::makeFile(path("dst \t/unrelated"), "1");
     Test::makeFile(path("copy  "), "unrelated");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     makeSyncWait();
     controller.copyDirectory(path("src"), path("dst \t"));
     QVERIFY(isInSync());
@@ -644,7 +560,7 @@ void tst_CFileCopyController::abortWithoutARunRemovesNothing()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.abort();
     controller.copyDirectory(path("src"), path("dst"));
     QVERIFY(ends.waitFor(1));
@@ -661,7 +577,7 @@ void tst_CFileCopyController::abortNeverMeansTheRoot()
     const QString before = QDir::currentPath();
     QVERIFY(QDir::setCurrent(path("src")));
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectories({path("src"), path("src")}, {QString(), QStringLiteral("  ")});
     controller.abort();
     const bool hasEnded = ends.waitFor(1);
@@ -671,13 +587,26 @@ void tst_CFileCopyController::abortNeverMeansTheRoot()
     QCOMPARE(Test::treeOf(path("src")).size(), 4);
 }
 
+void tst_CFileCopyController::abortLeavesWhatANameWithANulIsCutTo()
+{
+    makeTree("src");
+    Test::makeFile(path("dst/unrelated"), "1");
+    CFileCopyController controller;
+    Test::CopyOutcomes ends(controller);
+    controller.copyDirectory(path("src"), path("dst") + QChar(0));
+    controller.abort();
+    QVERIFY(ends.waitFor(1));
+    QCOMPARE(ends.ends(), QStringLiteral("canceled"));
+    QVERIFY(QFileInfo::exists(path("dst/unrelated")));
+}
+
 void tst_CFileCopyController::overlappingRequestRunsAfterTheFirst()
 {
     Test::makeFile(path("one/a"), Test::someBytes(8 * s_mebibyte, 1));
     Test::makeFile(path("two/b"), Test::someBytes(8 * s_mebibyte, 2));
     makeTree("three");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("one"), path("first"));
     controller.copyDirectories({path("two")}, {path("second")});
     // the caller was held until the first had ended, and no longer
@@ -699,7 +628,7 @@ void tst_CFileCopyController::requestInASlotOfALoadingComesBehindIt()
     makeTree("first");
     makeTree("second", 2);
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     QList<qint64> files;
     connect(&controller, &CFileCopyController::operationCompleted, &controller,
             [&] { files.append(controller.lastResult().files); });
@@ -722,7 +651,7 @@ void tst_CFileCopyController::overlappingRequestWakesAPausedRun()
     makeTree("one");
     makeTree("two");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("one"), path("first"));
     controller.pause();
     QTest::qSleep(20);
@@ -738,7 +667,7 @@ void tst_CFileCopyController::overlappingRequestStartsFromACleanSlate()
     makeTree("one", 5);
     makeTree("two", 2);
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     QStringList seen;
     const auto note = [&](const char *what, qlonglong value) {
         seen.append(QString::fromLatin1(what) + QString::number(value));
@@ -767,7 +696,7 @@ void tst_CFileCopyController::abortThenRequestEndsEachAsMeant()
     Test::makeFile(path("one/a"), Test::someBytes(20 * s_mebibyte, 1));
     makeTree("two");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectories({path("one")}, {path("first")});
     while (!QFileInfo::exists(path("first/a"))) {
         QTest::qSleep(1);
@@ -785,7 +714,7 @@ void tst_CFileCopyController::abortThenRequestToTheSameDestinationKeepsTheNewCop
     makeTree("one");
     makeTree("two", 7);
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     for (int i = 0; i < 50; ++i) {
         controller.copyDirectories({path("one")}, {path("dst")});
         controller.abort();
@@ -801,7 +730,7 @@ void tst_CFileCopyController::abortOfTheSecondLeavesTheFirst()
     makeTree("one");
     makeTree("two");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectories({path("one")}, {path("first")});
     controller.copyDirectories({path("two")}, {path("second")});
     controller.abort();
@@ -815,7 +744,7 @@ void tst_CFileCopyController::resetZeroesTheProperties()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("dst"));
     QVERIFY(ends.waitFor(1));
     controller.reset();
@@ -829,7 +758,7 @@ void tst_CFileCopyController::resetBeforeTheRunRemovesNothing()
 {
     makeTree("src");
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("first"));
     QVERIFY(ends.waitFor(1));
     for (int i = 0; i < 20; ++i) {
@@ -844,7 +773,7 @@ void tst_CFileCopyController::resetDuringARunLeavesItsCopyWhole()
 {
     Test::makeFile(path("src/a"), Test::someBytes(9 * s_mebibyte));
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("dst"));
     QTRY_VERIFY(controller.processedBytes() > 0);
     controller.reset();
@@ -899,7 +828,7 @@ void tst_CFileCopyController::copyFileLogsItsFailure()
     Test::makeFile(path("file"), "1");
     const Test::LogRecorder log;
     CFileCopyController controller;
-    EndLog ends(controller);
+    Test::CopyOutcomes ends(controller);
     controller.copyFile(source, destination);
     QCOMPARE(log.entries(),
              QStringList(HostLog::format(LogLevel::Error, QStringLiteral("CFileCopyController"),
@@ -915,7 +844,7 @@ void tst_CFileCopyController::destroyedAfterTheEndIsAnnounced()
     Test::makeFile(path("src/empty")); // no bytes, no "sync": the thread is on its way out at once
     for (int i = 0; i < 2000; ++i) {
         auto controller = std::make_unique<CFileCopyController>();
-        EndLog ends(*controller);
+        Test::CopyOutcomes ends(*controller);
         controller->copyDirectory(path("src"), path("dst"));
         QVERIFY(ends.waitFor(1));
         controller.reset();

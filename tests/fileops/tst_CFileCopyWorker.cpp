@@ -118,6 +118,7 @@ private Q_SLOTS:
     void uncleanSourceWorksLikeItsCleanPath();
     void everyOccurrenceOfTheSourcePathIsCutOut();
     void emptyPathsTouchNothing();
+    void directoriesWithANulTouchNothing();
     void destinationRemovedMeanwhileIsMadeAgain();
 
     void singleFileIsCopiedWithSignalsInOrder();
@@ -480,6 +481,22 @@ void tst_CFileCopyWorker::emptyPathsTouchNothing()
     }
     QVERIFY(!QFileInfo::exists(QStringLiteral("/f")));
     QCOMPARE(Test::treeOf(path("src")).keys(), QStringList(QStringLiteral("f")));
+}
+
+void tst_CFileCopyWorker::directoriesWithANulTouchNothing()
+{
+    Test::makeFile(path("src/f"), "1");
+    const QChar nul(0); // the system would take the path to end before it
+    CFileCopyWorker worker;
+    SignalLog log(worker);
+    worker.copyDirectory(path("src") + nul, path("dst"));
+    worker.doWork();
+    QVERIFY(log.take().endsWith(
+        QStringLiteral("total 0, state 2, state 3, directory dst, state 0, finished")));
+    worker.copyDirectory(path("src"), path("dst") + nul);
+    worker.doWork();
+    QVERIFY(log.take().endsWith(QStringLiteral("error 3, state 0, finished")));
+    QVERIFY(!QFileInfo::exists(path("dst")));
 }
 
 void tst_CFileCopyWorker::destinationRemovedMeanwhileIsMadeAgain()

@@ -1,11 +1,11 @@
 #include "shared/fileops/CFileDeleteController.h"
 #include "tests/support/FileTree.h"
 #include "tests/support/LogRecorder.h"
+#include "tests/support/MetaObjectChecks.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QMetaEnum>
 #include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTest>
@@ -145,19 +145,12 @@ void tst_CFileDeleteController::cleanup()
 
 void tst_CFileDeleteController::methodsStandInOrder()
 {
-    struct Method
-    {
-        QByteArray signature;
-        QMetaMethod::MethodType type;
-        QMetaMethod::Access access;
-        QList<QByteArray> parameters;
-    };
     const auto signal = QMetaMethod::Signal;
     const auto slot = QMetaMethod::Slot;
     const auto method = QMetaMethod::Method;
     const auto open = QMetaMethod::Public;
     const auto closed = QMetaMethod::Private;
-    const QVector<Method> expected = {
+    const QVector<Test::Method> expected = {
         {"stateChanged()", signal, open, {}},
         {"processedBytesChanged()", signal, open, {}},
         {"totalBytesChanged()", signal, open, {}},
@@ -172,16 +165,7 @@ void tst_CFileDeleteController::methodsStandInOrder()
         {"resume()", method, open, {}},
         {"abort()", method, open, {}},
     };
-    const QMetaObject &meta = CFileDeleteController::staticMetaObject;
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), expected.size());
-    for (int i = 0; i < expected.size(); ++i) {
-        const QMetaMethod actual = meta.method(meta.methodOffset() + i);
-        QCOMPARE(actual.methodSignature(), expected.at(i).signature);
-        QCOMPARE(actual.methodType(), expected.at(i).type);
-        QCOMPARE(actual.access(), expected.at(i).access);
-        QCOMPARE(actual.parameterNames(), expected.at(i).parameters);
-        QCOMPARE(actual.returnType(), static_cast<int>(QMetaType::Void));
-    }
+    Test::compareMethods(CFileDeleteController::staticMetaObject, expected);
 }
 
 void tst_CFileDeleteController::propertiesStandInOrder()
@@ -191,35 +175,17 @@ void tst_CFileDeleteController::propertiesStandInOrder()
         {"totalBytes", "qlonglong", "totalBytesChanged"},
         {"state", "State", "stateChanged"},
     };
-    const QMetaObject &meta = CFileDeleteController::staticMetaObject;
-    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), expected.size());
-    for (int i = 0; i < expected.size(); ++i) {
-        const QMetaProperty actual = meta.property(meta.propertyOffset() + i);
-        QCOMPARE(QByteArray(actual.name()), expected.at(i).at(0));
-        QVERIFY(QByteArray(actual.typeName()).endsWith(expected.at(i).at(1)));
-        QCOMPARE(actual.notifySignal().name(), expected.at(i).at(2));
-        QVERIFY(!actual.isWritable());
-    }
+    Test::compareProperties(CFileDeleteController::staticMetaObject, expected);
 }
 
 void tst_CFileDeleteController::enumerationsStandInOrder()
 {
-    const QMetaObject &meta = CFileDeleteController::staticMetaObject;
     const QVector<QPair<QByteArray, QList<QByteArray>>> expected = {
         {"State", {"StateIdle", "StateEnumeratingFiles", "StateDeleting"}},
         {"Error",
          {"ErrorNone", "ErrorInternal", "ErrorFileDeletionFailed", "ErrorDirectoryDeletionFailed"}},
     };
-    QCOMPARE(meta.enumeratorCount() - meta.enumeratorOffset(), expected.size());
-    for (int i = 0; i < expected.size(); ++i) {
-        const QMetaEnum actual = meta.enumerator(meta.enumeratorOffset() + i);
-        QCOMPARE(QByteArray(actual.name()), expected.at(i).first);
-        QCOMPARE(actual.keyCount(), expected.at(i).second.size());
-        for (int k = 0; k < actual.keyCount(); ++k) {
-            QCOMPARE(QByteArray(actual.key(k)), expected.at(i).second.at(k));
-            QCOMPARE(actual.value(k), k);
-        }
-    }
+    Test::compareEnumerations(CFileDeleteController::staticMetaObject, expected);
 }
 
 void tst_CFileDeleteController::startsIdle()
@@ -265,23 +231,7 @@ void tst_CFileDeleteController::numbersAnnounceOnlyAChange()
     QFETCH(QByteArray, property);
     QFETCH(QByteArray, type);
     CFileDeleteController controller;
-    const QMetaObject &meta = *controller.metaObject();
-    const QMetaMethod signal = meta.property(meta.indexOfProperty(property)).notifySignal();
-    QSignalSpy spy(&controller, '2' + signal.methodSignature());
-    const auto set = [&](int value) {
-        return type == "int"
-            ? QMetaObject::invokeMethod(&controller, slot, Q_ARG(int, value))
-            : QMetaObject::invokeMethod(&controller, slot, Q_ARG(qlonglong, value));
-    };
-    QVERIFY(set(0));
-    QCOMPARE(spy.count(), 0);
-    QVERIFY(set(2));
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(controller.property(property).toInt(), 2);
-    QVERIFY(set(2));
-    QCOMPARE(spy.count(), 1);
-    QVERIFY(set(0));
-    QCOMPARE(spy.count(), 2);
+    Test::checkThatOnlyAChangeIsAnnounced(controller, slot, property, type);
 }
 
 void tst_CFileDeleteController::errorSlotPassesTheErrorOn()

@@ -395,6 +395,8 @@ void tst_CFileDeleteWorker::pathIsReadAsTheSystemReadsIt_data()
     QTest::newRow("point inside") << QStringLiteral("a/./plain") << QStringLiteral("a/plain");
     QTest::newRow("two points") << QStringLiteral("a/../plain") << QStringLiteral("plain");
     QTest::newRow("two points at the end") << QStringLiteral("a/plain/..") << QStringLiteral("a");
+    QTest::newRow("two points, and a point at the end")
+        << QStringLiteral("a/../plain/.") << QStringLiteral("plain");
     QTest::newRow("two points behind a link")
         << QStringLiteral("link/../inner") << inner; // not "inner" beside the link
     QTest::newRow("below a link") << QStringLiteral("link/f") << QStringLiteral("outside/target/f");

@@ -13,6 +13,7 @@
 
 #include <cerrno>
 #include <functional>
+#include <utility>
 
 using Tavro::Shared::CFileCopyController;
 using Tavro::Shared::CFileOperationResult;
@@ -86,6 +87,7 @@ private Q_SLOTS:
     void runAbortedInTheSlotThatHearsIdleAfterAResetIsCanceled();
     void requestAbortedWhileItIsLoadedIsCanceled();
     void requestWithoutAThreadIsAFailure();
+    void requestMadeWhileAnotherIsLoadedFailsWithIt();
     void eachOfTwoRunsHasItsOwn();
     void failureIsForgottenByTheNextRun();
 
@@ -512,6 +514,32 @@ void tst_CopyResult::requestWithoutAThreadIsAFailure()
     QCOMPARE(result.errorCode, codeOf(CFileCopyController::ErrorSourceFileOpenFailed));
     QCOMPARE(result.systemError, EAGAIN);
     QCOMPARE(result.files, Q_INT64_C(0));
+}
+
+// the inner request is the one that starts the thread, for both
+void tst_CopyResult::requestMadeWhileAnotherIsLoadedFailsWithIt()
+{
+    CFileCopyController controller;
+    const CopyOutcomes outcomes(controller);
+    bool isRequested = false;
+    connect(&controller, &CFileCopyController::stateChanged, &controller, [&] {
+        if (!std::exchange(isRequested, true)) {
+            controller.copyDirectory(path("src"), path("inner"));
+        }
+    });
+    Faults::watch(m_folder->path());
+    Faults::failNth(Call::CreateThread, 1, EAGAIN);
+    QTest::ignoreMessage(
+        QtCriticalMsg, "QThread::start: Thread creation error (Resource temporarily unavailable)");
+    controller.copyDirectory(path("src"), path("outer"));
+    QVERIFY(outcomes.waitFor(2));
+    QCOMPARE(outcomes.ends(), QStringLiteral("completed completed"));
+    for (const CFileOperationResult &result : outcomes.results()) {
+        QCOMPARE(result.systemError, EAGAIN);
+        QVERIFY(!result.canceled);
+    }
+    QVERIFY(!QFileInfo::exists(path("inner")));
+    QVERIFY(!QFileInfo::exists(path("outer")));
 }
 
 void tst_CopyResult::eachOfTwoRunsHasItsOwn()

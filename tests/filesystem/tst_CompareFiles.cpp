@@ -64,6 +64,7 @@ private Q_SLOTS:
     void filesBeyondTwoGigabytesAreToldApart();
     void unreadableFileIsLogged_data();
     void unreadableFileIsLogged();
+    void nameWithANulIsUnreadable();
     void brokenOffReadingIsUnreadable_data();
     void brokenOffReadingIsUnreadable();
     void pipeIsNotWaitedFor();
@@ -228,6 +229,16 @@ void tst_CompareFiles::unreadableFileIsLogged()
     const Test::LogRecorder log;
     QCOMPARE(compare(path(a.constData()), path(b.constData())), Answer::Unreadable);
     QCOMPARE(log.entries(), QStringList{logOf(logged.constData())});
+}
+
+void tst_CompareFiles::nameWithANulIsUnreadable()
+{
+    Test::makeFile(path("a"), "1");
+    const QString name = path("a") + QChar(0); // the system would take it for "a"
+    const Test::LogRecorder log;
+    QCOMPARE(compare(name, path("a")), Answer::Unreadable);
+    QCOMPARE(compare(path("a"), name), Answer::Unreadable);
+    QCOMPARE(log.entries().size(), 2);
 }
 
 void tst_CompareFiles::brokenOffReadingIsUnreadable_data()

@@ -22,6 +22,8 @@ public:
                          [this, &controller] { add(QStringLiteral("completed"), controller); });
         QObject::connect(&controller, &Controller::operationCanceled, &controller,
                          [this, &controller] { add(QStringLiteral("canceled"), controller); });
+        QObject::connect(&controller, &Controller::errorOccurred, &controller,
+                         [this] { ++m_errorCount; });
         QObject::connect(&controller, &Controller::stateChanged, &controller, [this, &controller] {
             m_states.append(controller.state());
             if (controller.state() == Controller::StateIdle) {
@@ -51,6 +53,8 @@ public:
     const QList<int> &statesAtEnds() const { return m_statesAtEnds; }
     /** lastResult() when the state became idle last. */
     const Result &resultAtIdle() const { return m_resultAtIdle; }
+    /** How often errorOccurred() came. */
+    int errorCount() const { return m_errorCount; }
     /** state() in each slot of stateChanged(). */
     const QList<int> &states() const { return m_states; }
 
@@ -67,6 +71,7 @@ private:
     QList<int> m_statesAtEnds;
     QList<int> m_states;
     Result m_resultAtIdle;
+    int m_errorCount = 0;
 };
 
 /** Makes a request with a controller of its own, and returns the result that its end announces. */

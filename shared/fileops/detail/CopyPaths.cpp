@@ -2,6 +2,7 @@
 
 #include "shared/fileops/detail/TreeRemoval.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 
 #include <QDir>
 
@@ -39,26 +40,6 @@ QString withoutParents(const QString &path)
 }
 
 } // namespace
-
-QString withoutBlanksAtEnd(const QString &path)
-{
-    int length = path.size();
-    const auto isBlank = [](QChar c) { return c == QLatin1Char(' ') || c == QLatin1Char('\t'); };
-    while (length > 0 && isBlank(path.at(length - 1))) {
-        --length;
-    }
-    return path.left(length);
-}
-
-QString withFinalSlash(const QString &path)
-{
-    return path.endsWith(s_slash) ? path : path + s_slash;
-}
-
-QString withoutFinalSlash(const QString &path)
-{
-    return path.size() > 1 && path.endsWith(s_slash) ? path.chopped(1) : path;
-}
 
 QString sourceDirectory(const QString &path)
 {

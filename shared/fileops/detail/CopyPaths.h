@@ -26,11 +26,4 @@ QString destination(const QString &path);
 /** The same for a destination whose name is taken as it is given. */
 QString destinationFile(const QString &path);
 
-QString withoutBlanksAtEnd(const QString &path);
-
-QString withFinalSlash(const QString &path);
-
-/** The root keeps it. */
-QString withoutFinalSlash(const QString &path);
-
 } // namespace Tavro::Shared::detail

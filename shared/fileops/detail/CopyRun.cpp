@@ -1,6 +1,5 @@
 #include "shared/fileops/detail/CopyRun.h"
 
-#include "shared/fileops/CFileCopyData.h"
 #include "shared/fileops/detail/CopyPaths.h"
 #include "shared/fileops/detail/DestinationRemoval.h"
 #include "shared/fileops/detail/DestinationTree.h"
@@ -8,6 +7,7 @@
 #include "shared/fileops/detail/SystemSync.h"
 #include "shared/filesystem/detail/FileIdentity.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 
 #include <QSet>
 #include <QStringBuilder>
@@ -100,7 +100,7 @@ void takeOverPermissions(const detail::FileDescriptor &destination,
     const mode_t permissions = sourceInfo.st_mode & 0777;
     const bool isDevice = !S_ISREG(destinationInfo.st_mode); // everybody's, and stays as it is
     if (!isDevice && (destinationInfo.st_mode & 0777) != permissions) {
-        ::fchmod(destination.handle(), permissions);
+        ::fchmod(destination.get(), permissions);
     }
 }
 
@@ -115,6 +115,15 @@ void prefetch(int source, qint64 begin, qint64 sourceSize)
 }
 
 } // namespace
+
+QStringList CopyRequest::sources() const
+{
+    QStringList paths;
+    for (const CFileCopyData &job : jobs) {
+        paths.append(job.sourcePath);
+    }
+    return paths;
+}
 
 /** A file that is written to. */
 struct CopyRun::Target
@@ -142,7 +151,7 @@ void CopyRun::copyTrees()
         m_worker.updateProcessingDirectory(m_request.directoryNames.value(i));
         isDone = copyTree(jobs.at(i));
     }
-    const int error = finish(withoutFinalSlash(jobs.value(0).destinationPath));
+    const int error = finish(withoutFinalSlashes(jobs.value(0).destinationPath));
     if (isDone && error != CFileCopyController::ErrorNone) {
         m_request.error = error;
         Q_EMIT m_worker.errorOccurred(error);
@@ -283,7 +292,7 @@ int CopyRun::copyChunks(Target &target, const QString &sourcePath, FileDescripto
             target.isCutOff = copied < sourceSize;
             return CFileCopyController::ErrorNone;
         }
-        m_core.gate().pass();
+        m_core.waitWhilePaused();
 
         qint64 n = source.read(buffer.data(), buffer.size(), sourceSize - copied);
         if (n > 0 && copied + n > sourceSize && buffer.size() < s_chunkSize) {
@@ -309,7 +318,7 @@ int CopyRun::copyChunks(Target &target, const QString &sourcePath, FileDescripto
             return fail(CFileCopyController::ErrorDestinationFileWriteFailed, target.path);
         }
         copied += n;
-        prefetch(source.handle(), copied, sourceSize);
+        prefetch(source.get(), copied, sourceSize);
         // A chunk that counts is on the device, so that a drive pulled out now loses at most this
         // one, and can be found again. In this order: the flush of a file on FAT writes its own
         // entry, too, which is then not written twice.
@@ -332,7 +341,7 @@ bool CopyRun::finishChunk(qint64 size)
         }
     }
     m_request.result.bytes += size;
-    Q_EMIT m_worker.processedBytesChanged(m_request.processedBytes += size);
+    m_core.addProcessedBytes(m_request, size);
     return true;
 }
 
@@ -348,11 +357,7 @@ int CopyRun::finish(const QString &path)
 // true when an abort leaves the destination that holds the file
 bool CopyRun::isKept(const QString &targetPath) const
 {
-    QStringList sources;
-    for (const CFileCopyData &job : qAsConst(m_request.jobs)) {
-        sources.append(job.sourcePath);
-    }
-    const KeptSources kept(sources);
+    const KeptSources kept(m_request.sources());
     return std::any_of(
         m_request.jobs.cbegin(), m_request.jobs.cend(), [&](const CFileCopyData &job) {
             return targetPath.startsWith(job.destinationPath) && kept.contains(job.destinationPath);

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "shared/fileops/CFileCopyData.h"
 #include "shared/fileops/CFileCopyWorker.h"
-#include "shared/fileops/detail/CopyRequest.h"
 #include "shared/fileops/detail/WorkerCore.h"
 #include "shared/fileops/detail/WrittenVolumes.h"
+
+#include <QSet>
 
 #include <sys/stat.h>
 
@@ -11,6 +13,17 @@ namespace Tavro::Shared::detail {
 
 class DestinationTree;
 class FileDescriptor;
+
+/** What one run copies. */
+struct CopyRequest : RunRequest
+{
+    QStringList sources() const;
+
+    QList<CFileCopyData> jobs;
+    QStringList directoryNames; // what the directory that each job fills is called in the request
+    QSet<QString> specialFiles; // those of the jobs' files that are not to be opened
+    std::atomic<int> error{CFileCopyController::ErrorNone};
+};
 
 using CopyCore = WorkerCore<CFileCopyWorker, CopyRequest>;
 

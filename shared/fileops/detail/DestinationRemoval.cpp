@@ -1,7 +1,8 @@
 #include "shared/fileops/detail/DestinationRemoval.h"
 
-#include "shared/filesystem/detail/FolderDescent.h"
+#include "shared/filesystem/detail/DirectoryDescent.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 #include "shared/filesystem/detail/SystemText.h"
 
 #include <QFile>
@@ -17,7 +18,7 @@ namespace Tavro::Shared::detail {
 namespace {
 
 /** Removes everything that it meets and need not keep. */
-class Removal : public FolderDescent
+class Removal : public DirectoryDescent
 {
 public:
     explicit Removal(const KeptSources &sources)
@@ -26,20 +27,21 @@ public:
     }
 
 protected:
-    bool mayEnter(int folder) override
+    bool mayEnter(int directory) override
     {
         struct stat info = {};
-        return ::fstat(folder, &info) == 0 && !m_sources.contains(info);
+        return ::fstat(directory, &info) == 0 && !m_sources.contains(info);
     }
-    Next visit(int folder, const dirent64 &entry) override
+    Next visit(int directory, const dirent64 &entry) override
     {
-        return ::unlinkat(folder, entry.d_name, 0) == 0 ? Next::ReadAgain : Next::GoOn;
+        return ::unlinkat(directory, entry.d_name, 0) == 0 ? Next::ReadAgain : Next::GoOn;
     }
-    void leave(int folder, const char *name) override
+    void leave(int directory, const char *name) override
     {
         struct stat info = {};
-        if (::fstatat(folder, name, &info, AT_SYMLINK_NOFOLLOW) == 0 && !m_sources.contains(info)) {
-            ::unlinkat(folder, name, AT_REMOVEDIR);
+        if (::fstatat(directory, name, &info, AT_SYMLINK_NOFOLLOW) == 0
+            && !m_sources.contains(info)) {
+            ::unlinkat(directory, name, AT_REMOVEDIR);
         }
     }
 
@@ -55,16 +57,16 @@ QByteArray parentOf(const QByteArray &path)
 void removeDirectory(const QString &path, const KeptSources &sources)
 {
     const QByteArray native = QFile::encodeName(path);
-    FolderHandle folder = FolderHandle::open(native.constData(), FolderHandle::Links::Follow);
+    DirectoryHandle directory = DirectoryHandle::open(native.constData(), Links::Follow);
     struct stat info = {};
     // asked again, now that it is open
-    if (!folder.isOpen() || ::fstat(folder.get(), &info) != 0 || sources.contains(info)) {
+    if (!directory.isOpen() || ::fstat(directory.get(), &info) != 0 || sources.contains(info)) {
         return;
     }
     // not by the path as it is: the system does not remove "dir/."
     const SystemText name(QFileInfo(path).isSymLink() ? nullptr
                                                       : ::realpath(native.constData(), nullptr));
-    Removal(sources).run(std::move(folder));
+    Removal(sources).run(std::move(directory));
     if (name) {
         ::rmdir(name.get());
     }
@@ -75,10 +77,9 @@ void removeDirectory(const QString &path, const KeptSources &sources)
 KeptSources::KeptSources(const QStringList &sources)
 {
     insertWithAncestors("/");
-    for (QString path : sources) {
-        while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
-            path.chop(1); // what is asked for as a directory may be a file
-        }
+    for (const QString &source : sources) {
+        const QString path =
+            withoutFinalSlashes(source); // what is asked for as a directory may be a file
         const QByteArray native = QFile::encodeName(path);
         struct stat info = {};
         if (!isNameable(path)) {

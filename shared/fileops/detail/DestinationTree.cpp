@@ -53,9 +53,9 @@ int DestinationTree::makeDirectories(const QStringList &directories)
             break;
         }
         const NativeName name(path, lengthOfDirectory(path));
-        if (::mkdirat(m_folder.get(), name.get(), s_newDirectoryMode) != 0) {
+        if (::mkdirat(m_directory.get(), name.get(), s_newDirectoryMode) != 0) {
             struct stat info = {};
-            if (errno != EEXIST || ::fstatat(m_folder.get(), name.get(), &info, 0) != 0) {
+            if (errno != EEXIST || ::fstatat(m_directory.get(), name.get(), &info, 0) != 0) {
                 break;
             }
             if (!S_ISDIR(info.st_mode)) {
@@ -64,9 +64,9 @@ int DestinationTree::makeDirectories(const QStringList &directories)
             }
             struct stat entry = {};
             const bool isLink =
-                ::fstatat(m_folder.get(), name.get(), &entry, AT_SYMLINK_NOFOLLOW) == 0
+                ::fstatat(m_directory.get(), name.get(), &entry, AT_SYMLINK_NOFOLLOW) == 0
                 && S_ISLNK(entry.st_mode);
-            if (isLink || info.st_dev != m_folderInfo.st_dev) {
+            if (isLink || info.st_dev != m_directoryInfo.st_dev) {
                 m_waysOut.insert(path + s_slash, info);
             }
         }
@@ -83,11 +83,11 @@ bool DestinationTree::enterDirectoryOf(const QString &path)
     }
     const int length = lengthOfDirectory(path);
     struct stat info = {};
-    if (m_folder.isOpen() && m_folderPath.size() == length && path.startsWith(m_folderPath)
-        && examine(m_folderPath, info) && isSameFile(info, m_folderInfo)) {
+    if (m_directory.isOpen() && m_directoryPath.size() == length && path.startsWith(m_directoryPath)
+        && examine(m_directoryPath, info) && isSameFile(info, m_directoryInfo)) {
         return true;
     }
-    m_folder.close();
+    m_directory.close();
     return isRootUsable() && descendTo(path.left(length));
 }
 
@@ -99,10 +99,10 @@ bool DestinationTree::openRoot()
     }
     const bool isRootOfAll = m_rootPath.size() == 1;
     const QByteArray path = QFile::encodeName(isRootOfAll ? m_rootPath : m_rootPath.chopped(1));
-    m_root = FolderHandle::open(path.constData(), FolderHandle::Links::Follow);
+    m_root = DirectoryHandle::open(path.constData(), Links::Follow);
     if (!m_root.isOpen() && errno == ENOENT && m_whenMissing == Root::MadeWhenMissing
         && QDir().mkpath(m_rootPath)) {
-        m_root = FolderHandle::open(path.constData(), FolderHandle::Links::Follow);
+        m_root = DirectoryHandle::open(path.constData(), Links::Follow);
     }
     if (!m_root.isOpen()) {
         return false;
@@ -175,36 +175,36 @@ bool DestinationTree::mayMakeRootAgain() const
 // root of another volume.
 bool DestinationTree::descendTo(const QString &path)
 {
-    FolderHandle folder = FolderHandle::openBelow(m_root.get(), ".");
-    for (int begin = m_rootPath.size(); folder.isOpen() && begin < path.size();) {
+    DirectoryHandle directory = DirectoryHandle::openBelow(m_root.get(), ".");
+    for (int begin = m_rootPath.size(); directory.isOpen() && begin < path.size();) {
         const int end = path.indexOf(s_slash, begin);
-        folder = openBelow(folder, path, begin, end);
+        directory = openBelow(directory, path, begin, end);
         begin = end + 1;
     }
-    if (!folder.isOpen() || ::fstat(folder.get(), &m_folderInfo) != 0
-        || !m_volumes.add(folder.get(), m_folderInfo.st_dev)) {
+    if (!directory.isOpen() || ::fstat(directory.get(), &m_directoryInfo) != 0
+        || !m_volumes.add(directory.get(), m_directoryInfo.st_dev)) {
         return false;
     }
-    m_folder = std::move(folder);
-    m_folderPath = path;
-    m_coversNames = fsyncCoversName(m_folder.get());
-    m_isFolderFlushed = false;
+    m_directory = std::move(directory);
+    m_directoryPath = path;
+    m_coversNames = fsyncCoversName(m_directory.get());
+    m_isDirectoryFlushed = false;
     m_written.clear();
     return true;
 }
 
-FolderHandle DestinationTree::openBelow(const FolderHandle &folder, const QString &path, int begin,
-                                        int end) const
+DirectoryHandle DestinationTree::openBelow(const DirectoryHandle &directory, const QString &path,
+                                           int begin, int end) const
 {
     const NativeName name(path.mid(begin, end - begin), 0);
     const auto wayOut = m_waysOut.constFind(path.left(end + 1));
     const bool leadsOut = wayOut != m_waysOut.cend();
-    FolderHandle below = FolderHandle::openBelow(folder.get(), name.get(),
-                                                 leadsOut ? FolderHandle::Links::Follow
-                                                          : FolderHandle::Links::Refuse);
+    DirectoryHandle below = DirectoryHandle::openBelow(directory.get(), name.get(),
+                                                       leadsOut ? Links::Follow : Links::Refuse);
     struct stat above = {};
     struct stat info = {};
-    if (!below.isOpen() || ::fstat(folder.get(), &above) != 0 || ::fstat(below.get(), &info) != 0) {
+    if (!below.isOpen() || ::fstat(directory.get(), &above) != 0
+        || ::fstat(below.get(), &info) != 0) {
         return {};
     }
     if (leadsOut ? !isSameFile(info, *wayOut) : info.st_dev != above.st_dev) {
@@ -218,12 +218,12 @@ FileDescriptor DestinationTree::openFile(const char *name, bool &isNew) const
 {
     isNew = false;
     if (m_coversNames) { // nobody will ask
-        return FileDescriptor::openOrCreate(m_folder.get(), name);
+        return FileDescriptor::openOrCreate(m_directory.get(), name);
     }
-    FileDescriptor file = FileDescriptor::createNew(m_folder.get(), name);
+    FileDescriptor file = FileDescriptor::createNew(m_directory.get(), name);
     isNew = file.isOpen();
     return isNew || errno != EEXIST ? std::move(file)
-                                    : FileDescriptor::openOrCreate(m_folder.get(), name);
+                                    : FileDescriptor::openOrCreate(m_directory.get(), name);
 }
 
 bool DestinationTree::noteWritten(const struct stat &file)
@@ -233,31 +233,31 @@ bool DestinationTree::noteWritten(const struct stat &file)
 
 bool DestinationTree::flushNames(bool isNewFile)
 {
-    if (m_coversNames || (m_isFolderFlushed && !isNewFile)) {
+    if (m_coversNames || (m_isDirectoryFlushed && !isNewFile)) {
         return true;
     }
     // at first what lies above: a name is found from the root of the volume on
-    if (!m_isFolderFlushed && !flushWay()) {
+    if (!m_isDirectoryFlushed && !flushWay()) {
         return false;
     }
-    m_isFolderFlushed = flushDirectory(m_folder.get());
-    return m_isFolderFlushed;
+    m_isDirectoryFlushed = flushDirectory(m_directory.get());
+    return m_isDirectoryFlushed;
 }
 
 // each directory above the one entered, once
 bool DestinationTree::flushWay()
 {
-    FolderHandle folder = FolderHandle::openBelow(m_root.get(), ".");
-    for (int begin = m_rootPath.size(); folder.isOpen() && begin < m_folderPath.size();) {
-        const QString path = m_folderPath.left(begin);
+    DirectoryHandle directory = DirectoryHandle::openBelow(m_root.get(), ".");
+    for (int begin = m_rootPath.size(); directory.isOpen() && begin < m_directoryPath.size();) {
+        const QString path = m_directoryPath.left(begin);
         if (!m_flushed.contains(path)) {
-            if (!flushDirectory(folder.get())) {
+            if (!flushDirectory(directory.get())) {
                 return false;
             }
             m_flushed.insert(path);
         }
-        const int end = m_folderPath.indexOf(s_slash, begin);
-        folder = openBelow(folder, m_folderPath, begin, end);
+        const int end = m_directoryPath.indexOf(s_slash, begin);
+        directory = openBelow(directory, m_directoryPath, begin, end);
         begin = end + 1;
     }
     const QString above; // stands for what lies above the root
@@ -267,25 +267,25 @@ bool DestinationTree::flushWay()
         }
         m_flushed.insert(above);
     }
-    return folder.isOpen();
+    return directory.isOpen();
 }
 
 bool DestinationTree::flushVolumeAboveRoot() const
 {
-    FolderHandle folder = FolderHandle::openBelow(m_root.get(), "..");
+    DirectoryHandle directory = DirectoryHandle::openBelow(m_root.get(), "..");
     struct stat below = m_rootInfo;
     struct stat info = {};
-    while (folder.isOpen()) {
-        if (::fstat(folder.get(), &info) != 0) {
+    while (directory.isOpen()) {
+        if (::fstat(directory.get(), &info) != 0) {
             return false;
         }
         if (info.st_dev != below.st_dev || isSameFile(info, below)) {
             return true;
         }
-        if (!flushDirectory(folder.get())) {
+        if (!flushDirectory(directory.get())) {
             return false;
         }
-        folder = FolderHandle::openBelow(folder.get(), "..");
+        directory = DirectoryHandle::openBelow(directory.get(), "..");
         below = info;
     }
     return errno == EACCES; // whoever may not look into it cannot flush it either
@@ -295,10 +295,10 @@ void DestinationTree::removeFile(const char *name, const struct stat &written) c
 {
     struct stat entry = {};
     struct stat meant = {};
-    if (::fstatat(m_folder.get(), name, &entry, AT_SYMLINK_NOFOLLOW) == 0
-        && ::fstatat(m_folder.get(), name, &meant, 0) == 0 && isSameFile(meant, written)
+    if (::fstatat(m_directory.get(), name, &entry, AT_SYMLINK_NOFOLLOW) == 0
+        && ::fstatat(m_directory.get(), name, &meant, 0) == 0 && isSameFile(meant, written)
         && (S_ISREG(entry.st_mode) || S_ISLNK(entry.st_mode))) {
-        ::unlinkat(m_folder.get(), name, 0);
+        ::unlinkat(m_directory.get(), name, 0);
     }
 }
 

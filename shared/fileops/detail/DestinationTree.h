@@ -1,7 +1,7 @@
 #pragma once
 
 #include "shared/fileops/detail/FileDescriptor.h"
-#include "shared/filesystem/detail/FolderHandle.h"
+#include "shared/filesystem/detail/DirectoryHandle.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -76,24 +76,24 @@ private:
     bool isRootUsable();
     bool mayMakeRootAgain() const;
     bool descendTo(const QString &path);
-    FolderHandle openBelow(const FolderHandle &folder, const QString &path, int begin,
-                           int end) const;
+    DirectoryHandle openBelow(const DirectoryHandle &directory, const QString &path, int begin,
+                              int end) const;
     bool flushWay();
     bool flushVolumeAboveRoot() const;
 
     const QString m_rootPath; // ends in "/"
     const Root m_whenMissing;
     WrittenVolumes &m_volumes;
-    FolderHandle m_root;
+    DirectoryHandle m_root;
     struct stat m_rootInfo = {};
     QString m_canonicalRoot; // where the root was found first, links resolved
     dev_t m_device = 0; // on which it was found first
 
-    FolderHandle m_folder; // the directory entered last
-    struct stat m_folderInfo = {};
-    QString m_folderPath; // ends in "/"
+    DirectoryHandle m_directory; // the directory entered last
+    struct stat m_directoryInfo = {};
+    QString m_directoryPath; // ends in "/"
     bool m_coversNames = true; // fsync() of a file in it
-    bool m_isFolderFlushed = false;
+    bool m_isDirectoryFlushed = false;
     std::unordered_set<ino_t> m_written; // files in it
 
     // links and mount points among the directories that were there before, and where they lead

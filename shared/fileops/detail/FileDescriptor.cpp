@@ -1,6 +1,7 @@
 #include "shared/fileops/detail/FileDescriptor.h"
 
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/SystemCall.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -20,16 +21,6 @@ constexpr mode_t s_newFileMode = 0666; // less what the umask takes away
 
 // not blocking: the path may have come to mean a FIFO
 constexpr int s_flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-
-// repeats a system call that a signal interrupted
-template<typename Call> auto uninterrupted(Call call)
-{
-    auto result = call();
-    while (result == -1 && errno == EINTR) {
-        result = call();
-    }
-    return result;
-}
 
 bool isMeant(const QString &path)
 {
@@ -85,8 +76,9 @@ FileDescriptor FileDescriptor::openResource(const QString &path)
     const QByteArray content = resource.readAll();
     FileDescriptor file(::memfd_create("resource", MFD_CLOEXEC));
     if (file.isOpen()
-        && (!file.write(content.constData(), content.size()) || ::lseek(file.m_fd, 0, SEEK_SET) != 0
-            || ::fchmod(file.m_fd, s_resourceMode) != 0)) {
+        && (!file.write(content.constData(), content.size())
+            || ::lseek(file.get(), 0, SEEK_SET) != 0
+            || ::fchmod(file.get(), s_resourceMode) != 0)) {
         file.close();
     }
     return file;
@@ -109,23 +101,23 @@ FileDescriptor FileDescriptor::openForHolding(const char *path)
     return FileDescriptor(uninterrupted([=] { return ::open(path, O_PATH | O_CLOEXEC); }));
 }
 
-FileDescriptor FileDescriptor::openOrCreate(int folder, const char *name)
+FileDescriptor FileDescriptor::openOrCreate(int directory, const char *name)
 {
     // not emptied by open(): it may be the source, and must be asked first
     return FileDescriptor(uninterrupted(
-        [=] { return ::openat(folder, name, O_WRONLY | O_CREAT | s_flags, s_newFileMode); }));
+        [=] { return ::openat(directory, name, O_WRONLY | O_CREAT | s_flags, s_newFileMode); }));
 }
 
-FileDescriptor FileDescriptor::createNew(int folder, const char *name)
+FileDescriptor FileDescriptor::createNew(int directory, const char *name)
 {
     return FileDescriptor(uninterrupted([=] {
-        return ::openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | s_flags, s_newFileMode);
+        return ::openat(directory, name, O_WRONLY | O_CREAT | O_EXCL | s_flags, s_newFileMode);
     }));
 }
 
 bool FileDescriptor::examine(struct stat &info) const
 {
-    return isOpen() && ::fstat(m_fd, &info) == 0;
+    return isOpen() && ::fstat(get(), &info) == 0;
 }
 
 qint64 FileDescriptor::read(char *data, qint64 size, qint64 expected)
@@ -133,7 +125,7 @@ qint64 FileDescriptor::read(char *data, qint64 size, qint64 expected)
     qint64 total = 0;
     do {
         const auto n = uninterrupted(
-            [&] { return ::read(m_fd, data + total, static_cast<size_t>(size - total)); });
+            [&] { return ::read(get(), data + total, static_cast<size_t>(size - total)); });
         if (n < 0) {
             return -1;
         }
@@ -147,14 +139,14 @@ qint64 FileDescriptor::read(char *data, qint64 size, qint64 expected)
 
 bool FileDescriptor::truncate()
 {
-    return uninterrupted([this] { return ::ftruncate(m_fd, 0); }) == 0;
+    return uninterrupted([this] { return ::ftruncate(get(), 0); }) == 0;
 }
 
 bool FileDescriptor::write(const char *data, qint64 size)
 {
     while (size > 0) {
         const auto n =
-            uninterrupted([&] { return ::write(m_fd, data, static_cast<size_t>(size)); });
+            uninterrupted([&] { return ::write(get(), data, static_cast<size_t>(size)); });
         if (n <= 0) {
             return false;
         }
@@ -166,16 +158,7 @@ bool FileDescriptor::write(const char *data, qint64 size)
 
 bool FileDescriptor::flush()
 {
-    return uninterrupted([this] { return ::fsync(m_fd); }) == 0;
-}
-
-bool FileDescriptor::close()
-{
-    if (!isOpen()) {
-        return true;
-    }
-    // not repeated when interrupted: the descriptor is gone, and its number may be another's
-    return ::close(std::exchange(m_fd, -1)) == 0;
+    return uninterrupted([this] { return ::fsync(get()); }) == 0;
 }
 
 } // namespace Tavro::Shared::detail

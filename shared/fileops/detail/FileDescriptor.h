@@ -1,33 +1,23 @@
 #pragma once
 
+#include "shared/filesystem/detail/Descriptor.h"
+
 #include <QString>
 
 #include <sys/stat.h>
 
-#include <utility>
-
 namespace Tavro::Shared::detail {
 
 /**
- * An open file, closed when it goes out of scope.
+ * An open file.
  *
  * Calls that a signal interrupted are made again; no call blocks on a pipe or a device. What
  * fails leaves the reason in errno.
  */
-class FileDescriptor
+class FileDescriptor : public Descriptor
 {
 public:
     FileDescriptor() = default;
-    FileDescriptor(FileDescriptor &&other) noexcept
-        : m_fd(std::exchange(other.m_fd, -1))
-    {
-    }
-    FileDescriptor &operator=(FileDescriptor &&other) noexcept
-    {
-        std::swap(m_fd, other.m_fd);
-        return *this;
-    }
-    ~FileDescriptor() { close(); }
 
     /**
      * Opens a regular file, links followed, for reading. Anything else is not even opened: a
@@ -40,13 +30,10 @@ public:
 
     /** Holds on to whatever @p path means, without any right to it. */
     static FileDescriptor openForHolding(const char *path);
-    /** Opens the file @p name in @p folder for writing, or creates it. */
-    static FileDescriptor openOrCreate(int folder, const char *name);
-    /** Creates the file @p name in @p folder; fails with EEXIST when there is one. */
-    static FileDescriptor createNew(int folder, const char *name);
-
-    bool isOpen() const { return m_fd >= 0; }
-    int handle() const { return m_fd; }
+    /** Opens the file @p name in @p directory for writing, or creates it. */
+    static FileDescriptor openOrCreate(int directory, const char *name);
+    /** Creates the file @p name in @p directory; fails with EEXIST when there is one. */
+    static FileDescriptor createNew(int directory, const char *name);
 
     /** Describes the file; false when it is not open. */
     bool examine(struct stat &info) const;
@@ -59,19 +46,12 @@ public:
     bool write(const char *data, qint64 size);
     /** True when what was written so far is on the device. */
     bool flush();
-    /** False when the system reports that the file was not closed properly. */
-    bool close();
 
 private:
-    explicit FileDescriptor(int fd)
-        : m_fd(fd)
-    {
-    }
+    using Descriptor::Descriptor;
 
     static FileDescriptor openResource(const QString &path);
     FileDescriptor ifRegular(struct stat &info);
-
-    int m_fd = -1;
 };
 
 } // namespace Tavro::Shared::detail

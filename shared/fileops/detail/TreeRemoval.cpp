@@ -1,9 +1,10 @@
 #include "shared/fileops/detail/TreeRemoval.h"
 
 #include "shared/fileops/detail/WrittenVolumes.h"
+#include "shared/filesystem/detail/DirectoryDescent.h"
 #include "shared/filesystem/detail/FileIdentity.h"
-#include "shared/filesystem/detail/FolderDescent.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 #include "shared/filesystem/detail/SystemText.h"
 
 #include <QDir>
@@ -25,16 +26,8 @@ namespace {
 
 using Outcome = TreeRemoval::Outcome;
 
-QString withoutFinalSlashes(QString path)
-{
-    while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
-        path.chop(1);
-    }
-    return path;
-}
-
 /** Removes everything that it meets. */
-class Removal : public FolderDescent
+class Removal : public DirectoryDescent
 {
 public:
     explicit Removal(const QString &root)
@@ -68,24 +61,24 @@ public:
     }
 
 protected:
-    Next visit(int folder, const dirent64 &entry) override
+    Next visit(int directory, const dirent64 &entry) override
     {
-        if (::unlinkat(folder, entry.d_name, 0) == 0) {
+        if (::unlinkat(directory, entry.d_name, 0) == 0) {
             forgive(entry.d_name);
             return Next::ReadAgain;
         }
         // what somebody else has removed is gone, too
         if (errno != ENOENT) {
             // a directory here is one that could not be told from a file
-            const bool isUntold = errno == EISDIR && hasNoticed(pathOfFolder());
+            const bool isUntold = errno == EISDIR && hasNoticed(pathOfDirectory());
             fail(entry.d_name, isUntold ? m_notices.back().error : errno);
         }
         return Next::GoOn;
     }
 
-    void leave(int folder, const char *name) override
+    void leave(int directory, const char *name) override
     {
-        const bool isGone = ::unlinkat(folder, name, AT_REMOVEDIR) == 0 || errno == ENOENT;
+        const bool isGone = ::unlinkat(directory, name, AT_REMOVEDIR) == 0 || errno == ENOENT;
         const int error = errno;
         // its path is long in a deep tree, so it is made only when it is needed
         const QByteArray path = isGone && m_notices.empty() ? QByteArray() : pathOf(name);
@@ -96,13 +89,13 @@ protected:
             return;
         }
         if (error == EBUSY) {
-            flushMount(folder, name);
+            flushMount(directory, name);
         }
         fail(name, hasNoticed(path) ? m_notices.back().error : error);
     }
 
 private:
-    /** A folder that was not seen, or only in part. */
+    /** A directory that was not seen, or only in part. */
     struct Notice
     {
         QByteArray path;
@@ -131,15 +124,15 @@ private:
     void forgive(const char *name) { m_hasFailed = m_hasFailed && m_path != pathOf(name); }
 
     // of what was in it nothing is left to tell of
-    bool hasNoticed(const QByteArray &folder) const
+    bool hasNoticed(const QByteArray &directory) const
     {
-        return !m_notices.empty() && m_notices.back().path == folder;
+        return !m_notices.empty() && m_notices.back().path == directory;
     }
 
     // what was removed below a mount point is not on the volume that is flushed in the end
-    static void flushMount(int folder, const char *name)
+    static void flushMount(int directory, const char *name)
     {
-        const FolderHandle mount = FolderHandle::openBelow(folder, name);
+        const DirectoryHandle mount = DirectoryHandle::openBelow(directory, name);
         if (mount.isOpen()) {
             ::syncfs(mount.get());
             flushDirectory(mount.get());
@@ -166,7 +159,7 @@ bool meansNothing(int error)
     return error == ENOENT || error == ENOTDIR;
 }
 
-TreeRemoval removeLinkToFolder(const QString &root, const QByteArray &link)
+TreeRemoval removeLinkToDirectory(const QString &root, const QByteArray &link)
 {
     struct stat target = {};
     if (::stat(link.constData(), &target) != 0) {
@@ -267,7 +260,7 @@ TreeRemoval removeTree(const QString &root)
                                    : TreeRemoval{Outcome::Failed, errno, root, {}, false};
     }
     if (S_ISLNK(info.st_mode)) {
-        return removeLinkToFolder(root, name);
+        return removeLinkToDirectory(root, name);
     }
     if (!S_ISDIR(info.st_mode)) {
         return {Outcome::NoDirectory, ENOTDIR, root, {}, false};
@@ -276,9 +269,9 @@ TreeRemoval removeTree(const QString &root)
         return {Outcome::Failed, EBUSY, root, {}, false};
     }
     Removal removal(root);
-    FolderHandle folder = FolderHandle::open(name.constData(), FolderHandle::Links::Refuse);
-    if (folder.isOpen()) {
-        removal.run(std::move(folder));
+    DirectoryHandle directory = DirectoryHandle::open(name.constData(), Links::Refuse);
+    if (directory.isOpen()) {
+        removal.run(std::move(directory));
     } else {
         removal.notice({}, errno);
     }
@@ -290,96 +283,98 @@ TreeRemoval removeTree(const QString &root)
 }
 
 FileRemoval::FileRemoval(const QString &root)
-    : m_prefix(root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/'))
+    : m_prefix(withFinalSlash(root))
 {
     if (isResource(root)) {
         m_error = EROFS;
         return;
     }
-    m_root = FolderHandle::open(QFile::encodeName(root).constData(), FolderHandle::Links::Refuse);
+    m_root = DirectoryHandle::open(QFile::encodeName(root).constData(), Links::Refuse);
     m_error = m_root.isOpen() ? 0 : errno;
 }
 
 FileRemoval::~FileRemoval()
 {
-    leaveFolder();
+    leaveDirectory();
 }
 
 int FileRemoval::remove(const QString &path)
 {
     const int begin = path.lastIndexOf(QLatin1Char('/')) + 1;
-    if (const int error = enterFolder(path, begin)) {
+    if (const int error = enterDirectory(path, begin)) {
         return error;
     }
     const NativeName name(path, begin);
-    return ::unlinkat(m_folder.get(), name.get(), 0) == 0 ? 0 : errno;
+    return ::unlinkat(m_directory.get(), name.get(), 0) == 0 ? 0 : errno;
 }
 
-// Name by name from the root: what stands in the place of a folder of the walk may be a link now.
-int FileRemoval::enterFolder(const QString &path, int length)
+// Name by name from the root: what stands in the place of a directory of the walk may be a link
+// now.
+int FileRemoval::enterDirectory(const QString &path, int length)
 {
-    if (!m_root.isOpen() || (m_folderPath.size() == length && path.startsWith(m_folderPath))) {
+    if (!m_root.isOpen()
+        || (m_directoryPath.size() == length && path.startsWith(m_directoryPath))) {
         return m_error;
     }
-    leaveFolder();
-    m_folderPath = path.left(length);
-    if (!m_folderPath.startsWith(m_prefix)) {
+    leaveDirectory();
+    m_directoryPath = path.left(length);
+    if (!m_directoryPath.startsWith(m_prefix)) {
         return m_error = ENOENT;
     }
-    m_folder = FolderHandle::openBelow(m_root.get(), ".");
-    for (int begin = m_prefix.size(); m_folder.isOpen() && begin < length;) {
+    m_directory = DirectoryHandle::openBelow(m_root.get(), ".");
+    for (int begin = m_prefix.size(); m_directory.isOpen() && begin < length;) {
         const int end = path.indexOf(QLatin1Char('/'), begin);
         const NativeName name(path.mid(begin, end - begin), 0);
-        m_folder = FolderHandle::openBelow(m_folder.get(), name.get());
+        m_directory = DirectoryHandle::openBelow(m_directory.get(), name.get());
         begin = end + 1;
     }
     struct stat info = {};
     struct stat root = {};
-    const bool isFound = m_folder.isOpen() && ::fstat(m_folder.get(), &info) == 0
+    const bool isFound = m_directory.isOpen() && ::fstat(m_directory.get(), &info) == 0
         && ::fstat(m_root.get(), &root) == 0;
     m_error = isFound ? 0 : errno;
     m_isOnOtherVolume = isFound && info.st_dev != root.st_dev;
     return m_error;
 }
 
-void FileRemoval::leaveFolder()
+void FileRemoval::leaveDirectory()
 {
-    if (m_folder.isOpen() && m_isOnOtherVolume) {
-        ::syncfs(m_folder.get());
-        flushDirectory(m_folder.get());
+    if (m_directory.isOpen() && m_isOnOtherVolume) {
+        ::syncfs(m_directory.get());
+        flushDirectory(m_directory.get());
     }
-    m_folder.close();
+    m_directory.close();
 }
 
 FlushFailure flushRemovals(const QStringList &roots)
 {
-    QStringList folders;
+    QStringList directories;
     for (const QString &root : roots) {
-        folders.append(withoutFinalSlashes(root.left(root.lastIndexOf(QLatin1Char('/')) + 1)));
+        directories.append(withoutFinalSlashes(root.left(root.lastIndexOf(QLatin1Char('/')) + 1)));
     }
-    folders += roots; // what is left of them may be mount points
-    folders.removeDuplicates();
+    directories += roots; // what is left of them may be mount points
+    directories.removeDuplicates();
 
     FlushFailure failure;
     std::set<dev_t> volumes;
-    for (const QString &path : qAsConst(folders)) {
-        const FolderHandle folder =
-            FolderHandle::open(QFile::encodeName(path).constData(), FolderHandle::Links::Refuse);
+    for (const QString &path : qAsConst(directories)) {
+        const DirectoryHandle directory =
+            DirectoryHandle::open(QFile::encodeName(path).constData(), Links::Refuse);
         struct stat info = {};
-        if (!folder.isOpen() || ::fstat(folder.get(), &info) != 0) {
+        if (!directory.isOpen() || ::fstat(directory.get(), &info) != 0) {
             if (errno != ENOENT) {
                 ::sync(); // a directory may be changed, and not be read
             }
             continue;
         }
         int error = 0;
-        if (volumes.insert(info.st_dev).second && ::syncfs(folder.get()) != 0) {
+        if (volumes.insert(info.st_dev).second && ::syncfs(directory.get()) != 0) {
             error = errno;
         }
         // on FAT, this is what makes the drive empty its own cache
-        const int folderError = flushDirectory(folder.get()) ? 0 : errno;
-        if (failure.systemError == 0 && (error != 0 || folderError != 0)) {
-            failure = {error != 0 ? error : folderError, path};
+        const int directoryError = flushDirectory(directory.get()) ? 0 : errno;
+        if (failure.systemError == 0 && (error != 0 || directoryError != 0)) {
+            failure = {error != 0 ? error : directoryError, path};
         }
     }
     return failure;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/filesystem/detail/FolderHandle.h"
+#include "shared/filesystem/detail/DirectoryHandle.h"
 
 #include <QString>
 #include <QStringList>
@@ -55,7 +55,7 @@ struct TreeRemoval
  */
 TreeRemoval removeTree(const QString &root);
 
-/** Removes single files below a directory; files of the same folder in a row cost the least. */
+/** Removes single files below a directory; files of the same directory in a row cost the least. */
 class FileRemoval
 {
 public:
@@ -70,13 +70,13 @@ public:
     int remove(const QString &path);
 
 private:
-    int enterFolder(const QString &path, int length);
-    void leaveFolder();
+    int enterDirectory(const QString &path, int length);
+    void leaveDirectory();
 
     const QString m_prefix; // the root, ending in "/"
-    FolderHandle m_root;
-    FolderHandle m_folder;
-    QString m_folderPath; // of the open folder, ending in "/"
+    DirectoryHandle m_root;
+    DirectoryHandle m_directory;
+    QString m_directoryPath; // of the open directory, ending in "/"
     int m_error = 0; // of opening it
     bool m_isOnOtherVolume = false; // than the root is
 };

@@ -1,6 +1,7 @@
 #include "shared/fileops/detail/TreeWalk.h"
 
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/PathText.h"
 
 #include <QDir>
 #include <QFile>
@@ -26,9 +27,9 @@ struct DirectoryCloser
 {
     void operator()(DIR *directory) const { ::closedir(directory); }
 };
-using DirectoryHandle = std::unique_ptr<DIR, DirectoryCloser>;
+using DirectoryStream = std::unique_ptr<DIR, DirectoryCloser>;
 
-/** A piece of a FolderReader's text. */
+/** A piece of a DirectoryReader's text. */
 struct Piece
 {
     size_t begin;
@@ -86,10 +87,10 @@ Kind kindOf(mode_t mode)
  * The names stand one behind the other in a text that is kept from one directory to the next: a
  * name costs no allocation before its path is made.
  */
-class FolderReader
+class DirectoryReader
 {
 public:
-    FolderReader(Links links, const std::atomic<bool> *abandoned)
+    DirectoryReader(Links links, const std::atomic<bool> *abandoned)
         : m_links(links)
         , m_abandoned(abandoned)
     {
@@ -126,19 +127,19 @@ private:
     int m_error = 0;
 };
 
-int FolderReader::read(const QString &path)
+int DirectoryReader::read(const QString &path)
 {
     m_error = 0;
     m_text.clear();
     m_files.clear();
     m_directories.clear();
-    m_prefix = path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
+    m_prefix = withFinalSlash(path);
     m_nativePath = QFile::encodeName(m_prefix);
 
     // by its full path, not relative to its parent: the system counts the links of a path, and
     // that count is what ends a walk through a link to a directory above
     const QByteArray nativePath = QFile::encodeName(path);
-    const DirectoryHandle directory(
+    const DirectoryStream directory(
         uninterrupted([&nativePath] { return ::opendir(nativePath.constData()); }));
     if (!directory) {
         return errno;
@@ -158,7 +159,7 @@ int FolderReader::read(const QString &path)
     return m_error;
 }
 
-void FolderReader::add(int directoryFd, const dirent &entry)
+void DirectoryReader::add(int directoryFd, const dirent &entry)
 {
     const char *name = entry.d_name;
     int length = 0;
@@ -193,7 +194,7 @@ void FolderReader::add(int directoryFd, const dirent &entry)
 }
 
 // an entry that may be there, and cannot be told from one that is not
-Examined FolderReader::hidden(int error)
+Examined DirectoryReader::hidden(int error)
 {
     if (m_error == 0) {
         m_error = error;
@@ -202,7 +203,7 @@ Examined FolderReader::hidden(int error)
 }
 
 // QFileInfo believes what the directory says of an entry, and follows links by the full path
-Examined FolderReader::examine(int directoryFd, const dirent &entry, qsizetype nameLength)
+Examined DirectoryReader::examine(int directoryFd, const dirent &entry, qsizetype nameLength)
 {
     const bool isTooLong = m_nativePath.size() + nameLength >= PATH_MAX;
     struct stat info = {};
@@ -236,10 +237,10 @@ Examined FolderReader::examine(int directoryFd, const dirent &entry, qsizetype n
     }
 }
 
-Examined FolderReader::examineLink(const char *name, bool isTooLong)
+Examined DirectoryReader::examineLink(const char *name, bool isTooLong)
 {
     struct stat info = {};
-    if (m_links == Links::LeaveOut) {
+    if (m_links == Links::Refuse) {
         return {};
     }
     if (isTooLong) {
@@ -259,14 +260,14 @@ Examined FolderReader::examineLink(const char *name, bool isTooLong)
     }
 }
 
-Piece FolderReader::append(const char *ascii, int length)
+Piece DirectoryReader::append(const char *ascii, int length)
 {
     const size_t begin = m_text.size();
     m_text.append(ascii, ascii + length);
     return {begin, m_text.size() - begin};
 }
 
-Piece FolderReader::append(const QString &text)
+Piece DirectoryReader::append(const QString &text)
 {
     const size_t begin = m_text.size();
     m_text.append(reinterpret_cast<const char16_t *>(text.utf16()),
@@ -274,7 +275,7 @@ Piece FolderReader::append(const QString &text)
     return {begin, m_text.size() - begin};
 }
 
-Piece FolderReader::appendFolded(Piece name, bool isAscii)
+Piece DirectoryReader::appendFolded(Piece name, bool isAscii)
 {
     if (!isAscii) {
         const auto *begin = reinterpret_cast<const QChar *>(m_text.data() + name.begin);
@@ -288,7 +289,7 @@ Piece FolderReader::appendFolded(Piece name, bool isAscii)
     return {begin, name.length};
 }
 
-std::u16string_view FolderReader::text(Piece piece) const
+std::u16string_view DirectoryReader::text(Piece piece) const
 {
     return {m_text.data() + piece.begin, piece.length};
 }
@@ -296,7 +297,7 @@ std::u16string_view FolderReader::text(Piece piece) const
 // By name ignoring case. Names that differ only in case stand in the order in which std::sort
 // happens to leave them: QDir's order, as long as it sorts the same entries from the same order by
 // the same comparison. So no stable sort here, and no look at the names themselves.
-void FolderReader::sort(Entries &entries) const
+void DirectoryReader::sort(Entries &entries) const
 {
     std::sort(entries.begin(), entries.end(), [this](const Entry &a, const Entry &b) {
         return text(a.foldedName) < text(b.foldedName);
@@ -304,7 +305,7 @@ void FolderReader::sort(Entries &entries) const
 }
 
 // the entry's path without its first characters
-QString FolderReader::pathOf(const Entry &entry, int begin) const
+QString DirectoryReader::pathOf(const Entry &entry, int begin) const
 {
     const int prefixLength = m_prefix.size() - begin;
     QString path(prefixLength + static_cast<int>(entry.name.length), Qt::Uninitialized);
@@ -314,7 +315,7 @@ QString FolderReader::pathOf(const Entry &entry, int begin) const
     return path;
 }
 
-void FolderReader::listDirectories(int rootLength, QStringList &directories)
+void DirectoryReader::listDirectories(int rootLength, QStringList &directories)
 {
     sort(m_directories);
     for (const Entry &entry : m_directories) {
@@ -322,7 +323,7 @@ void FolderReader::listDirectories(int rootLength, QStringList &directories)
     }
 }
 
-void FolderReader::listFiles(TreeListing &listing)
+void DirectoryReader::listFiles(TreeListing &listing)
 {
     sort(m_files);
     for (const Entry &entry : m_files) {
@@ -351,8 +352,7 @@ void visitResources(const QString &path, int rootLength, TreeListing &listing)
 
 void noteUnreadable(const QString &path, int error, TreeListing &listing)
 {
-    const bool hasFinalSlash = path.size() > 1 && path.endsWith(QLatin1Char('/'));
-    listing.unreadableDirectories.append(hasFinalSlash ? path.chopped(1) : path);
+    listing.unreadableDirectories.append(withoutFinalSlashes(path));
     if (listing.systemError == 0) {
         listing.systemError = error;
     }
@@ -363,9 +363,9 @@ void noteUnreadable(const QString &path, int error, TreeListing &listing)
 TreeListing listTree(const QString &root, Links links, const std::atomic<bool> *abandoned)
 {
     TreeListing listing;
-    const QString prefix = root.endsWith(QLatin1Char('/')) ? root : root + QLatin1Char('/');
+    const QString prefix = withFinalSlash(root);
     const bool isOfResources = isResource(root);
-    FolderReader reader(links, abandoned);
+    DirectoryReader reader(links, abandoned);
     const auto visit = [&](const QString &path) {
         if (isOfResources) {
             visitResources(path, prefix.size(), listing);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shared/fileops/CFileEntry.h"
+#include "shared/filesystem/detail/DirectoryHandle.h"
 
 #include <QList>
 #include <QSet>
@@ -21,12 +22,6 @@ struct TreeListing
     int systemError = 0; // the errno of the first of them
 };
 
-/** What a walk does with links. */
-enum class Links {
-    Follow, // as if what they point to stood in their place
-    LeaveOut, // neither they nor what they point to lie in the tree
-};
-
 /**
  * Lists the tree below @p root, an absolute clean path with or without a final "/".
  *
@@ -35,7 +30,7 @@ enum class Links {
  * hidden entries left out, links followed, by name ignoring case. So a link to something that is
  * neither file nor directory (a FIFO, a device) is listed as both.
  *
- * With links left out, what QDir answers with QDir::NoSymLinks added.
+ * With links refused, what QDir answers with QDir::NoSymLinks added.
  *
  * One pass over each directory instead of two listings and an examination of every full path.
  *

@@ -1,91 +1,56 @@
 #pragma once
 
 #include "shared/fileops/detail/EventPoll.h"
-#include "shared/fileops/detail/PauseGate.h"
-#include "shared/fileops/detail/RequestLine.h"
-#include "shared/fileops/detail/RunControl.h"
+#include "shared/fileops/detail/RunQueue.h"
 
 #include <QObject>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <utility>
 
 namespace Tavro::Shared::detail {
 
 /**
- * What the workers have in common: loading, pause and cancellation, the steps of a run, and the
- * signals that tell of them.
+ * What the workers have in common: the queue of their requests, the passes of a run, and the
+ * signals that tell of both.
  *
- * A Request derives from RunRequest. A Worker has the signals finished(), stateChanged(int),
- * processedBytesChanged(qlonglong) and totalBytesChanged(qlonglong). run() and advance() belong
- * to the thread that works, the rest may be called from any thread.
+ * A Worker has the signals finished(), stateChanged(int), processedBytesChanged(qlonglong) and
+ * totalBytesChanged(qlonglong). run(), advance() and processEvents() belong to the thread that
+ * works, the rest may be called from any thread.
  */
-template<typename Worker, typename Request> class WorkerCore : public RunControl
+template<typename Worker, typename Request> class WorkerCore : public RunQueue<Request>
 {
-    Q_DISABLE_COPY(WorkerCore)
-
 public:
-    using RequestPointer = std::shared_ptr<Request>;
+    using Queue = RunQueue<Request>;
+    using RequestPointer = typename Queue::RequestPointer;
+    using Claim = typename Queue::Claim;
+    using Receiver = std::function<void(const RequestPointer &)>;
 
     explicit WorkerCore(Worker *worker)
-        : m_worker(*worker)
+        : q(*worker)
     {
     }
-
-    RequestLine<Request> &requests() { return m_requests; }
-    const RequestLine<Request> &requests() const { return m_requests; }
-    PauseGate &gate() { return m_gate; }
+    virtual ~WorkerCore() = default;
 
     /**
      * Puts a request in place of the loaded one, as a clean slate. A run in progress keeps its
      * own, with its own counters and its own cancellation, and is let out of a pause.
      */
-    void load(int step, RequestPointer request)
+    void load(RequestPointer request, Claim claim = Claim::None)
     {
-        load(step, std::move(request), std::exchange(m_isNextClaimed, false));
-    }
-
-    /** Forgets what is loaded; what was claimed stays. */
-    void reset() { load(0, std::make_shared<Request>(), false); }
-
-    /** Forgets @p request at the end of its run; what was loaded meanwhile stays, its pause too. */
-    void resetAfter(const RequestPointer &request)
-    {
-        if (m_requests.unload(request)) {
-            m_gate.open();
-        }
+        const int step = request->step;
+        this->put(std::move(request), claim);
         showCleanSlate();
+        show(step);
     }
 
-    void cancel()
-    {
-        m_requests.forEach([](Request &request) { request.canceled = true; });
-        m_gate.open(); // a paused run has to wake up to see it
-    }
-
-    void onResult(std::function<void(const CFileOperationResult &)> receive) override
-    {
-        m_receiveResult = std::move(receive);
-    }
-    int loadedStep() const override { return m_requests.loaded()->step; }
-    void claimNextRequest() override { m_isNextClaimed = true; }
-    bool hasClaimedRequest() const override { return m_requests.hasClaims(); }
-    void dropClaimedRequests() override { m_requests.dropClaims(); }
-    void abandonWork() override
-    {
-        m_requests.forEach([](Request &request) { request.abandoned = true; });
-        cancel();
-    }
+    /** Forgets what is loaded; what waits for a run of its own stays. */
+    void reset() { load(std::make_shared<Request>()); }
 
     /** The step that was last announced. */
     int shownState() const { return m_shownState; }
-
-    void setState(int state)
-    {
-        m_requests.active()->step = state;
-        show(state);
-    }
 
     void advance(Request &request, int step)
     {
@@ -93,22 +58,29 @@ public:
         show(step);
     }
 
-    void updateProcessedBytes(qint64 n)
+    void addProcessedBytes(Request &request, qint64 n)
     {
-        const qint64 processed = m_requests.active()->processedBytes += n;
-        Q_EMIT m_worker.processedBytesChanged(processed);
+        Q_EMIT q.processedBytesChanged(request.processedBytes += n);
     }
 
-    void processEvents() { m_poll.processEvents(m_worker); }
+    void processEvents() { m_poll.processEvents(q); }
 
     /**
-     * Runs the next request: @p takeStep(request) for each pass, until it answers false or the
-     * request is canceled, then @p end(request) and the signal finished(). Does nothing when a
-     * run is in progress already, as when an event that is delivered here asks for another.
+     * Has @p receive called on the working thread for each run, before its end shows. To be set
+     * before the first run.
      */
-    template<typename TakeStep, typename End> void run(TakeStep takeStep, End end)
+    void onResult(Receiver receive) { m_receiveResult = std::move(receive); }
+    /** The same when the run is over. */
+    void onEnd(Receiver receive) { m_receiveEnd = std::move(receive); }
+
+    /**
+     * Runs the next request, pass by pass, until it is done or canceled, and ends with the signal
+     * finished(). Does nothing when a run is in progress already, as when an event that is
+     * delivered here asks for another.
+     */
+    void run()
     {
-        const RequestPointer request = m_requests.beginRun();
+        const RequestPointer request = this->beginRun();
         if (!request) {
             return;
         }
@@ -116,46 +88,41 @@ public:
         show(request->step);
         do {
             processEvents();
-            m_gate.pass();
+            this->waitWhilePaused();
         } while (!request->canceled && takeStep(*request));
         request->result.canceled = request->canceled;
-        if (m_receiveResult) {
-            m_receiveResult(request->result);
-        }
-        end(request);
-        m_requests.endRun();
-        Q_EMIT m_worker.finished();
+        m_receiveResult(request);
+        close(request);
+        this->endRun();
+        m_receiveEnd(request);
+        Q_EMIT q.finished();
     }
 
-private:
-    void load(int step, RequestPointer request, bool isClaimed)
-    {
-        request->step = step;
-        m_requests.load(std::move(request), isClaimed);
-        m_gate.open();
-        showCleanSlate();
-        show(step);
-    }
-
-    void show(int state)
-    {
-        if (m_shownState.exchange(state) != state) {
-            Q_EMIT m_worker.stateChanged(state);
-        }
-    }
+protected:
+    /** One pass of a run; false when it was the last. */
+    virtual bool takeStep(Request &request) = 0;
+    /** Shows the end of a run. */
+    virtual void close(const RequestPointer &request) = 0;
 
     void showCleanSlate()
     {
         show(0);
-        Q_EMIT m_worker.processedBytesChanged(0);
-        Q_EMIT m_worker.totalBytesChanged(0);
+        Q_EMIT q.processedBytesChanged(0);
+        Q_EMIT q.totalBytesChanged(0);
     }
 
-    Worker &m_worker;
-    PauseGate m_gate;
-    RequestLine<Request> m_requests;
-    bool m_isNextClaimed = false; // the owner's thread alone
-    std::function<void(const CFileOperationResult &)> m_receiveResult; // set before any run
+    Worker &q;
+
+private:
+    void show(int state)
+    {
+        if (m_shownState.exchange(state) != state) {
+            Q_EMIT q.stateChanged(state);
+        }
+    }
+
+    Receiver m_receiveResult = [](const RequestPointer & /*request*/) {};
+    Receiver m_receiveEnd = m_receiveResult;
     std::atomic<int> m_shownState{0};
     EventPoll m_poll;
 };

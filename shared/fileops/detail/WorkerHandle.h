@@ -1,7 +1,6 @@
 #pragma once
 
 #include "shared/fileops/detail/ReportQueue.h"
-#include "shared/fileops/detail/RunControl.h"
 #include "shared/fileops/detail/WorkerThreadOwner.h"
 
 #include <memory>
@@ -15,13 +14,17 @@ namespace Tavro::Shared::detail {
  * Belongs to the controller and to its thread. Letting go of it does not wait: a run in progress
  * is abandoned, and nothing of it is reported any more.
  */
-template<typename Worker> class WorkerHandle
+template<typename Worker, typename Core> class WorkerHandle
 {
     Q_DISABLE_COPY(WorkerHandle)
 
 public:
-    explicit WorkerHandle(QObject *controller)
-        : m_worker(new Worker)
+    using RequestPointer = typename Core::RequestPointer;
+
+    /** @p core is that of @p worker. */
+    WorkerHandle(QObject *controller, std::unique_ptr<Worker> worker, Core &core)
+        : m_core(core)
+        , m_worker(worker.release())
         , m_thread(m_worker)
         , m_reports(ReportQueue::create(controller))
     {
@@ -41,14 +44,13 @@ public:
     {
         if (std::exchange(m_isOwned, false)) {
             m_reports->close();
-            runs().abandonWork();
+            m_core.abandon();
         }
     }
     /** False once the controller is gone. */
     bool isOwned() const { return m_isOwned; }
 
-    Worker &worker() const { return *m_worker; }
-    RunControl &runs() const { return m_worker->runs(); }
+    Core &core() const { return m_core; }
     QThread *thread() const { return m_thread.thread(); }
     const std::shared_ptr<ReportQueue> &reports() const { return m_reports; }
 
@@ -65,50 +67,43 @@ public:
             Qt::DirectConnection);
     }
 
-    /** Has @p receive(result) called there for each run, before anything tells of its end. */
+    /** Has @p receive(request) called there for each run, before anything tells of its end. */
     template<typename Receive> void onResult(Receive receive)
     {
-        runs().onResult([reports = m_reports, receive](const CFileOperationResult &result) {
-            reports->report([receive, result] { receive(result); });
+        m_core.onResult([reports = m_reports, receive](const RequestPointer &request) {
+            reports->report([receive, request] { receive(request); });
         });
     }
 
-    /** Has @p receive() called there for each end of a run, without waiting for the next look. */
+    /** The same when the run is over, without waiting for the next look. */
     template<typename Receive> void onRunEnd(Receive receive)
     {
-        reportUrgently(m_worker, &Worker::finished, receive);
+        m_core.onEnd([reports = m_reports, receive](const RequestPointer &request) {
+            reports->reportUrgently([receive, request] { receive(request); });
+        });
     }
 
-    /** The same when the thread has ended, or is about to in a few instructions. */
+    /** Has @p receive() called when the thread has ended, or is about to in a few instructions. */
     template<typename Receive> void onThreadEnd(Receive receive)
     {
-        reportUrgently(thread(), &QThread::finished, receive);
-    }
-
-    /**
-     * Starts the next run; the last one must have ended. False when the system has no thread to
-     * give: no run is left then.
-     */
-    bool startThread()
-    {
-        thread()->start(QThread::InheritPriority);
-        const bool isStarted = thread()->isRunning() || thread()->isFinished();
-        if (!isStarted) {
-            runs().dropClaimedRequests();
-        }
-        return isStarted;
-    }
-
-private:
-    template<typename Sender, typename Signal, typename Receive>
-    void reportUrgently(Sender *sender, Signal signal, Receive receive)
-    {
         QObject::connect(
-            sender, signal, m_worker,
+            thread(), &QThread::finished, m_worker,
             [reports = m_reports, receive] { reports->reportUrgently(receive); },
             Qt::DirectConnection);
     }
 
+    /**
+     * Starts the next run; the last one must have ended. False when the system has no thread to
+     * give.
+     */
+    bool startThread()
+    {
+        thread()->start(QThread::InheritPriority);
+        return thread()->isRunning() || thread()->isFinished();
+    }
+
+private:
+    Core &m_core; // part of the worker
     Worker *m_worker; // owned by m_thread, lives in it
     WorkerThreadOwner m_thread;
     std::shared_ptr<ReportQueue> m_reports;

@@ -1,5 +1,7 @@
 #include "shared/fileops/detail/WrittenVolumes.h"
 
+#include "shared/filesystem/detail/SystemCall.h"
+
 #include <linux/magic.h>
 #include <sys/vfs.h>
 #include <unistd.h>
@@ -32,21 +34,18 @@ bool fsyncCoversName(int fd)
         != s_coveringFileSystems.end();
 }
 
-bool flushDirectory(int folder)
+bool flushDirectory(int directory)
 {
-    int result = 0;
-    do {
-        result = ::fsync(folder);
-    } while (result != 0 && errno == EINTR);
-    return result == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP || errno == ENOSYS;
+    return uninterrupted([=] { return ::fsync(directory); }) == 0 || errno == EINVAL
+        || errno == EROFS || errno == ENOTSUP || errno == ENOSYS;
 }
 
-bool WrittenVolumes::add(int folder, dev_t device)
+bool WrittenVolumes::add(int directory, dev_t device)
 {
     if (m_volumes.count(device) != 0) {
         return true;
     }
-    FolderHandle volume = FolderHandle::openBelow(folder, ".");
+    DirectoryHandle volume = DirectoryHandle::openBelow(directory, ".");
     return volume.isOpen() && m_volumes.emplace(device, std::move(volume)).second;
 }
 
@@ -55,8 +54,8 @@ bool WrittenVolumes::add(int folder, dev_t device)
 bool WrittenVolumes::flushDrives() const
 {
     bool isFlushed = true;
-    for (const auto &[device, folder] : m_volumes) {
-        const bool isDone = fsyncCoversName(folder.get()) || flushDirectory(folder.get());
+    for (const auto &[device, directory] : m_volumes) {
+        const bool isDone = fsyncCoversName(directory.get()) || flushDirectory(directory.get());
         isFlushed = isFlushed && isDone;
     }
     return isFlushed;
@@ -65,8 +64,8 @@ bool WrittenVolumes::flushDrives() const
 bool WrittenVolumes::sync() const
 {
     bool isWritten = true;
-    for (const auto &[device, folder] : m_volumes) {
-        isWritten = ::syncfs(folder.get()) == 0 && isWritten;
+    for (const auto &[device, directory] : m_volumes) {
+        isWritten = ::syncfs(directory.get()) == 0 && isWritten;
     }
     return flushDrives() && isWritten;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/filesystem/detail/FolderHandle.h"
+#include "shared/filesystem/detail/DirectoryHandle.h"
 
 #include <sys/types.h>
 
@@ -16,7 +16,7 @@ namespace Tavro::Shared::detail {
 bool fsyncCoversName(int fd);
 
 /** Flushes a directory; true as well where the file system has nothing to flush for one. */
-bool flushDirectory(int folder);
+bool flushDirectory(int directory);
 
 /**
  * The file systems that a run writes to, kept open for its last flushes.
@@ -26,8 +26,8 @@ bool flushDirectory(int folder);
 class WrittenVolumes
 {
 public:
-    /** Adds the volume @p device of the directory @p folder, once; false when it cannot. */
-    bool add(int folder, dev_t device);
+    /** Adds the volume @p device of the directory @p directory, once; false when it cannot. */
+    bool add(int directory, dev_t device);
 
     /**
      * Flushes the drives' own caches where sync() does not: it sends no flush to a FAT drive,
@@ -38,7 +38,7 @@ public:
     bool sync() const;
 
 private:
-    std::map<dev_t, FolderHandle> m_volumes; // a directory of each
+    std::map<dev_t, DirectoryHandle> m_volumes; // a directory of each
 };
 
 } // namespace Tavro::Shared::detail

@@ -1,6 +1,8 @@
 #include "shared/filesystem/detail/FileComparison.h"
 
+#include "shared/filesystem/detail/Descriptor.h"
 #include "shared/filesystem/detail/NativeName.h"
+#include "shared/filesystem/detail/SystemCall.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -10,7 +12,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstring>
 #include <memory>
 
@@ -27,7 +28,6 @@ class BlockReader
 
 public:
     explicit BlockReader(const QString &path);
-    ~BlockReader();
 
     /** True until opening or reading fails. */
     bool isReadable() const { return !m_hasFailed; }
@@ -47,8 +47,8 @@ private:
     bool openFile(const QString &path);
     qint64 read(char *data, size_t size);
 
-    QFile m_resource; // open in place of the descriptor
-    int m_fd = -1;
+    QFile m_resource; // open in place of the file
+    Descriptor m_file;
     bool m_hasFailed = false;
     std::unique_ptr<char[]> m_block{new char[s_blockSize]};
     size_t m_size = 0;
@@ -74,28 +74,21 @@ bool BlockReader::openFile(const QString &path)
         return false;
     }
     const QByteArray name = QFile::encodeName(path);
-    do {
-        m_fd = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
-    } while (m_fd < 0 && errno == EINTR);
+    m_file = Descriptor(uninterrupted([&name] {
+        return ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    }));
     struct stat info = {};
-    if (m_fd < 0 || ::fstat(m_fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+    if (!m_file.isOpen() || ::fstat(m_file.get(), &info) != 0 || !S_ISREG(info.st_mode)) {
         return false;
     }
-    ::posix_fadvise(m_fd, 0, 0, POSIX_FADV_SEQUENTIAL);
+    ::posix_fadvise(m_file.get(), 0, 0, POSIX_FADV_SEQUENTIAL);
     return true;
-}
-
-BlockReader::~BlockReader()
-{
-    if (m_fd >= 0) {
-        ::close(m_fd);
-    }
 }
 
 qint64 BlockReader::read(char *data, size_t size)
 {
     return m_resource.isOpen() ? m_resource.read(data, static_cast<qint64>(size))
-                               : ::read(m_fd, data, size);
+                               : uninterrupted([&] { return ::read(m_file.get(), data, size); });
 }
 
 void BlockReader::next()
@@ -106,18 +99,18 @@ void BlockReader::next()
         if (n == 0) {
             return;
         }
-        if (n > 0) {
-            m_size += static_cast<size_t>(n);
-        } else if (m_resource.isOpen() || errno != EINTR) {
+        if (n < 0) {
             m_hasFailed = true;
+            return;
         }
+        m_size += static_cast<size_t>(n);
     }
 }
 
 void BlockReader::rewind()
 {
     m_hasFailed = m_hasFailed
-        || !(m_resource.isOpen() ? m_resource.seek(0) : ::lseek(m_fd, 0, SEEK_SET) == 0);
+        || !(m_resource.isOpen() ? m_resource.seek(0) : ::lseek(m_file.get(), 0, SEEK_SET) == 0);
 }
 
 bool BlockReader::readToEnd()

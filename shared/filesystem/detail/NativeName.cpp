@@ -44,7 +44,7 @@ NativeName::NativeName(const QString &path, int begin)
         const QChar *text = path.constData() + begin;
         for (int i = 0; i < length; ++i) {
             const ushort c = text[i].unicode();
-            isPlain = isPlain && c != 0 && c < 0x80;
+            isPlain = isPlain && c < 0x80;
             m_plain[static_cast<size_t>(i)] = static_cast<char>(c);
         }
         m_plain[static_cast<size_t>(length)] = '\0';

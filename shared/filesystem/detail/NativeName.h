@@ -22,13 +22,13 @@ QString resolvedPath(const QString &path);
 /** True for a resource of the program, ":/name": only QFile and QDir know what it is. */
 bool isResource(const QString &path);
 
-/** What the system calls an entry of a folder; a plain name costs no allocation. */
+/** What the system calls an entry of a directory; a plain name costs no allocation. */
 class NativeName
 {
     Q_DISABLE_COPY(NativeName)
 
 public:
-    /** The name is @p path behind position @p begin. */
+    /** The name is @p path, which isNameable(), behind position @p begin. */
     NativeName(const QString &path, int begin);
 
     const char *get() const { return m_encoded.isNull() ? m_plain.data() : m_encoded.constData(); }

@@ -1,6 +1,6 @@
 #include "shared/filesystem/detail/TreeSize.h"
 
-#include "shared/filesystem/detail/FolderDescent.h"
+#include "shared/filesystem/detail/DirectoryDescent.h"
 #include "shared/filesystem/detail/NativeName.h"
 
 #include <QDirIterator>
@@ -14,23 +14,23 @@ namespace Tavro::Shared::detail {
 
 namespace {
 
-class Sum : public FolderDescent
+class Sum : public DirectoryDescent
 {
 public:
     qint64 bytes() const { return m_bytes; }
 
 protected:
-    Next visit(int folder, const dirent64 &entry) override
+    Next visit(int directory, const dirent64 &entry) override
     {
         struct stat info = {};
         if ((entry.d_type == DT_REG || entry.d_type == DT_UNKNOWN)
-            && ::fstatat(folder, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) == 0
+            && ::fstatat(directory, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) == 0
             && S_ISREG(info.st_mode)) {
             m_bytes += info.st_size;
         }
         return Next::GoOn;
     }
-    void leave(int /*folder*/, const char * /*name*/) override { }
+    void leave(int /*directory*/, const char * /*name*/) override { }
 
 private:
     qint64 m_bytes = 0;
@@ -58,8 +58,8 @@ qint64 treeSize(const QString &path)
     if (isResource(resolved)) {
         return sizeOfResources(resolved);
     }
-    FolderHandle root =
-        FolderHandle::open(QFile::encodeName(resolved).constData(), FolderHandle::Links::Follow);
+    DirectoryHandle root =
+        DirectoryHandle::open(QFile::encodeName(resolved).constData(), Links::Follow);
     if (!root.isOpen()) {
         return 0;
     }

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "shared/fileops/CFileDeleteData.h"
+#include "shared/fileops/CFileDeleteWorker.h"
+#include "shared/fileops/detail/TreeRemoval.h"
+#include "shared/fileops/detail/WorkerCore.h"
+
+namespace Tavro::Shared {
+
+namespace detail {
+
+/** What one run deletes. */
+struct DeleteRequest : RunRequest
+{
+    QList<CFileDeleteData> jobs;
+    QList<RemovalRoot> roots; // what each job's path meant when it was loaded
+    QList<QStringList> unreadable; // of each job: directories that could not be listed
+};
+
+using DeleteCore = WorkerCore<CFileDeleteWorker, DeleteRequest>;
+
+} // namespace detail
+
+/** The requests and the steps of a CFileDeleteWorker; its controller loads them here as well. */
+class CFileDeleteWorker::Private : public detail::DeleteCore
+{
+public:
+    using WorkerCore::WorkerCore;
+
+    static RequestPointer requestFor(const QStringList &paths);
+
+    static void enumerateFiles(detail::DeleteRequest &request);
+
+protected:
+    bool takeStep(detail::DeleteRequest &request) override;
+    void close(const RequestPointer &request) override;
+
+private:
+    void deleteTrees(detail::DeleteRequest &request);
+    bool deleteFiles(detail::DeleteRequest &request, const CFileDeleteData &job,
+                     const QString &root);
+    bool deleteRest(detail::DeleteRequest &request, int job);
+    void fail(detail::DeleteRequest &request, CFileDeleteController::Error error, int systemError,
+              const QString &path);
+};
+
+} // namespace Tavro::Shared
