@@ -16,7 +16,9 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 #include <QTextStream>
+#include <QVariant>
 
 #include <cmath>
 
@@ -83,7 +85,9 @@ qint32 lastValueIndex(const QByteArray &content)
     return end < 0 ? 0 : numberIn(entry.left(end));
 }
 
-void writeEntries(QTextStream &out, const QMap<QString, QVariant> &entries)
+using Entries = QMap<QString, QVariant>;
+
+void writeEntries(QTextStream &out, const Entries &entries)
 {
     for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
         // the stream would round a double to six digits
@@ -93,11 +97,44 @@ void writeEntries(QTextStream &out, const QMap<QString, QVariant> &entries)
 
 } // namespace
 
+class Q_DECL_HIDDEN ClipInfoHandler::Private
+{
+public:
+    explicit Private(AppLogic::CVideoCreationHandler *handler)
+        : creationHandler(handler)
+    {
+    }
+
+    Multimedia::CVideoRecorder *videoRecorder() const
+    {
+        return creationHandler ? creationHandler->videoRecorder() : nullptr;
+    }
+
+    Entries clipInfo;
+    Entries indexInfo;
+    Entries laserCalibration;
+    Entries indexing;
+    QString originalClipName;
+    QString infoFilePath; // empty while no clip is under way
+    bool paused = false;
+    bool resumed = false; // the file was there already, so stop() appends
+    qint32 nextValueIndex = 0;
+    AppLogic::CVideoCreationHandler *const creationHandler;
+    double lastDistance = 0.0; // of the last sample that a change of distance has caused
+    double lastTime = 0.0; // of the last sample, in seconds
+    double pan = 0.0;
+    double tilt = 0.0;
+    double cameraConstant = 0.0;
+    double distanceOffset = 0.0;
+};
+
 ClipInfoHandler::ClipInfoHandler(AppLogic::CVideoCreationHandler *handler)
     : QObject(handler)
-    , m_creationHandler(handler)
+    , d(std::make_unique<Private>(handler))
 {
 }
+
+ClipInfoHandler::~ClipInfoHandler() = default;
 
 QString ClipInfoHandler::videoPathToFilePath(const QString &videoPath)
 {
@@ -117,7 +154,7 @@ bool ClipInfoHandler::connectToVideoRecorder(Multimedia::CVideoRecorder *recorde
         return false;
     }
     // the argument is only tested; the recorder that takes the video is the creation handler's
-    if (const auto *ownRecorder = videoRecorder()) {
+    if (const auto *ownRecorder = d->videoRecorder()) {
         connect(ownRecorder, &Multimedia::CVideoRecorder::stateChanged, this,
                 &ClipInfoHandler::onVideoRecorderStateChanged, s_connectOnce);
     }
@@ -127,29 +164,29 @@ bool ClipInfoHandler::connectToVideoRecorder(Multimedia::CVideoRecorder *recorde
 bool ClipInfoHandler::initRecordedVideoIndexing(const QString &videoPath)
 {
     const AppLogic::PanTiltProvider *camera = panTiltProvider();
-    m_cameraConstant = camera->getCameraConstant();
-    m_distanceOffset = camera->getDistanceOffset();
+    d->cameraConstant = camera->getCameraConstant();
+    d->distanceOffset = camera->getDistanceOffset();
     connectSignalsForIndexing();
-    m_tilt = camera->getTilt();
-    m_pan = camera->getPan();
+    d->tilt = camera->getTilt();
+    d->pan = camera->getPan();
     setVideoIndexingFilePath(videoPath);
     return start();
 }
 
 void ClipInfoHandler::setVideoIndexingFilePath(const QString &videoPath)
 {
-    m_infoFilePath = videoPathToFilePath(videoPath);
-    m_originalClipName = QFileInfo(videoPath).fileName();
+    d->infoFilePath = videoPathToFilePath(videoPath);
+    d->originalClipName = QFileInfo(videoPath).fileName();
 }
 
 bool ClipInfoHandler::start()
 {
-    QFile file(m_infoFilePath);
+    QFile file(d->infoFilePath);
     if (file.exists()) {
         resume(file);
     } else {
         writeClipInfo();
-        m_nextValueIndex = 0;
+        d->nextValueIndex = 0;
     }
     return true;
 }
@@ -159,20 +196,21 @@ bool ClipInfoHandler::resume(QFile &file)
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return false;
     }
-    m_nextValueIndex = numberAfter(lastValueIndex(file.readAll()));
+    d->nextValueIndex = numberAfter(lastValueIndex(file.readAll()));
     file.close();
-    m_resumed = true;
+    d->resumed = true;
     return true;
 }
 
 bool ClipInfoHandler::writeClipInfo()
 {
-    m_clipInfo.insert(QStringLiteral("Application"), QCoreApplication::applicationName());
-    m_clipInfo.insert(QStringLiteral("ClipRatio"), s_pictureRatio);
-    m_clipInfo.insert(QStringLiteral("CreationDate"),
-                      QDateTime::currentDateTime().toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")));
-    m_clipInfo.insert(QStringLiteral("OriginalClipName"), m_originalClipName);
-    m_clipInfo.insert(QStringLiteral("PictureRatio"), s_pictureRatio);
+    d->clipInfo.insert(QStringLiteral("Application"), QCoreApplication::applicationName());
+    d->clipInfo.insert(QStringLiteral("ClipRatio"), s_pictureRatio);
+    d->clipInfo.insert(
+        QStringLiteral("CreationDate"),
+        QDateTime::currentDateTime().toString(QStringLiteral("dd.MM.yyyy hh:mm:ss")));
+    d->clipInfo.insert(QStringLiteral("OriginalClipName"), d->originalClipName);
+    d->clipInfo.insert(QStringLiteral("PictureRatio"), s_pictureRatio);
     writeIndexInfo();
     writeLaserCalibrationInfo();
     return true;
@@ -180,76 +218,77 @@ bool ClipInfoHandler::writeClipInfo()
 
 bool ClipInfoHandler::writeIndexInfo()
 {
-    m_indexInfo.insert(QStringLiteral("DistanceUnit"), CLocaleSupport::getDistanceUnitString());
+    d->indexInfo.insert(QStringLiteral("DistanceUnit"), CLocaleSupport::getDistanceUnitString());
     return true;
 }
 
 bool ClipInfoHandler::writeLaserCalibrationInfo()
 {
-    m_laserCalibration.insert(QStringLiteral("Intercept"), m_distanceOffset / 100000.0);
-    m_laserCalibration.insert(QStringLiteral("Slope"), m_cameraConstant / 100.0);
+    d->laserCalibration.insert(QStringLiteral("Intercept"), d->distanceOffset / 100000.0);
+    d->laserCalibration.insert(QStringLiteral("Slope"), d->cameraConstant / 100.0);
     return true;
 }
 
 bool ClipInfoHandler::write(double time, double distance, int code, double pan, double tilt)
 {
-    if (time < m_lastTime) {
+    if (time < d->lastTime) {
         return false;
     }
-    m_lastTime = time;
+    d->lastTime = time;
     if (CLocaleSupport::getDistanceUnit() == Base::DistanceUnit::Feet) {
         distance = CConversionServices::convertMetersToFeet(distance);
     }
     const QString key =
-        QStringLiteral("Val%1").arg(m_nextValueIndex, s_indexDigits, 10, QLatin1Char('0'));
+        QStringLiteral("Val%1").arg(d->nextValueIndex, s_indexDigits, 10, QLatin1Char('0'));
     // a hint: up to Val99999 each one goes to the end
-    m_indexing.insert(m_indexing.cend(), key, detail::sampleText(time, distance, code, pan, tilt));
-    m_nextValueIndex = numberAfter(m_nextValueIndex);
+    d->indexing.insert(d->indexing.cend(), key,
+                       detail::sampleText(time, distance, code, pan, tilt));
+    d->nextValueIndex = numberAfter(d->nextValueIndex);
     return true;
 }
 
 bool ClipInfoHandler::writeInitialIndexingDistance()
 {
     const double distance = distanceCounter()->distanceValue();
-    const auto *recorder = videoRecorder();
+    const auto *recorder = d->videoRecorder();
     if (!recorder || recorder->state() != s_recorderRecording) {
         return false;
     }
     // the initial sample has 0, wherever the camera looks
     const bool isWritten = write(secondsOf(*recorder), distance, 0, 0.0, 0.0);
-    m_lastDistance = distance;
+    d->lastDistance = distance;
     return isWritten;
 }
 
 bool ClipInfoHandler::stop()
 {
-    if (m_infoFilePath.isEmpty()) {
+    if (d->infoFilePath.isEmpty()) {
         return false;
     }
-    QFile file(m_infoFilePath);
-    const QIODevice::OpenMode mode = m_resumed ? QIODevice::Append : QIODevice::Truncate;
+    QFile file(d->infoFilePath);
+    const QIODevice::OpenMode mode = d->resumed ? QIODevice::Append : QIODevice::Truncate;
     if (!file.open(QIODevice::WriteOnly | mode | QIODevice::Text)) {
         return false;
     }
     QTextStream out(&file);
-    if (!m_resumed) {
+    if (!d->resumed) {
         out << QLatin1String("[ClipInfo]\n");
-        writeEntries(out, m_clipInfo);
+        writeEntries(out, d->clipInfo);
         out << QLatin1String("\n[IndexInfo]\n");
-        writeEntries(out, m_indexInfo);
+        writeEntries(out, d->indexInfo);
         out << QLatin1String("\n[LaserCalibration]\n");
-        writeEntries(out, m_laserCalibration);
+        writeEntries(out, d->laserCalibration);
         out << QLatin1String("\n[Indexing]\n");
     }
-    writeEntries(out, m_indexing);
+    writeEntries(out, d->indexing);
 
-    m_lastTime = 0.0;
-    m_resumed = false;
-    m_clipInfo.clear();
-    m_indexInfo.clear();
-    m_laserCalibration.clear();
-    m_indexing.clear();
-    m_infoFilePath.clear();
+    d->lastTime = 0.0;
+    d->resumed = false;
+    d->clipInfo.clear();
+    d->indexInfo.clear();
+    d->laserCalibration.clear();
+    d->indexing.clear();
+    d->infoFilePath.clear();
     return true;
 }
 
@@ -259,8 +298,8 @@ bool ClipInfoHandler::endVideoIndexing()
         return false;
     }
     disconnectSignalsForIndexing();
-    m_pan = 0.0;
-    m_tilt = 0.0;
+    d->pan = 0.0;
+    d->tilt = 0.0;
     return stop();
 }
 
@@ -289,7 +328,7 @@ void ClipInfoHandler::disconnectSignalsForIndexing()
                &ClipInfoHandler::onDistanceCounterValueChanged);
     disconnect(AppState::instance(), &AppState::observationCreated, this,
                &ClipInfoHandler::onObservationCreated);
-    if (const auto *recorder = videoRecorder()) {
+    if (const auto *recorder = d->videoRecorder()) {
         disconnect(recorder, &Multimedia::CVideoRecorder::stateChanged, this,
                    &ClipInfoHandler::onVideoRecorderStateChanged);
     }
@@ -300,37 +339,37 @@ void ClipInfoHandler::disconnectSignalsForIndexing()
 
 void ClipInfoHandler::onDistanceCounterValueChanged(double distance)
 {
-    if (std::abs(distance - m_lastDistance) < s_leastChangeOfDistance) {
+    if (std::abs(distance - d->lastDistance) < s_leastChangeOfDistance) {
         return;
     }
-    if (const auto *recorder = videoRecorder()) {
-        write(secondsOf(*recorder), distance, 0, m_pan, m_tilt);
-        m_lastDistance = distance; // also of a sample that came too late to be written
+    if (const auto *recorder = d->videoRecorder()) {
+        write(secondsOf(*recorder), distance, 0, d->pan, d->tilt);
+        d->lastDistance = distance; // also of a sample that came too late to be written
     }
 }
 
 void ClipInfoHandler::onPanValueChanged(double pan)
 {
-    if (const auto *recorder = videoRecorder()) {
-        write(secondsOf(*recorder), m_lastDistance, 0, pan, m_tilt);
-        m_pan = pan;
+    if (const auto *recorder = d->videoRecorder()) {
+        write(secondsOf(*recorder), d->lastDistance, 0, pan, d->tilt);
+        d->pan = pan;
     }
 }
 
 void ClipInfoHandler::onTiltValueChanged(double tilt)
 {
-    if (const auto *recorder = videoRecorder()) {
-        write(secondsOf(*recorder), m_lastDistance, 0, m_pan, tilt);
-        m_tilt = tilt;
+    if (const auto *recorder = d->videoRecorder()) {
+        write(secondsOf(*recorder), d->lastDistance, 0, d->pan, tilt);
+        d->tilt = tilt;
     }
 }
 
 void ClipInfoHandler::onObservationCreated(const Database::CDomainObjectPointer &object)
 {
-    if (!m_creationHandler || m_creationHandler->currentSharedItem().isNull()) {
+    if (!d->creationHandler || d->creationHandler->currentSharedItem().isNull()) {
         return;
     }
-    const auto *recorder = videoRecorder();
+    const auto *recorder = d->videoRecorder();
     if (!recorder) {
         return;
     }
@@ -339,38 +378,33 @@ void ClipInfoHandler::onObservationCreated(const Database::CDomainObjectPointer 
         return;
     }
     // where the observation was made, but no change of distance: the threshold keeps its base
-    write(time, distanceCounter()->distanceValue(), 0, m_pan, m_tilt);
+    write(time, distanceCounter()->distanceValue(), 0, d->pan, d->tilt);
 }
 
 void ClipInfoHandler::onVideoRecorderStateChanged()
 {
-    const auto *recorder = videoRecorder();
+    const auto *recorder = d->videoRecorder();
     if (!recorder) {
         return;
     }
-    if (m_creationHandler->state() == s_creatingVideo && recorder->state() == s_recorderIdle) {
+    if (d->creationHandler->state() == s_creatingVideo && recorder->state() == s_recorderIdle) {
         if (isIndexingEnabled()) {
             endVideoIndexing();
         }
         return;
     }
     if (recorder->state() == s_recorderPaused) {
-        m_paused = true;
+        d->paused = true;
         return;
     }
-    if (m_paused) {
-        m_paused = false;
+    if (d->paused) {
+        d->paused = false;
         return;
     }
-    if (isIndexingEnabled() && m_creationHandler->state() == s_creatingVideo
+    if (isIndexingEnabled() && d->creationHandler->state() == s_creatingVideo
         && recorder->state() == s_recorderRecording) {
         writeInitialIndexingDistance();
     }
-}
-
-Multimedia::CVideoRecorder *ClipInfoHandler::videoRecorder() const
-{
-    return m_creationHandler ? m_creationHandler->videoRecorder() : nullptr;
 }
 
 } // namespace Tavro::Shared

@@ -3,10 +3,10 @@
 #include "host/CDomainObject.h"
 #include "shared/OvoSharedBaseExport.h"
 
-#include <QMap>
 #include <QObject>
 #include <QString>
-#include <QVariant>
+
+#include <memory>
 
 class QFile;
 
@@ -55,6 +55,7 @@ public:
      * recorder is needed. With null there is no recorder, and signals cause no samples.
      */
     explicit ClipInfoHandler(AppLogic::CVideoCreationHandler *handler = nullptr);
+    ~ClipInfoHandler() override;
 
     /**
      * Path of the clip information file of a video: the directory of the video, and its file name
@@ -181,26 +182,9 @@ public Q_SLOTS:
     void onVideoRecorderStateChanged();
 
 private:
-    using Entries = QMap<QString, QVariant>;
+    class Private;
 
-    Multimedia::CVideoRecorder *videoRecorder() const;
-
-    Entries m_clipInfo;
-    Entries m_indexInfo;
-    Entries m_laserCalibration;
-    Entries m_indexing;
-    QString m_originalClipName;
-    QString m_infoFilePath; // empty while no clip is under way
-    bool m_paused = false;
-    bool m_resumed = false; // the file was there already, so stop() appends
-    qint32 m_nextValueIndex = 0;
-    AppLogic::CVideoCreationHandler *const m_creationHandler;
-    double m_lastDistance = 0.0; // of the last sample that a change of distance has caused
-    double m_lastTime = 0.0; // of the last sample, in seconds
-    double m_pan = 0.0;
-    double m_tilt = 0.0;
-    double m_cameraConstant = 0.0;
-    double m_distanceOffset = 0.0;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -104,7 +104,7 @@ void runWithoutPool(const TaskPointer &task, Watcher *watcher)
 
 } // namespace
 
-class CDirectorySizeFinder::Private
+class Q_DECL_HIDDEN CDirectorySizeFinder::Private
 {
 };
 

@@ -20,7 +20,7 @@ constexpr quint32 s_moduleAndComponent = 0x000B0100; // this library, copying
 
 } // namespace
 
-class CFileCopyController::Private
+class Q_DECL_HIDDEN CFileCopyController::Private
 {
 public:
     using Handle = detail::WorkerHandle<CFileCopyWorker, detail::CopyCore>;

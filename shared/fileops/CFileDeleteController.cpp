@@ -15,7 +15,7 @@ constexpr quint32 s_moduleAndComponent = 0x000B0200; // this library, deleting
 
 } // namespace
 
-class CFileDeleteController::Private
+class Q_DECL_HIDDEN CFileDeleteController::Private
 {
 public:
     using Handle = detail::WorkerHandle<CFileDeleteWorker, detail::DeleteCore>;

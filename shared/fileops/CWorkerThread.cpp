@@ -4,7 +4,7 @@
 
 namespace Tavro::Shared {
 
-class CWorkerThread::Private
+class Q_DECL_HIDDEN CWorkerThread::Private
 {
 public:
     std::atomic<bool> startPending{true};

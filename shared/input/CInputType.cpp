@@ -4,8 +4,15 @@
 
 namespace Tavro::Shared {
 
+class Q_DECL_HIDDEN CInputType::Private
+{
+public:
+    QString valuesToHide;
+};
+
 CInputType::CInputType(QObject *parent)
     : QObject(parent)
+    , d(std::make_unique<Private>())
 {
 }
 
@@ -13,12 +20,12 @@ CInputType::~CInputType() = default;
 
 QString CInputType::valuesToHide() const
 {
-    return m_valuesToHide;
+    return d->valuesToHide;
 }
 
 void CInputType::setValuesToHide(QString values)
 {
-    m_valuesToHide = std::move(values);
+    d->valuesToHide = std::move(values);
 }
 
 } // namespace Tavro::Shared

@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QVariant>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -128,7 +130,9 @@ Q_SIGNALS:
     void itemListChanged();
 
 private:
-    QString m_valuesToHide;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

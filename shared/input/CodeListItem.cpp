@@ -2,43 +2,66 @@
 
 namespace Tavro::Shared {
 
-CodeListItem::CodeListItem() = default;
+class Q_DECL_HIDDEN CodeListItem::Private
+{
+public:
+    QString code;
+    QString text;
+    QString objectId;
+};
 
-CodeListItem::CodeListItem(const QString &code, const QString &text, const QString &objectId)
-    : m_code(code)
-    , m_text(text)
-    , m_objectId(objectId)
+CodeListItem::CodeListItem()
+    : d(std::make_unique<Private>())
 {
 }
 
+CodeListItem::CodeListItem(const QString &code, const QString &text, const QString &objectId)
+    : d(new Private{code, text, objectId})
+{
+}
+
+// not shared among copies: the readers give references that setters keep valid
+CodeListItem::CodeListItem(const CodeListItem &other)
+    : d(std::make_unique<Private>(*other.d))
+{
+}
+
+CodeListItem &CodeListItem::operator=(const CodeListItem &other)
+{
+    *d = *other.d;
+    return *this;
+}
+
+CodeListItem::~CodeListItem() = default;
+
 const QString &CodeListItem::code() const
 {
-    return m_code;
+    return d->code;
 }
 
 void CodeListItem::setCode(const QString &code)
 {
-    m_code = code;
+    d->code = code;
 }
 
 const QString &CodeListItem::text() const
 {
-    return m_text;
+    return d->text;
 }
 
 void CodeListItem::setText(const QString &text)
 {
-    m_text = text;
+    d->text = text;
 }
 
 const QString &CodeListItem::objectId() const
 {
-    return m_objectId;
+    return d->objectId;
 }
 
 void CodeListItem::setObjectId(const QString &objectId)
 {
-    m_objectId = objectId;
+    d->objectId = objectId;
 }
 
 } // namespace Tavro::Shared

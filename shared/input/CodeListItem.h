@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -17,6 +19,11 @@ public:
     CodeListItem();
     /** Creates an entry of the given texts. */
     CodeListItem(const QString &code, const QString &text, const QString &objectId);
+    /** All of @p other. */
+    CodeListItem(const CodeListItem &other);
+    /** All of @p other. */
+    CodeListItem &operator=(const CodeListItem &other);
+    ~CodeListItem();
 
     /** Code that is stored when the user chooses the entry. */
     const QString &code() const;
@@ -32,9 +39,9 @@ public:
     void setObjectId(const QString &objectId);
 
 private:
-    QString m_code;
-    QString m_text;
-    QString m_objectId;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -6,25 +6,34 @@
 
 namespace Tavro::Shared {
 
-DateTimeValidator::DateTimeValidator() = default;
+class Q_DECL_HIDDEN DateTimeValidator::Private
+{
+public:
+    QString format;
+};
+
+DateTimeValidator::DateTimeValidator()
+    : d(std::make_unique<Private>())
+{
+}
 
 DateTimeValidator::~DateTimeValidator() = default;
 
 QString DateTimeValidator::format() const
 {
-    return m_format;
+    return d->format;
 }
 
 void DateTimeValidator::setFormat(const QString &format)
 {
-    m_format = format;
+    d->format = format;
     m_hintOutdated = true;
 }
 
 QValidator::State DateTimeValidator::validate(QString &input, int &pos) const
 {
     Q_UNUSED(pos)
-    if (QDateTime::fromString(input, m_format).isValid()) {
+    if (QDateTime::fromString(input, d->format).isValid()) {
         return QValidator::Acceptable;
     }
     detail::logRefusedText(QStringLiteral("DateTimeValidator"), input);
@@ -33,7 +42,7 @@ QValidator::State DateTimeValidator::validate(QString &input, int &pos) const
 
 void DateTimeValidator::updateHint()
 {
-    m_hint = QStringLiteral("Date have to match format: %1\n").arg(m_format);
+    m_hint = QStringLiteral("Date have to match format: %1\n").arg(d->format);
 }
 
 } // namespace Tavro::Shared

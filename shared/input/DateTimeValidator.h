@@ -3,6 +3,8 @@
 #include "shared/OvoSharedBaseExport.h"
 #include "shared/input/Validator.h"
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -40,7 +42,9 @@ Q_SIGNALS:
     void formatChanged();
 
 private:
-    QString m_format;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

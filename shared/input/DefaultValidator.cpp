@@ -2,6 +2,10 @@
 
 namespace Tavro::Shared {
 
+class Q_DECL_HIDDEN DefaultValidator::Private
+{
+};
+
 DefaultValidator::DefaultValidator() = default;
 
 DefaultValidator::~DefaultValidator() = default;

@@ -6,6 +6,7 @@
 #include <QLocale>
 
 #include <cmath>
+#include <limits>
 
 namespace Tavro::Shared {
 
@@ -16,42 +17,66 @@ constexpr double s_tolerance = 1e-12;
 
 } // namespace
 
-DoubleValidator::DoubleValidator() = default;
+class Q_DECL_HIDDEN DoubleValidator::Private
+{
+public:
+    bool isOnGrid(double value) const
+    {
+        if (std::abs(step) > s_tolerance) {
+            const double steps = (value - bottom) / step;
+            return std::abs(steps - std::round(steps)) <= s_tolerance;
+        }
+        return true;
+    }
+
+    // min() of a floating point type is its smallest positive number: forms rely on a field
+    // without a bottom refusing 0
+    double bottom = std::numeric_limits<double>::min();
+    double top = std::numeric_limits<double>::max();
+    double step = 0.0;
+    bool bottomSet = false; // as the user's rule, not as the limit of the type
+    bool topSet = false;
+};
+
+DoubleValidator::DoubleValidator()
+    : d(std::make_unique<Private>())
+{
+}
 
 DoubleValidator::~DoubleValidator() = default;
 
 double DoubleValidator::bottom() const
 {
-    return m_bottom;
+    return d->bottom;
 }
 
 void DoubleValidator::setBottom(double bottom)
 {
-    m_bottom = bottom;
-    m_bottomSet = true;
+    d->bottom = bottom;
+    d->bottomSet = true;
     m_hintOutdated = true;
 }
 
 double DoubleValidator::top() const
 {
-    return m_top;
+    return d->top;
 }
 
 void DoubleValidator::setTop(double top)
 {
-    m_top = top;
-    m_topSet = true;
+    d->top = top;
+    d->topSet = true;
     m_hintOutdated = true;
 }
 
 double DoubleValidator::step() const
 {
-    return m_step;
+    return d->step;
 }
 
 void DoubleValidator::setStep(double step)
 {
-    m_step = step;
+    d->step = step;
     m_hintOutdated = true;
 }
 
@@ -69,33 +94,24 @@ QValidator::State DoubleValidator::validate(QString &input, int &pos) const
         return QValidator::Invalid;
     }
     // nothing holds for a NaN, so it falls through
-    if (m_bottom <= value && value <= m_top && isOnGrid(value)) {
+    if (d->bottom <= value && value <= d->top && d->isOnGrid(value)) {
         return QValidator::Acceptable;
     }
     return QValidator::Invalid;
 }
 
-bool DoubleValidator::isOnGrid(double value) const
-{
-    if (std::abs(m_step) > s_tolerance) {
-        const double steps = (value - m_bottom) / m_step;
-        return std::abs(steps - std::round(steps)) <= s_tolerance;
-    }
-    return true;
-}
-
 void DoubleValidator::updateHint()
 {
     m_hint.clear();
-    if (m_bottomSet) {
-        m_hint += QStringLiteral("Minimum value larger or equal %1\n").arg(m_bottom);
+    if (d->bottomSet) {
+        m_hint += QStringLiteral("Minimum value larger or equal %1\n").arg(d->bottom);
     }
-    if (m_topSet) {
-        m_hint += QStringLiteral("Maximum value smaller or equal %1\n").arg(m_top);
+    if (d->topSet) {
+        m_hint += QStringLiteral("Maximum value smaller or equal %1\n").arg(d->top);
     }
     // not by the tolerance: a step too small to be checked is told all the same
-    if (m_step != 0.0) {
-        m_hint += QStringLiteral("Value quantized with step size %1\n").arg(m_step);
+    if (d->step != 0.0) {
+        m_hint += QStringLiteral("Value quantized with step size %1\n").arg(d->step);
     }
 }
 

@@ -3,7 +3,7 @@
 #include "shared/OvoSharedBaseExport.h"
 #include "shared/input/Validator.h"
 
-#include <limits>
+#include <memory>
 
 namespace Tavro::Shared {
 
@@ -86,15 +86,9 @@ Q_SIGNALS:
     void stepChanged(double step);
 
 private:
-    bool isOnGrid(double value) const;
+    class Private;
 
-    // min() of a floating point type is its smallest positive number: forms rely on a field
-    // without a bottom refusing 0
-    double m_bottom = std::numeric_limits<double>::min();
-    double m_top = std::numeric_limits<double>::max();
-    double m_step = 0.0;
-    bool m_bottomSet = false; // as the user's rule, not as the limit of the type
-    bool m_topSet = false;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

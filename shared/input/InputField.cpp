@@ -2,147 +2,181 @@
 
 namespace Tavro::Shared {
 
-InputField::InputField() = default;
+class Q_DECL_HIDDEN InputField::Private
+{
+public:
+    QString caption;
+    QString boundColumn;
+    QString unit;
+    QString defaultValue;
+    bool isMandatory = false;
+    bool isReadonly = false;
+    bool allowNoListItems = false;
+    DataType dataType = DataTypeNone;
+    int maximumTextLength = 0;
+    int precission = 0;
+    QString minimumValue;
+    QString maximumValue;
+    QList<ListItem> itemList;
+    bool isVisible = false;
+    QString inputFormat;
+    QString displayFormat;
+};
 
-InputField::InputField(const InputField &other) = default;
+InputField::InputField()
+    : d(std::make_unique<Private>())
+{
+}
 
-InputField &InputField::operator=(const InputField &other) = default;
+// not shared among copies: itemList() is a reference that setters keep valid
+InputField::InputField(const InputField &other)
+    : m_controlType(other.m_controlType)
+    , d(std::make_unique<Private>(*other.d))
+{
+}
+
+InputField &InputField::operator=(const InputField &other)
+{
+    m_controlType = other.m_controlType;
+    *d = *other.d;
+    return *this;
+}
 
 InputField::~InputField() = default;
 
 QString InputField::caption() const
 {
-    return m_caption;
+    return d->caption;
 }
 
 void InputField::setCaption(const QString &caption)
 {
-    m_caption = caption;
+    d->caption = caption;
 }
 
 QString InputField::boundColumn() const
 {
-    return m_boundColumn;
+    return d->boundColumn;
 }
 
 void InputField::setBoundColumn(const QString &boundColumn)
 {
-    m_boundColumn = boundColumn;
+    d->boundColumn = boundColumn;
 }
 
 QString InputField::unit() const
 {
-    return m_unit;
+    return d->unit;
 }
 
 void InputField::setUnit(const QString &unit)
 {
-    m_unit = unit;
+    d->unit = unit;
 }
 
 QString InputField::defaultValue() const
 {
-    return m_defaultValue;
+    return d->defaultValue;
 }
 
 void InputField::setDefaultValue(const QString &defaultValue)
 {
-    m_defaultValue = defaultValue;
+    d->defaultValue = defaultValue;
 }
 
 bool InputField::isMandatory() const
 {
-    return m_isMandatory;
+    return d->isMandatory;
 }
 
 void InputField::setIsMandatory(bool isMandatory)
 {
-    m_isMandatory = isMandatory;
+    d->isMandatory = isMandatory;
 }
 
 bool InputField::isReadonly() const
 {
-    return m_isReadonly;
+    return d->isReadonly;
 }
 
 void InputField::setIsReadonly(bool isReadonly)
 {
-    m_isReadonly = isReadonly;
+    d->isReadonly = isReadonly;
 }
 
 bool InputField::allowNoListItems() const
 {
-    return m_allowNoListItems;
+    return d->allowNoListItems;
 }
 
 void InputField::setAllowNoListItems(bool allowNoListItems)
 {
-    m_allowNoListItems = allowNoListItems;
+    d->allowNoListItems = allowNoListItems;
 }
 
 InputField::DataType InputField::dataType() const
 {
-    return m_dataType;
+    return d->dataType;
 }
 
 void InputField::setDataType(DataType dataType)
 {
-    m_dataType = dataType;
+    d->dataType = dataType;
 }
 
 int InputField::maximumTextLength() const
 {
-    return m_maximumTextLength;
+    return d->maximumTextLength;
 }
 
 void InputField::setMaximumTextLength(int maximumTextLength)
 {
-    m_maximumTextLength = maximumTextLength;
+    d->maximumTextLength = maximumTextLength;
 }
 
 int InputField::precission() const
 {
-    return m_precission;
+    return d->precission;
 }
 
 void InputField::setPrecission(int precission)
 {
-    m_precission = precission;
+    d->precission = precission;
 }
 
 QString InputField::minimumValue() const
 {
-    return m_minimumValue;
+    return d->minimumValue;
 }
 
 void InputField::setMinimumValue(const QString &minimumValue)
 {
-    m_minimumValue = minimumValue;
+    d->minimumValue = minimumValue;
 }
 
 QString InputField::maximumValue() const
 {
-    return m_maximumValue;
+    return d->maximumValue;
 }
 
 void InputField::setMaximumValue(const QString &maximumValue)
 {
-    m_maximumValue = maximumValue;
+    d->maximumValue = maximumValue;
 }
 
 const QList<ListItem> &InputField::itemList() const
 {
-    return m_itemList;
+    return d->itemList;
 }
 
 void InputField::setItemList(const QList<ListItem> &itemList)
 {
-    m_itemList = itemList;
+    d->itemList = itemList;
 }
 
 bool InputField::hasList() const
 {
-    return !m_itemList.isEmpty();
+    return !d->itemList.isEmpty();
 }
 
 int InputField::controlType() const
@@ -152,32 +186,32 @@ int InputField::controlType() const
 
 bool InputField::isVisible() const
 {
-    return m_isVisible;
+    return d->isVisible;
 }
 
 void InputField::setIsVisible(bool isVisible)
 {
-    m_isVisible = isVisible;
+    d->isVisible = isVisible;
 }
 
 QString InputField::inputFormat() const
 {
-    return m_inputFormat;
+    return d->inputFormat;
 }
 
 void InputField::setInputFormat(const QString &inputFormat)
 {
-    m_inputFormat = inputFormat;
+    d->inputFormat = inputFormat;
 }
 
 QString InputField::displayFormat() const
 {
-    return m_displayFormat;
+    return d->displayFormat;
 }
 
 void InputField::setDisplayFormat(const QString &displayFormat)
 {
-    m_displayFormat = displayFormat;
+    d->displayFormat = displayFormat;
 }
 
 } // namespace Tavro::Shared

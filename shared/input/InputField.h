@@ -6,6 +6,8 @@
 #include <QList>
 #include <QString>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -117,22 +119,9 @@ protected:
     int m_controlType = 0; /**< The value of controlType(); set by subclasses. */
 
 private:
-    QString m_caption;
-    QString m_boundColumn;
-    QString m_unit;
-    QString m_defaultValue;
-    bool m_isMandatory = false;
-    bool m_isReadonly = false;
-    bool m_allowNoListItems = false;
-    DataType m_dataType = DataTypeNone;
-    int m_maximumTextLength = 0;
-    int m_precission = 0;
-    QString m_minimumValue;
-    QString m_maximumValue;
-    QList<ListItem> m_itemList;
-    bool m_isVisible = false;
-    QString m_inputFormat;
-    QString m_displayFormat;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

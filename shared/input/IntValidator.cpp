@@ -2,44 +2,71 @@
 
 #include "shared/input/detail/RefusedText.h"
 
+#include <limits>
+
 namespace Tavro::Shared {
 
-IntValidator::IntValidator() = default;
+class Q_DECL_HIDDEN IntValidator::Private
+{
+public:
+    bool isOnGrid(int value) const
+    {
+        if (step == 0) {
+            return true;
+        }
+        // The difference wraps around at 32 bits. The remainder is taken in 64: -2147483648 % -1
+        // in 32 ends the process.
+        const auto distance =
+            static_cast<qint32>(static_cast<quint32>(value) - static_cast<quint32>(bottom));
+        return static_cast<qint64>(distance) % step == 0;
+    }
+
+    int bottom = std::numeric_limits<int>::min();
+    int top = std::numeric_limits<int>::max();
+    int step = 0;
+    bool bottomSet = false; // as the user's rule, not as the limit of the type
+    bool topSet = false;
+};
+
+IntValidator::IntValidator()
+    : d(std::make_unique<Private>())
+{
+}
 
 IntValidator::~IntValidator() = default;
 
 int IntValidator::bottom() const
 {
-    return m_bottom;
+    return d->bottom;
 }
 
 void IntValidator::setBottom(int bottom)
 {
-    m_bottom = bottom;
-    m_bottomSet = true;
+    d->bottom = bottom;
+    d->bottomSet = true;
     m_hintOutdated = true;
 }
 
 int IntValidator::top() const
 {
-    return m_top;
+    return d->top;
 }
 
 void IntValidator::setTop(int top)
 {
-    m_top = top;
-    m_topSet = true;
+    d->top = top;
+    d->topSet = true;
     m_hintOutdated = true;
 }
 
 int IntValidator::step() const
 {
-    return m_step;
+    return d->step;
 }
 
 void IntValidator::setStep(int step)
 {
-    m_step = step;
+    d->step = step;
     m_hintOutdated = true;
 }
 
@@ -59,35 +86,23 @@ QValidator::State IntValidator::validate(QString &input, int &pos) const
         detail::logRefusedText(QStringLiteral("IntValidator"), input);
         return QValidator::Invalid;
     }
-    if (value > m_top || value < m_bottom || !isOnGrid(value)) {
+    if (value > d->top || value < d->bottom || !d->isOnGrid(value)) {
         return QValidator::Invalid;
     }
     return QValidator::Acceptable;
 }
 
-bool IntValidator::isOnGrid(int value) const
-{
-    if (m_step == 0) {
-        return true;
-    }
-    // The difference wraps around at 32 bits. The remainder is taken in 64: -2147483648 % -1 in
-    // 32 ends the process.
-    const auto distance =
-        static_cast<qint32>(static_cast<quint32>(value) - static_cast<quint32>(m_bottom));
-    return static_cast<qint64>(distance) % m_step == 0;
-}
-
 void IntValidator::updateHint()
 {
     m_hint.clear();
-    if (m_bottomSet) {
-        m_hint += QStringLiteral("Minimum value larger or equal %1\n").arg(m_bottom);
+    if (d->bottomSet) {
+        m_hint += QStringLiteral("Minimum value larger or equal %1\n").arg(d->bottom);
     }
-    if (m_topSet) {
-        m_hint += QStringLiteral("Maximum value smaller or equal %1\n").arg(m_top);
+    if (d->topSet) {
+        m_hint += QStringLiteral("Maximum value smaller or equal %1\n").arg(d->top);
     }
-    if (m_step != 0) {
-        m_hint += QStringLiteral("Value quantized with step size %1\n").arg(m_step);
+    if (d->step != 0) {
+        m_hint += QStringLiteral("Value quantized with step size %1\n").arg(d->step);
     }
 }
 

@@ -3,7 +3,7 @@
 #include "shared/OvoSharedBaseExport.h"
 #include "shared/input/Validator.h"
 
-#include <limits>
+#include <memory>
 
 namespace Tavro::Shared {
 
@@ -78,13 +78,9 @@ Q_SIGNALS:
     void stepChanged(int step);
 
 private:
-    bool isOnGrid(int value) const;
+    class Private;
 
-    int m_bottom = std::numeric_limits<int>::min();
-    int m_top = std::numeric_limits<int>::max();
-    int m_step = 0;
-    bool m_bottomSet = false; // as the user's rule, not as the limit of the type
-    bool m_topSet = false;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

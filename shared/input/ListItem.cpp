@@ -2,43 +2,66 @@
 
 namespace Tavro::Shared {
 
-ListItem::ListItem() = default;
+class Q_DECL_HIDDEN ListItem::Private
+{
+public:
+    QVariant key;
+    QString text;
+    QString value;
+};
 
-ListItem::ListItem(const QVariant &key, const QString &text, const QString &value)
-    : m_key(key)
-    , m_text(text)
-    , m_value(value)
+ListItem::ListItem()
+    : d(std::make_unique<Private>())
 {
 }
 
+ListItem::ListItem(const QVariant &key, const QString &text, const QString &value)
+    : d(new Private{key, text, value})
+{
+}
+
+// not shared among copies: the readers give references that setters keep valid
+ListItem::ListItem(const ListItem &other)
+    : d(std::make_unique<Private>(*other.d))
+{
+}
+
+ListItem &ListItem::operator=(const ListItem &other)
+{
+    *d = *other.d;
+    return *this;
+}
+
+ListItem::~ListItem() = default;
+
 const QVariant &ListItem::key() const
 {
-    return m_key;
+    return d->key;
 }
 
 void ListItem::setKey(const QVariant &key)
 {
-    m_key = key;
+    d->key = key;
 }
 
 const QString &ListItem::text() const
 {
-    return m_text;
+    return d->text;
 }
 
 void ListItem::setText(const QString &text)
 {
-    m_text = text;
+    d->text = text;
 }
 
 const QString &ListItem::value() const
 {
-    return m_value;
+    return d->value;
 }
 
 void ListItem::setValue(const QString &value)
 {
-    m_value = value;
+    d->value = value;
 }
 
 } // namespace Tavro::Shared

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -18,6 +20,11 @@ public:
     ListItem();
     /** Creates an entry of the given key, text and value. */
     ListItem(const QVariant &key, const QString &text, const QString &value);
+    /** All of @p other. */
+    ListItem(const ListItem &other);
+    /** All of @p other. */
+    ListItem &operator=(const ListItem &other);
+    ~ListItem();
 
     /** Key by which the host identifies the entry. */
     const QVariant &key() const;
@@ -33,9 +40,9 @@ public:
     void setValue(const QString &value);
 
 private:
-    QVariant m_key;
-    QString m_text;
-    QString m_value;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -2,6 +2,10 @@
 
 namespace Tavro::Shared {
 
+class Q_DECL_HIDDEN NotEmptyValidator::Private
+{
+};
+
 NotEmptyValidator::NotEmptyValidator() = default;
 
 NotEmptyValidator::~NotEmptyValidator() = default;

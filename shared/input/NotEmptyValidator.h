@@ -3,6 +3,8 @@
 #include "shared/OvoSharedBaseExport.h"
 #include "shared/input/Validator.h"
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -23,6 +25,11 @@ public:
     QValidator::State validate(QString &input, int &pos) const override;
     /** Sets a hint of one line, which is always the same. */
     void updateHint() override;
+
+private:
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

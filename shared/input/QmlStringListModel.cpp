@@ -8,7 +8,17 @@ constexpr int s_minLineNumber = 1;
 
 } // namespace
 
-QmlStringListModel::QmlStringListModel() = default;
+class Q_DECL_HIDDEN QmlStringListModel::Private
+{
+public:
+    int maxLineNumber = 3;
+    int maxLineNumberAllFavorites = 14;
+};
+
+QmlStringListModel::QmlStringListModel()
+    : d(std::make_unique<Private>())
+{
+}
 
 QmlStringListModel::~QmlStringListModel() = default;
 
@@ -48,30 +58,30 @@ bool QmlStringListModel::setData(const QModelIndex &index, const QVariant &value
 
 int QmlStringListModel::getMaxLineNumber() const
 {
-    return m_maxLineNumber;
+    return d->maxLineNumber;
 }
 
 void QmlStringListModel::setMaxLineNumber(int maxLineNumber)
 {
     // the number asked for is compared, so one above the bound is announced each time
-    if (maxLineNumber == m_maxLineNumber) {
+    if (maxLineNumber == d->maxLineNumber) {
         return;
     }
-    m_maxLineNumber = maxLineNumber < m_maxLineNumberAllFavorites
+    d->maxLineNumber = maxLineNumber < d->maxLineNumberAllFavorites
         ? qMax(maxLineNumber, s_minLineNumber)
-        : m_maxLineNumberAllFavorites;
+        : d->maxLineNumberAllFavorites;
     Q_EMIT maxLineNumberChanged();
 }
 
 int QmlStringListModel::getMaxLineNumberAllFavorites() const
 {
-    return m_maxLineNumberAllFavorites;
+    return d->maxLineNumberAllFavorites;
 }
 
 void QmlStringListModel::setMaxLineNumberAllFavorites(int maxLineNumberAllFavorites)
 {
-    if (maxLineNumberAllFavorites > m_maxLineNumberAllFavorites) {
-        m_maxLineNumberAllFavorites = maxLineNumberAllFavorites;
+    if (maxLineNumberAllFavorites > d->maxLineNumberAllFavorites) {
+        d->maxLineNumberAllFavorites = maxLineNumberAllFavorites;
         Q_EMIT maxLineNumberAllFavoritesChanged();
     }
 }

@@ -4,6 +4,8 @@
 
 #include <QStringListModel>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -73,8 +75,9 @@ Q_SIGNALS:
     void maxLineNumberAllFavoritesChanged();
 
 private:
-    int m_maxLineNumber = 3;
-    int m_maxLineNumberAllFavorites = 14;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

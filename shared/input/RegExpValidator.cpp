@@ -2,6 +2,8 @@
 
 #include "shared/input/detail/RefusedText.h"
 
+#include <QRegExp>
+
 namespace Tavro::Shared {
 
 namespace {
@@ -96,8 +98,54 @@ private:
 
 } // namespace
 
+class Q_DECL_HIDDEN RegExpValidator::Private
+{
+public:
+    explicit Private(bool isMask)
+        : numericalMask(isMask)
+    {
+    }
+
+    void parsePattern()
+    {
+        if (!numericalMask) {
+            parsedPattern = pattern;
+            return;
+        }
+        int digits = 0;
+        const auto closeRun = [this, &digits] {
+            if (digits > 0) {
+                parsedPattern += QStringLiteral("[0-9]{%1}").arg(digits);
+                digits = 0;
+            }
+        };
+        parsedPattern = QLatin1Char('^');
+        const QByteArray mask = pattern.toLatin1();
+        for (const char sign : mask) {
+            if (sign == '0') {
+                ++digits;
+                continue;
+            }
+            closeRun();
+            if (sign == '.') {
+                parsedPattern += QLatin1Char('\\');
+            }
+            // any other sign keeps the meaning that it has in a pattern
+            parsedPattern += QLatin1Char(sign);
+        }
+        closeRun();
+        parsedPattern += QLatin1Char('$');
+    }
+
+    QString pattern;
+    QString parsedPattern;
+    QRegExp regExp;
+    bool isTooDeep = false; // for the engine, which then is not asked
+    const bool numericalMask;
+};
+
 RegExpValidator::RegExpValidator(bool numericalMask)
-    : m_numericalMask(numericalMask)
+    : d(std::make_unique<Private>(numericalMask))
 {
 }
 
@@ -105,53 +153,22 @@ RegExpValidator::~RegExpValidator() = default;
 
 QString RegExpValidator::pattern() const
 {
-    return m_regExp.pattern();
+    return d->regExp.pattern();
 }
 
 void RegExpValidator::setPattern(const QString &pattern)
 {
-    m_pattern = pattern;
-    parsePattern();
-    m_regExp.setPattern(m_parsedPattern); // compiles nothing before the first match
-    m_isTooDeep = GroupDepth(m_parsedPattern).deepest() > s_deepestGroup;
+    d->pattern = pattern;
+    d->parsePattern();
+    d->regExp.setPattern(d->parsedPattern); // compiles nothing before the first match
+    d->isTooDeep = GroupDepth(d->parsedPattern).deepest() > s_deepestGroup;
     m_hintOutdated = true;
-}
-
-void RegExpValidator::parsePattern()
-{
-    if (!m_numericalMask) {
-        m_parsedPattern = m_pattern;
-        return;
-    }
-    int digits = 0;
-    const auto closeRun = [this, &digits] {
-        if (digits > 0) {
-            m_parsedPattern += QStringLiteral("[0-9]{%1}").arg(digits);
-            digits = 0;
-        }
-    };
-    m_parsedPattern = QLatin1Char('^');
-    const QByteArray mask = m_pattern.toLatin1();
-    for (const char sign : mask) {
-        if (sign == '0') {
-            ++digits;
-            continue;
-        }
-        closeRun();
-        if (sign == '.') {
-            m_parsedPattern += QLatin1Char('\\');
-        }
-        // any other sign keeps the meaning that it has in a pattern
-        m_parsedPattern += QLatin1Char(sign);
-    }
-    closeRun();
-    m_parsedPattern += QLatin1Char('$');
 }
 
 QValidator::State RegExpValidator::validate(QString &input, int &pos) const
 {
     Q_UNUSED(pos)
-    if (!m_isTooDeep && m_regExp.exactMatch(input)) {
+    if (!d->isTooDeep && d->regExp.exactMatch(input)) {
         return QValidator::Acceptable;
     }
     detail::logRefusedText(QStringLiteral("RegExpValidator"), input);
@@ -160,7 +177,7 @@ QValidator::State RegExpValidator::validate(QString &input, int &pos) const
 
 void RegExpValidator::updateHint()
 {
-    m_hint = QStringLiteral("Expression have to match pattern: %1\n").arg(m_pattern);
+    m_hint = QStringLiteral("Expression have to match pattern: %1\n").arg(d->pattern);
 }
 
 } // namespace Tavro::Shared

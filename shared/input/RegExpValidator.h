@@ -3,7 +3,7 @@
 #include "shared/OvoSharedBaseExport.h"
 #include "shared/input/Validator.h"
 
-#include <QRegExp>
+#include <memory>
 
 namespace Tavro::Shared {
 
@@ -56,13 +56,9 @@ Q_SIGNALS:
     void patternChanged();
 
 private:
-    void parsePattern();
+    class Private;
 
-    QString m_pattern;
-    QString m_parsedPattern;
-    QRegExp m_regExp;
-    bool m_isTooDeep = false; // for the engine, which then is not asked
-    const bool m_numericalMask;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

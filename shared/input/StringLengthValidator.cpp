@@ -2,40 +2,54 @@
 
 #include "shared/input/detail/RefusedText.h"
 
+#include <limits>
+
 namespace Tavro::Shared {
 
-StringLengthValidator::StringLengthValidator() = default;
+class Q_DECL_HIDDEN StringLengthValidator::Private
+{
+public:
+    int bottom = 0;
+    int top = std::numeric_limits<int>::max();
+    bool bottomSet = false; // as the user's rule, not as the limit of the type
+    bool topSet = false;
+};
+
+StringLengthValidator::StringLengthValidator()
+    : d(std::make_unique<Private>())
+{
+}
 
 StringLengthValidator::~StringLengthValidator() = default;
 
 int StringLengthValidator::bottom() const
 {
-    return m_bottom;
+    return d->bottom;
 }
 
 void StringLengthValidator::setBottom(int bottom)
 {
-    m_bottom = bottom;
-    m_bottomSet = true;
+    d->bottom = bottom;
+    d->bottomSet = true;
     m_hintOutdated = true;
 }
 
 int StringLengthValidator::top() const
 {
-    return m_top;
+    return d->top;
 }
 
 void StringLengthValidator::setTop(int top)
 {
-    m_top = top;
-    m_topSet = true;
+    d->top = top;
+    d->topSet = true;
     m_hintOutdated = true;
 }
 
 QValidator::State StringLengthValidator::validate(QString &input, int &pos) const
 {
     Q_UNUSED(pos)
-    if (m_bottom <= input.size() && input.size() <= m_top) {
+    if (d->bottom <= input.size() && input.size() <= d->top) {
         return QValidator::Acceptable;
     }
     detail::logRefusedText(QStringLiteral("StringLengthValidator"), input);
@@ -45,11 +59,11 @@ QValidator::State StringLengthValidator::validate(QString &input, int &pos) cons
 void StringLengthValidator::updateHint()
 {
     m_hint.clear();
-    if (m_bottomSet) {
-        m_hint += QStringLiteral("Minimum length larger or equal %1\n").arg(m_bottom);
+    if (d->bottomSet) {
+        m_hint += QStringLiteral("Minimum length larger or equal %1\n").arg(d->bottom);
     }
-    if (m_topSet) {
-        m_hint += QStringLiteral("Maximum length smaller or equal %1\n").arg(m_top);
+    if (d->topSet) {
+        m_hint += QStringLiteral("Maximum length smaller or equal %1\n").arg(d->top);
     }
 }
 

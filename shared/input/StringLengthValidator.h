@@ -3,7 +3,7 @@
 #include "shared/OvoSharedBaseExport.h"
 #include "shared/input/Validator.h"
 
-#include <limits>
+#include <memory>
 
 namespace Tavro::Shared {
 
@@ -56,10 +56,9 @@ Q_SIGNALS:
     void topChanged(int top);
 
 private:
-    int m_bottom = 0;
-    int m_top = std::numeric_limits<int>::max();
-    bool m_bottomSet = false; // as the user's rule, not as the limit of the type
-    bool m_topSet = false;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -9,11 +9,23 @@
 #include "shared/input/StringLengthValidator.h"
 
 #include <QPointer>
+#include <QSharedPointer>
 
 namespace Tavro::Shared {
 
+class Q_DECL_HIDDEN TextValidator::Private
+{
+public:
+    QString hint;
+    // these three in parallel
+    QVector<QSharedPointer<Validator>> validators;
+    QVector<ValidatorType> validatorTypes;
+    QVector<QString> hints;
+};
+
 TextValidator::TextValidator(QObject *parent)
     : QObject(parent)
+    , d(std::make_unique<Private>())
 {
 }
 
@@ -21,33 +33,33 @@ TextValidator::~TextValidator() = default;
 
 QString TextValidator::hint() const
 {
-    return m_hint;
+    return d->hint;
 }
 
 bool TextValidator::hasHint() const
 {
-    return !m_validators.isEmpty();
+    return !d->validators.isEmpty();
 }
 
 QVector<TextValidator::ValidatorType> TextValidator::validatorTypes() const
 {
-    return m_validatorTypes;
+    return d->validatorTypes;
 }
 
 void TextValidator::addValidator(ValidatorType type, const QVariantMap &options)
 {
     const QSharedPointer<Validator> validator(createNewValidator(type));
-    m_validators.append(validator);
-    m_validatorTypes.append(type);
+    d->validators.append(validator);
+    d->validatorTypes.append(type);
     setOptionsForValidator(validator.data(), options);
-    m_hints.append(validator->hint());
+    d->hints.append(validator->hint());
     updateHint();
 }
 
 bool TextValidator::validate(QString &input, bool rejectIntermediate) const
 {
     int pos = -1;
-    for (const QSharedPointer<Validator> &validator : m_validators) {
+    for (const QSharedPointer<Validator> &validator : qAsConst(d->validators)) {
         QString text = input;
         const QValidator::State verdict = validator->validate(text, pos);
         if (verdict == QValidator::Invalid
@@ -89,11 +101,11 @@ void TextValidator::setOptionsForValidator(Validator *validator, const QVariantM
 
 void TextValidator::updateHint()
 {
-    m_hint.clear();
-    for (const QString &hint : qAsConst(m_hints)) {
-        m_hint += hint;
+    d->hint.clear();
+    for (const QString &hint : qAsConst(d->hints)) {
+        d->hint += hint;
     }
-    m_hint.chop(1); // the last line feed
+    d->hint.chop(1); // the last line feed
     const QPointer<TextValidator> self = this;
     Q_EMIT hintChanged();
     if (self) { // a slot may have deleted it

@@ -3,10 +3,11 @@
 #include "shared/OvoSharedBaseExport.h"
 
 #include <QObject>
-#include <QSharedPointer>
 #include <QString>
 #include <QVariantMap>
 #include <QVector>
+
+#include <memory>
 
 namespace Tavro::Shared {
 
@@ -89,11 +90,9 @@ Q_SIGNALS:
     void hasHintChanged();
 
 private:
-    QString m_hint;
-    // these three in parallel
-    QVector<QSharedPointer<Validator>> m_validators;
-    QVector<ValidatorType> m_validatorTypes;
-    QVector<QString> m_hints;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -4,6 +4,10 @@
 
 namespace Tavro::Shared::Validation {
 
+class Q_DECL_HIDDEN DoubleValidator::Private
+{
+};
+
 DoubleValidator::DoubleValidator(QObject *parent)
     : QDoubleValidator(parent)
 {

@@ -4,6 +4,8 @@
 
 #include <QDoubleValidator>
 
+#include <memory>
+
 namespace Tavro::Shared::Validation {
 
 /**
@@ -37,6 +39,11 @@ public:
      * CLocaleSupport::getCurrentLocale().
      */
     void fixup(QString &input) const override;
+
+private:
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared::Validation

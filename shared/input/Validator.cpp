@@ -2,6 +2,10 @@
 
 namespace Tavro::Shared {
 
+class Q_DECL_HIDDEN Validator::Private
+{
+};
+
 Validator::Validator() = default;
 
 Validator::~Validator() = default;

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QValidator>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -49,6 +51,11 @@ public:
 protected:
     QString m_hint; /**< The text that hint() returns; set by updateHint(). */
     bool m_hintOutdated = true; /**< True: hint() calls updateHint(). Never cleared. */
+
+private:
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -50,7 +50,30 @@ DistanceUnit unitFromMeasurementSystem(QLocale::MeasurementSystem system)
 
 CProjectLocaleData *CProjectLocaleData::m_pInstance = nullptr;
 
-CProjectLocaleData::CProjectLocaleData() = default;
+class Q_DECL_HIDDEN CProjectLocaleData::Private
+{
+public:
+    void logLocale() const
+    {
+        CLogger::logMessage(LogLevel::Info, QStringLiteral("Locale"),
+                            QLatin1String("Locale set to project ") + locale.name()
+                                + QLatin1String(" ms: ")
+                                + QString::number(static_cast<int>(locale.measurementSystem()))
+                                + QLatin1String(" decimal: ") + locale.decimalPoint());
+    }
+
+    DistanceUnit unitType = DistanceUnit::Undefined;
+    QLocale locale;
+    bool localeValid = false;
+    QSharedPointer<Tavro::Templates::CCatalogTemplate> catalogTemplate;
+};
+
+CProjectLocaleData::CProjectLocaleData()
+    : d(std::make_unique<Private>())
+{
+}
+
+CProjectLocaleData::~CProjectLocaleData() = default;
 
 CProjectLocaleData *CProjectLocaleData::instance()
 {
@@ -62,60 +85,56 @@ CProjectLocaleData *CProjectLocaleData::instance()
 
 void CProjectLocaleData::setUnitType(DistanceUnit unitType)
 {
-    m_unitType = unitType;
+    d->unitType = unitType;
 }
 
 QLocale CProjectLocaleData::locale() const
 {
-    return m_locale;
+    return d->locale;
 }
 
 bool CProjectLocaleData::localeValid() const
 {
-    return m_localeValid;
+    return d->localeValid;
+}
+
+const QLocale *CProjectLocaleData::validLocale() const
+{
+    return d->localeValid ? &d->locale : nullptr;
 }
 
 DistanceUnit CProjectLocaleData::distanceUnitType() const
 {
-    if (m_unitType != DistanceUnit::Undefined || !m_localeValid) {
-        return m_unitType;
+    if (d->unitType != DistanceUnit::Undefined || !d->localeValid) {
+        return d->unitType;
     }
-    return unitFromMeasurementSystem(m_locale.measurementSystem());
+    return unitFromMeasurementSystem(d->locale.measurementSystem());
 }
 
 void CProjectLocaleData::setLocale(const QString &countryCode, const QString &langCode)
 {
-    m_locale = QLocale(CCountryLanguageCodeConversion::languageFromLanguageCode(langCode),
-                       CCountryLanguageCodeConversion::countryFromCountryCode(countryCode));
-    detail::omitGroupSeparator(m_locale);
-    m_localeValid = true;
+    d->locale = QLocale(CCountryLanguageCodeConversion::languageFromLanguageCode(langCode),
+                        CCountryLanguageCodeConversion::countryFromCountryCode(countryCode));
+    detail::omitGroupSeparator(d->locale);
+    d->localeValid = true;
     Q_EMIT localeChanged();
-    logLocale();
+    d->logLocale();
 }
 
 void CProjectLocaleData::unsetLocale()
 {
-    m_localeValid = false;
-    logLocale(); // before the signal, other than in setLocale()
+    d->localeValid = false;
+    d->logLocale(); // before the signal, other than in setLocale()
     Q_EMIT localeChanged();
-}
-
-void CProjectLocaleData::logLocale() const
-{
-    CLogger::logMessage(LogLevel::Info, QStringLiteral("Locale"),
-                        QLatin1String("Locale set to project ") + m_locale.name()
-                            + QLatin1String(" ms: ")
-                            + QString::number(static_cast<int>(m_locale.measurementSystem()))
-                            + QLatin1String(" decimal: ") + m_locale.decimalPoint());
 }
 
 QString CProjectLocaleData::requestTemplateColumnUnit(const QString &columnKey) const
 {
-    if (!m_catalogTemplate) {
+    if (!d->catalogTemplate) {
         return QString();
     }
-    for (int v = 0; v < m_catalogTemplate->programViewCount(); ++v) {
-        const auto *view = m_catalogTemplate->programView(v);
+    for (int v = 0; v < d->catalogTemplate->programViewCount(); ++v) {
+        const auto *view = d->catalogTemplate->programView(v);
         if (!view || view->key() != QLatin1String("detail_s")) {
             continue;
         }
@@ -135,13 +154,13 @@ void CProjectLocaleData::onNewTemplateLoaded(const Tavro::Base::GUID &templateId
                                              const QString &catalogId, const QString &countryCode,
                                              const QString &langCode)
 {
-    m_catalogTemplate = templateManager.getTemplateFromCache(templateId);
+    d->catalogTemplate = templateManager.getTemplateFromCache(templateId);
     const auto *catalog = catTplRegistry.catalogByUniqueId(catalogId);
 
-    if (m_catalogTemplate) {
-        const DistanceUnit unitType = unitFromText(m_catalogTemplate->unit());
-        if (unitType != m_unitType) {
-            m_unitType = unitType;
+    if (d->catalogTemplate) {
+        const DistanceUnit unitType = unitFromText(d->catalogTemplate->unit());
+        if (unitType != d->unitType) {
+            d->unitType = unitType;
             Q_EMIT projectDistanceUnitChanged();
         }
     }

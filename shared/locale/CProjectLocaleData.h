@@ -6,16 +6,14 @@
 
 #include <QLocale>
 #include <QObject>
-#include <QSharedPointer>
+#include <QString>
+
+#include <memory>
 
 namespace Tavro::CATManagement {
 class CCatalogTemplateRegistry;
 class CTemplateManager;
 } // namespace Tavro::CATManagement
-
-namespace Tavro::Templates {
-class CCatalogTemplate;
-}
 
 namespace Tavro::Shared {
 
@@ -33,6 +31,8 @@ class OVO_SHARED_EXPORT CProjectLocaleData : public QObject
     Q_OBJECT
 
 public:
+    ~CProjectLocaleData() override;
+
     /**
      * The process-wide instance. Never null. The first call creates it and must come from the GUI
      * thread. It is never destroyed.
@@ -113,16 +113,15 @@ public Q_SLOTS:
 private:
     friend class GlobalLocaleData; // reads the locale without a copy
 
-    CProjectLocaleData();
+    Q_DECL_HIDDEN CProjectLocaleData();
 
-    void logLocale() const;
+    Q_DECL_HIDDEN const QLocale *validLocale() const; // null while none is valid
 
-    static CProjectLocaleData *m_pInstance;
+    Q_DECL_HIDDEN static CProjectLocaleData *m_pInstance;
 
-    Tavro::Base::DistanceUnit m_unitType = Tavro::Base::DistanceUnit::Undefined;
-    QLocale m_locale;
-    bool m_localeValid = false;
-    QSharedPointer<Tavro::Templates::CCatalogTemplate> m_catalogTemplate;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

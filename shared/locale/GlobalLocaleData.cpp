@@ -9,12 +9,21 @@ namespace Tavro::Shared {
 
 GlobalLocaleData *GlobalLocaleData::m_pInstance = nullptr;
 
-GlobalLocaleData::GlobalLocaleData()
-    : m_project(*CProjectLocaleData::instance())
+class Q_DECL_HIDDEN GlobalLocaleData::Private
 {
-    connect(&m_project, &CProjectLocaleData::localeChanged, this,
+public:
+    const CProjectLocaleData &project = *CProjectLocaleData::instance();
+    QLocale deviceLocale;
+};
+
+GlobalLocaleData::GlobalLocaleData()
+    : d(std::make_unique<Private>())
+{
+    connect(&d->project, &CProjectLocaleData::localeChanged, this,
             &GlobalLocaleData::projectLocaleChanged);
 }
+
+GlobalLocaleData::~GlobalLocaleData() = default;
 
 GlobalLocaleData *GlobalLocaleData::instance()
 {
@@ -31,12 +40,13 @@ QLocale GlobalLocaleData::locale() const
 
 const QLocale &GlobalLocaleData::currentLocale() const
 {
-    return m_project.m_localeValid ? m_project.m_locale : m_deviceLocale;
+    const QLocale *projectLocale = d->project.validLocale();
+    return projectLocale ? *projectLocale : d->deviceLocale;
 }
 
 DistanceUnit GlobalLocaleData::distanceUnitType() const
 {
-    const DistanceUnit unitType = m_project.distanceUnitType();
+    const DistanceUnit unitType = d->project.distanceUnitType();
     if (unitType != DistanceUnit::Undefined) {
         return unitType;
     }
@@ -46,7 +56,7 @@ DistanceUnit GlobalLocaleData::distanceUnitType() const
 
 QString GlobalLocaleData::catalogTemplateColumnUnit(const QString &columnKey) const
 {
-    return m_project.requestTemplateColumnUnit(columnKey);
+    return d->project.requestTemplateColumnUnit(columnKey);
 }
 
 void GlobalLocaleData::setDefaultLocale(QLocale locale)
@@ -58,8 +68,8 @@ void GlobalLocaleData::setDefaultLocale(QLocale locale)
 void GlobalLocaleData::setDeviceLocale(QLocale locale)
 {
     detail::omitGroupSeparator(locale);
-    m_deviceLocale = locale;
-    if (m_project.localeValid()) {
+    d->deviceLocale = locale;
+    if (d->project.localeValid()) {
         return;
     }
     setDefaultLocale(locale);

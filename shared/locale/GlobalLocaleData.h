@@ -5,10 +5,11 @@
 
 #include <QLocale>
 #include <QObject>
+#include <QString>
+
+#include <memory>
 
 namespace Tavro::Shared {
-
-class CProjectLocaleData;
 
 /**
  * Locale and distance unit of the application: the open project's, or else the device's.
@@ -25,6 +26,8 @@ class OVO_SHARED_EXPORT GlobalLocaleData : public QObject
     Q_OBJECT
 
 public:
+    ~GlobalLocaleData() override;
+
     /**
      * The process-wide instance. Never null. The first call creates it, and the one of
      * CProjectLocaleData if needed, and must come from the GUI thread. It is never destroyed.
@@ -70,14 +73,15 @@ public Q_SLOTS:
 private:
     friend class CLocaleSupport; // reads the locale without a copy
 
-    GlobalLocaleData();
+    Q_DECL_HIDDEN GlobalLocaleData();
 
     Q_DECL_HIDDEN const QLocale &currentLocale() const;
 
-    static GlobalLocaleData *m_pInstance;
+    Q_DECL_HIDDEN static GlobalLocaleData *m_pInstance;
 
-    const CProjectLocaleData &m_project;
-    QLocale m_deviceLocale;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -4,37 +4,68 @@
 #include "shared/system/detail/TaskPool.h"
 #include "shared/system/detail/TaskQueue.h"
 
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+
 namespace Tavro::Shared {
 
+class Q_DECL_HIDDEN Async::Private
+{
+public:
+    explicit Private(Mode modeOfStart)
+        : mode(modeOfStart)
+    {
+    }
+
+    void handToPool(QRunnable *task)
+    {
+        if (!task) {
+            return; // it would call startNext() as little as it would run
+        }
+        // without the mutex: startNext() comes here with it
+        ++runningCount;
+        detail::TaskPool::instance().start(task, onPool);
+    }
+
+    const Mode mode;
+    std::mutex mutex; // guards what follows but the count, which a start only adds to
+    std::condition_variable finished;
+    std::atomic<int> runningCount{0}; // handed to the pool, startNext() not called yet
+    unsigned int finishedCount = 0; // calls of startNext(), to tell a wake-up from a false one
+    bool deleteLater = false;
+    bool closing = false;
+    detail::TaskQueue queue; // has a lock of its own
+    const std::shared_ptr<detail::TaskCounter> onPool = std::make_shared<detail::TaskCounter>();
+};
+
 Async::Async(Mode mode)
-    : m_mode(mode)
-    , m_queue(std::make_unique<detail::TaskQueue>())
-    , m_onPool(std::make_shared<detail::TaskCounter>())
+    : d(std::make_unique<Private>(mode))
 {
 }
 
 Async::~Async()
 {
     {
-        std::unique_lock<std::mutex> lock(m_mutex);
+        std::unique_lock<std::mutex> lock(d->mutex);
         // a task that finishes now must not start another, which would outlive this object
-        m_closing = true;
-        m_finished.wait(lock, [this] { return m_runningCount < 1; });
+        d->closing = true;
+        d->finished.wait(lock, [this] { return d->runningCount < 1; });
     }
     // after its startNext() a task may still call asyncDeleteLater()
-    m_onPool->waitForNone();
+    d->onPool->waitForNone();
 }
 
 void Async::startTask(QRunnable *task)
 {
-    if (m_mode == Parallel) {
+    if (d->mode == Parallel) {
         runInThread(task);
         return;
     }
-    if (!isQueueMode(m_mode)) {
+    if (!isQueueMode(d->mode)) {
         return;
     }
-    if (m_mode == SequentialLatest) {
+    if (d->mode == SequentialLatest) {
         clearQueue();
     }
     // First append, then check: a task that finishes in between finds the new one in the queue. In
@@ -47,35 +78,25 @@ void Async::startTask(QRunnable *task)
 
 void Async::runInThread(QRunnable *task)
 {
-    handToPool(task);
+    d->handToPool(task);
     detail::TaskPool::instance().helpOut();
-}
-
-void Async::handToPool(QRunnable *task)
-{
-    if (!task) {
-        return; // it would call startNext() as little as it would run
-    }
-    // without the mutex: startNext() comes here with it
-    ++m_runningCount;
-    detail::TaskPool::instance().start(task, m_onPool);
 }
 
 void Async::addToQueue(QRunnable *task)
 {
     if (task) {
-        m_queue->append(task);
+        d->queue.append(task);
     }
 }
 
 void Async::startFromQueue()
 {
-    runInThread(m_queue->takeFirst());
+    runInThread(d->queue.takeFirst());
 }
 
 void Async::clearQueue()
 {
-    m_queue->clear();
+    d->queue.clear();
 }
 
 void Async::startNext()
@@ -83,13 +104,13 @@ void Async::startNext()
     // Held throughout: otherwise isRunning() could be false in between, although the next task is
     // about to start, and the owner would start another one beside it.
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        --m_runningCount;
-        ++m_finishedCount;
-        if (isQueueMode(m_mode) && !m_closing) {
-            handToPool(m_queue->takeFirst());
+        const std::lock_guard<std::mutex> lock(d->mutex);
+        --d->runningCount;
+        ++d->finishedCount;
+        if (isQueueMode(d->mode) && !d->closing) {
+            d->handToPool(d->queue.takeFirst());
         }
-        m_finished.notify_all();
+        d->finished.notify_all();
     }
     // this object may be gone
     detail::TaskPool::instance().helpOut();
@@ -97,32 +118,32 @@ void Async::startNext()
 
 void Async::waitDone()
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    if (m_runningCount < 1) {
+    std::unique_lock<std::mutex> lock(d->mutex);
+    if (d->runningCount < 1) {
         return;
     }
-    const unsigned int before = m_finishedCount;
-    m_finished.wait(lock, [this, before] { return m_finishedCount != before; });
+    const unsigned int before = d->finishedCount;
+    d->finished.wait(lock, [this, before] { return d->finishedCount != before; });
 }
 
 bool Async::isRunning() const
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_runningCount != 0;
+    const std::lock_guard<std::mutex> lock(d->mutex);
+    return d->runningCount != 0;
 }
 
 void Async::setDeleteLater(bool deleteLater)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_deleteLater = deleteLater;
+    const std::lock_guard<std::mutex> lock(d->mutex);
+    d->deleteLater = deleteLater;
 }
 
 void Async::asyncDeleteLater()
 {
     bool wanted = false;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        wanted = m_deleteLater;
+        const std::lock_guard<std::mutex> lock(d->mutex);
+        wanted = d->deleteLater;
     }
     if (wanted) {
         deleteLater();

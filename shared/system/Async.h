@@ -6,19 +6,11 @@
 
 #include <QObject>
 
-#include <atomic>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 
 class QRunnable;
 
 namespace Tavro::Shared {
-
-namespace detail {
-class TaskCounter;
-class TaskQueue;
-} // namespace detail
 
 /**
  * Runs tasks in the background: in parallel, one after the other, or only the latest of those that
@@ -125,17 +117,9 @@ Q_SIGNALS:
     void taskDone(const RemoveObservationDataResult &result);
 
 private:
-    void handToPool(QRunnable *task);
+    class Private;
 
-    const Mode m_mode;
-    mutable std::mutex m_mutex; // guards what follows but the count, which a start only adds to
-    std::condition_variable m_finished;
-    std::atomic<int> m_runningCount{0}; // handed to the pool, startNext() not called yet
-    unsigned int m_finishedCount = 0; // calls of startNext(), to tell a wake-up from a false one
-    bool m_deleteLater = false;
-    bool m_closing = false;
-    std::unique_ptr<detail::TaskQueue> m_queue; // has a lock of its own
-    std::shared_ptr<detail::TaskCounter> m_onPool;
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

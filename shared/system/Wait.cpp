@@ -2,19 +2,28 @@
 
 namespace Tavro::Shared {
 
+class Q_DECL_HIDDEN Wait::Private
+{
+public:
+    QString text;
+};
+
 Wait::Wait(QObject *parent)
     : QObject(parent)
+    , d(std::make_unique<Private>())
 {
 }
 
+Wait::~Wait() = default;
+
 QString Wait::text() const
 {
-    return m_text;
+    return d->text;
 }
 
 void Wait::setText(const QString &text)
 {
-    m_text = text;
+    d->text = text;
 }
 
 } // namespace Tavro::Shared

@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
 namespace Tavro::Shared {
 
 /**
@@ -19,6 +21,7 @@ class OVO_SHARED_EXPORT Wait : public QObject
 
 public:
     explicit Wait(QObject *parent = nullptr);
+    ~Wait() override;
 
     /** The text that the host has set. */
     QString text() const;
@@ -30,7 +33,9 @@ Q_SIGNALS:
     void waitFinished();
 
 private:
-    QString m_text;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro::Shared

@@ -112,18 +112,26 @@ mountPathsStruct mountInfoOf(const usbDeviceInfo &device, const QList<mountItem>
 
 } // namespace
 
+class Q_DECL_HIDDEN usbDeviceInfo::Private
+{
+public:
+    QString deviceNode;
+    QString vendorId;
+    QString productId;
+    QString vendorName;
+    mountPathsStruct mountInfo;
+};
+
 usbDeviceInfo::usbDeviceInfo(QObject *parent)
     : QObject(parent)
+    , d(std::make_unique<Private>())
 {
 }
 
 usbDeviceInfo::usbDeviceInfo(const QString &deviceNode, const QString &vendorId,
                              const QString &productId, const QString &vendorName, QObject *parent)
     : QObject(parent)
-    , m_deviceNode(deviceNode)
-    , m_vendorId(vendorId)
-    , m_productId(productId)
-    , m_vendorName(vendorName)
+    , d(new Private{deviceNode, vendorId, productId, vendorName, {}})
 {
 }
 
@@ -131,33 +139,37 @@ usbDeviceInfo::~usbDeviceInfo() = default;
 
 QString usbDeviceInfo::deviceNode() const
 {
-    return m_deviceNode;
+    return d->deviceNode;
 }
 
 QString usbDeviceInfo::vendorId() const
 {
-    return m_vendorId;
+    return d->vendorId;
 }
 
 QString usbDeviceInfo::productId() const
 {
-    return m_productId;
+    return d->productId;
 }
 
 QString usbDeviceInfo::vendorName() const
 {
-    return m_vendorName;
+    return d->vendorName;
 }
 
 mountPathsStruct usbDeviceInfo::mountInfo() const
 {
-    return m_mountInfo;
+    return d->mountInfo;
 }
 
 void usbDeviceInfo::setMountInfo(const mountPathsStruct &mountInfo)
 {
-    m_mountInfo = mountInfo;
+    d->mountInfo = mountInfo;
 }
+
+class Q_DECL_HIDDEN MountedUSBDeviceList::Private
+{
+};
 
 MountedUSBDeviceList::MountedUSBDeviceList(QObject *parent)
     : QObject(parent)

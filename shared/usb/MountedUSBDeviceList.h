@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <memory>
+
 // of libudev; whoever calls the two functions that take them includes <libudev.h> and links it
 struct udev;
 struct udev_device;
@@ -76,11 +78,9 @@ public:
     void setMountInfo(const mountPathsStruct &mountInfo);
 
 private:
-    QString m_deviceNode;
-    QString m_vendorId;
-    QString m_productId;
-    QString m_vendorName;
-    mountPathsStruct m_mountInfo;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 /**
@@ -187,6 +187,11 @@ public:
      * udev_device_unref().
      */
     static udev_device *getChild(udev *context, udev_device *parent, const char *subsystem);
+
+private:
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 /**

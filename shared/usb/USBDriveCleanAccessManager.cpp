@@ -68,8 +68,37 @@ QByteArray identityOf(const mountItem &partition)
 
 } // namespace
 
+class Q_DECL_HIDDEN USBDriveCleanAccessManager::Private
+{
+public:
+    // The node may be another drive's by now, which has something else where this one has its
+    // dirty byte. One descriptor for the look and the write: it stays with the drive that it was
+    // opened on.
+    bool mark(char value) const
+    {
+        if (volume.isEmpty()) {
+            return false;
+        }
+        // neither empties a file nor creates one
+        std::FILE *file = openUnbuffered(device.absoluteFilePath(), "r+b");
+        if (!file) {
+            return false;
+        }
+        if (detail::volumeIdentity(file, fileSystemType) != volume) {
+            std::fclose(file);
+            return false;
+        }
+        return putByte(file, getDirtyByteOffset(fileSystemType), value);
+    }
+
+    QFileInfo device;
+    QString fileSystemType; // empty until a lock() has found a partition
+    QByteArray volume; // what tells it from others; empty when it is not to be marked
+};
+
 USBDriveCleanAccessManager::USBDriveCleanAccessManager(QObject *parent)
     : QObject(parent)
+    , d(std::make_unique<Private>())
 {
 }
 
@@ -89,20 +118,19 @@ bool USBDriveCleanAccessManager::lock(const QString &mountPath)
         return mountPath.startsWith(candidate.mountPoint.absoluteFilePath());
     });
     if (item != items.cend()) {
-        m_device = item->device;
-        m_mountPoint = item->mountPoint;
-        m_fileSystemType = item->fileSystemType;
-        m_volume = identityOf(*item);
+        d->device = item->device;
+        d->fileSystemType = item->fileSystemType;
+        d->volume = identityOf(*item);
     }
     // the inspection may have unmounted it; if it is mounted, this fails and does no harm
     MountedUSBDeviceList::mountUSB();
-    return mark(s_dirty);
+    return d->mark(s_dirty);
 }
 
 bool USBDriveCleanAccessManager::unlock()
 {
     MountedUSBDeviceList::dismountUSB();
-    return mark(s_clean);
+    return d->mark(s_clean);
 }
 
 bool USBDriveCleanAccessManager::setDirtyFlag(const QString &devicePath,
@@ -142,25 +170,6 @@ char USBDriveCleanAccessManager::readByteFromDev(const QString &devicePath, qint
         return 0;
     }
     return value;
-}
-
-// The node may be another drive's by now, which has something else where this one has its dirty
-// byte. One descriptor for the look and the write: it stays with the drive that it was opened on.
-bool USBDriveCleanAccessManager::mark(char value) const
-{
-    if (m_volume.isEmpty()) {
-        return false;
-    }
-    // neither empties a file nor creates one
-    std::FILE *device = openUnbuffered(m_device.absoluteFilePath(), "r+b");
-    if (!device) {
-        return false;
-    }
-    if (detail::volumeIdentity(device, m_fileSystemType) != m_volume) {
-        std::fclose(device);
-        return false;
-    }
-    return putByte(device, getDirtyByteOffset(m_fileSystemType), value);
 }
 
 qint64 getDirtyByteOffset(const QString &fileSystemType)

@@ -2,10 +2,10 @@
 
 #include "shared/OvoSharedBaseExport.h"
 
-#include <QByteArray>
-#include <QFileInfo>
 #include <QObject>
 #include <QString>
+
+#include <memory>
 
 namespace Tavro::Shared {
 
@@ -97,12 +97,9 @@ public:
     static char readByteFromDev(const QString &devicePath, qint64 offset);
 
 private:
-    bool mark(char value) const;
+    class Private;
 
-    QFileInfo m_device;
-    QFileInfo m_mountPoint;
-    QString m_fileSystemType; // empty until a lock() has found a partition
-    QByteArray m_volume; // what tells it from others; empty when it is not to be marked
+    std::unique_ptr<Private> d;
 };
 
 /**

@@ -36,10 +36,16 @@ bool isNeededToPlace(const QString &fieldKey)
 
 } // namespace
 
+class Q_DECL_HIDDEN Mandatory3dDef::Private
+{
+};
+
 Mandatory3dDef::Mandatory3dDef(QObject *parent)
     : QObject(parent)
 {
 }
+
+Mandatory3dDef::~Mandatory3dDef() = default;
 
 bool Mandatory3dDef::isMandatory(bool defaultMandatory, const QString &fieldKey,
                                  const QString &viewKey)

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <memory>
+
 namespace Tavro {
 
 /**
@@ -18,6 +20,7 @@ class OVO_SHARED_EXPORT Mandatory3dDef : public QObject
 
 public:
     explicit Mandatory3dDef(QObject *parent = nullptr);
+    ~Mandatory3dDef() override;
 
     /**
      * Returns whether the field @p fieldKey of the data view @p viewKey is mandatory.
@@ -31,6 +34,11 @@ public:
      * of the project.
      */
     static bool isMandatory(bool defaultMandatory, const QString &fieldKey, const QString &viewKey);
+
+private:
+    class Private; // empty: room for members that a later version needs
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro

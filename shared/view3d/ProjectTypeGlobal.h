@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
 namespace Tavro {
 
 /**
@@ -20,6 +22,8 @@ class OVO_SHARED_EXPORT ProjectTypeGlobal : public QObject
     Q_PROPERTY(bool isPlumberCatalog READ isPlumberCatalog NOTIFY isPlumberCatalogChanged)
 
 public:
+    ~ProjectTypeGlobal() override;
+
     /**
      * The process-wide instance. The first call creates it; it is destroyed when the process exits.
      * It has no parent: before the host passes it to a QML engine, it calls
@@ -42,7 +46,7 @@ public:
     void setProjectType(const QString &projectType)
     {
         const bool before = is3d();
-        m_projectType = projectType;
+        storeProjectType(projectType);
         if (is3d() != before) {
             Q_EMIT is3dChanged();
         }
@@ -53,8 +57,8 @@ public:
      */
     void setIsPlumberCatalog(bool isPlumberCatalog)
     {
-        if (m_isPlumberCatalog != isPlumberCatalog) {
-            m_isPlumberCatalog = isPlumberCatalog;
+        if (this->isPlumberCatalog() != isPlumberCatalog) {
+            storeIsPlumberCatalog(isPlumberCatalog);
             Q_EMIT isPlumberCatalogChanged();
         }
     }
@@ -66,10 +70,14 @@ Q_SIGNALS:
     void isPlumberCatalogChanged();
 
 private:
-    ProjectTypeGlobal() = default;
+    // not hidden: what is inline above calls them from the code of the host
+    ProjectTypeGlobal();
+    void storeProjectType(const QString &projectType);
+    void storeIsPlumberCatalog(bool isPlumberCatalog);
 
-    QString m_projectType;
-    bool m_isPlumberCatalog = false;
+    class Private;
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace Tavro

@@ -30,6 +30,22 @@ headers_in()
     (cd "$1" && find . -name '*.h' -printf '%P\n' | sort)
 }
 
+# of_headers NAME: what NAME.awk makes of castxml's description of the installed headers of shared/
+of_headers()
+{
+    local include=$OVO_PREFIX/include/OvoSharedBase folder=$OVO_SOURCE_DIR/tests/packaging cflags
+    export PKG_CONFIG_PATH=$OVO_PREFIX/$OVO_LIBDIR/pkgconfig
+    read -r -a cflags <<<"$(pkg-config --cflags OvoSharedBase)"
+
+    headers_in "$include/shared" | sed 's/.*/#include "shared\/&"/' >"$scratch/headers.cpp"
+    # the compiler's own headers use the two kinds of deallocation, which castxml's has turned off
+    castxml --castxml-cc-gnu '(' "$CXX" -std=c++17 -fPIC ')' --castxml-output=1 \
+        --castxml-start Tavro -std=c++17 -fsized-deallocation -faligned-allocation -w \
+        "${cflags[@]}" -o "$scratch/headers.xml" "$scratch/headers.cpp" \
+        || fail 'castxml does not understand the headers'
+    awk -f "$folder/castxml.awk" -f "$folder/$1.awk" "$scratch/headers.xml" | LC_ALL=C sort
+}
+
 # run_copy_example PROGRAM: has it copy a tree and compares
 run_copy_example()
 {

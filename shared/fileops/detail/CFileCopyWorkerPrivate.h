@@ -6,7 +6,7 @@
 namespace Tavro::Shared {
 
 /** The requests and the steps of a CFileCopyWorker; its controller loads them here as well. */
-class CFileCopyWorker::Private : public detail::CopyCore
+class Q_DECL_HIDDEN CFileCopyWorker::Private : public detail::CopyCore
 {
 public:
     using WorkerCore::WorkerCore;

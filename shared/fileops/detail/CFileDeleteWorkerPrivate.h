@@ -22,7 +22,7 @@ using DeleteCore = WorkerCore<CFileDeleteWorker, DeleteRequest>;
 } // namespace detail
 
 /** The requests and the steps of a CFileDeleteWorker; its controller loads them here as well. */
-class CFileDeleteWorker::Private : public detail::DeleteCore
+class Q_DECL_HIDDEN CFileDeleteWorker::Private : public detail::DeleteCore
 {
 public:
     using WorkerCore::WorkerCore;
