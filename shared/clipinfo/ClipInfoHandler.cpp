@@ -240,7 +240,7 @@ bool ClipInfoHandler::write(double time, double distance, int code, double pan, 
     }
     const QString key =
         QStringLiteral("Val%1").arg(d->nextValueIndex, s_indexDigits, 10, QLatin1Char('0'));
-    // a hint: up to Val99999 each one goes to the end
+    // insertion hint: up to Val99999 each entry goes to the end
     d->indexing.insert(d->indexing.cend(), key,
                        detail::sampleText(time, distance, code, pan, tilt));
     d->nextValueIndex = numberAfter(d->nextValueIndex);
@@ -344,7 +344,7 @@ void ClipInfoHandler::onDistanceCounterValueChanged(double distance)
     }
     if (const auto *recorder = d->videoRecorder()) {
         write(secondsOf(*recorder), distance, 0, d->pan, d->tilt);
-        d->lastDistance = distance; // also of a sample that came too late to be written
+        d->lastDistance = distance; // also if write() has dropped the sample
     }
 }
 
@@ -377,7 +377,7 @@ void ClipInfoHandler::onObservationCreated(const Database::CDomainObjectPointer 
     if (object.dynamicCast<Database::CPipeObservationObject>().isNull()) {
         return;
     }
-    // where the observation was made, but no change of distance: the threshold keeps its base
+    // the last distance stays: the next change of distance is compared with it
     write(time, distanceCounter()->distanceValue(), 0, d->pan, d->tilt);
 }
 

@@ -93,7 +93,7 @@ QValidator::State DoubleValidator::validate(QString &input, int &pos) const
         detail::logRefusedText(QStringLiteral("DoubleValidator"), input);
         return QValidator::Invalid;
     }
-    // nothing holds for a NaN, so it falls through
+    // every comparison with NaN is false
     if (d->bottom <= value && value <= d->top && d->isOnGrid(value)) {
         return QValidator::Acceptable;
     }
@@ -109,7 +109,7 @@ void DoubleValidator::updateHint()
     if (d->topSet) {
         m_hint += QStringLiteral("Maximum value smaller or equal %1\n").arg(d->top);
     }
-    // not by the tolerance: a step too small to be checked is told all the same
+    // without the tolerance: the hint also names a step too small to be checked
     if (d->step != 0.0) {
         m_hint += QStringLiteral("Value quantized with step size %1\n").arg(d->step);
     }

@@ -63,7 +63,7 @@ int QmlStringListModel::getMaxLineNumber() const
 
 void QmlStringListModel::setMaxLineNumber(int maxLineNumber)
 {
-    // the number asked for is compared, so one above the bound is announced each time
+    // the argument is compared before it is clamped, so one above the bound emits each time
     if (maxLineNumber == d->maxLineNumber) {
         return;
     }

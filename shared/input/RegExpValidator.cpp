@@ -130,7 +130,7 @@ public:
             if (sign == '.') {
                 parsedPattern += QLatin1Char('\\');
             }
-            // any other sign keeps the meaning that it has in a pattern
+            // any other character keeps its meaning in a pattern
             parsedPattern += QLatin1Char(sign);
         }
         closeRun();

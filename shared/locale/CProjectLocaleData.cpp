@@ -124,7 +124,7 @@ void CProjectLocaleData::setLocale(const QString &countryCode, const QString &la
 void CProjectLocaleData::unsetLocale()
 {
     d->localeValid = false;
-    d->logLocale(); // before the signal, other than in setLocale()
+    d->logLocale(); // before the signal, unlike setLocale()
     Q_EMIT localeChanged();
 }
 

@@ -21,9 +21,9 @@ public:
     void handToPool(QRunnable *task)
     {
         if (!task) {
-            return; // it would call startNext() as little as it would run
+            return; // it would never call startNext()
         }
-        // without the mutex: startNext() comes here with it
+        // without the mutex: startNext() holds it during this call
         ++runningCount;
         detail::TaskPool::instance().start(task, onPool);
     }

@@ -79,7 +79,7 @@ public:
         if (volume.isEmpty()) {
             return false;
         }
-        // neither empties a file nor creates one
+        // neither truncates a file nor creates one
         std::FILE *file = openUnbuffered(device.absoluteFilePath(), "r+b");
         if (!file) {
             return false;
