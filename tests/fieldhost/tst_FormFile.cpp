@@ -1,5 +1,5 @@
 #include "fieldhost/catalog/CatalogFiles.h"
-#include "fieldhost/input/FormFile.h"
+#include "fieldhost/forms/FormFile.h"
 #include "host/CCatalogTemplate.h"
 #include "host/CColumnDefinition.h"
 #include "host/CProgramView.h"

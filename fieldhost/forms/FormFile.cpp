@@ -1,4 +1,4 @@
-#include "fieldhost/input/FormFile.h"
+#include "fieldhost/forms/FormFile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "fieldhost/input/FieldRules.h"
+#include "fieldhost/forms/FieldRules.h"
 
 #include "shared/input/CInputType.h"
 #include "shared/input/TextValidator.h"

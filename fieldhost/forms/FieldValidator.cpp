@@ -1,4 +1,4 @@
-#include "fieldhost/input/FieldValidator.h"
+#include "fieldhost/forms/FieldValidator.h"
 
 namespace Tavro::FieldHost {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fieldhost/input/ColumnForm.h"
+#include "fieldhost/forms/ColumnForm.h"
 
 #include <QMap>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "fieldhost/input/ColumnInputType.h"
+#include "fieldhost/forms/ColumnInputType.h"
 
 #include "host/CColumnDefinition.h"
 #include "shared/locale/DataConverter.h"
