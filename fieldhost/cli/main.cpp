@@ -2,8 +2,8 @@
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
-#include "fieldhost/cli/Text.h"
-#include "fieldhost/cli/export/SourceSurvey.h"
+#include "fieldhost/jobs/SourceSurvey.h"
+#include "fieldhost/jobs/Text.h"
 #include "fieldhost/services/FieldApplication.h"
 
 #include <QFile>

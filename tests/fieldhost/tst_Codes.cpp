@@ -1,4 +1,4 @@
-#include "fieldhost/cli/locale/Codes.h"
+#include "fieldhost/cli/Codes.h"
 
 #include <QSet>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "fieldhost/cli/export/CopyCheck.h"
+#include "fieldhost/jobs/CopyCheck.h"
 #include "tests/support/FileTree.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
-#include "fieldhost/cli/export/Merge.h"
-#include "fieldhost/cli/export/StagedCopy.h"
+#include "fieldhost/jobs/Merge.h"
+#include "fieldhost/jobs/StagedCopy.h"
 #include "tests/support/FileTree.h"
 
 #include <QDir>

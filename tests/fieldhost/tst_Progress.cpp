@@ -1,4 +1,4 @@
-#include "fieldhost/cli/Progress.h"
+#include "fieldhost/jobs/Progress.h"
 
 #include <QTest>
 

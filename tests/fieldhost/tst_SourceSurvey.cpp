@@ -1,4 +1,4 @@
-#include "fieldhost/cli/export/SourceSurvey.h"
+#include "fieldhost/jobs/SourceSurvey.h"
 #include "shared/fileops/CFileCopyController.h"
 #include "tests/support/FileTree.h"
 

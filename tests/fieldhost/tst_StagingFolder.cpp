@@ -1,4 +1,4 @@
-#include "fieldhost/cli/export/StagingFolder.h"
+#include "fieldhost/jobs/StagingFolder.h"
 #include "tests/support/FileTree.h"
 
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "fieldhost/cli/Text.h"
+#include "fieldhost/jobs/Text.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
-#include "fieldhost/cli/trace/TextChart.h"
-#include "fieldhost/cli/trace/Trace.h"
+#include "fieldhost/cli/TextChart.h"
+#include "fieldhost/jobs/Trace.h"
 #include "tests/fieldhost/Program.h"
 #include "tests/support/FileTree.h"
 

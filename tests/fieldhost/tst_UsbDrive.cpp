@@ -1,7 +1,7 @@
-#include "fieldhost/cli/export/ExportPlan.h"
-#include "fieldhost/cli/usb/DriveAccess.h"
-#include "fieldhost/cli/usb/FatVolume.h"
-#include "fieldhost/cli/usb/UsbDrive.h"
+#include "fieldhost/jobs/DriveAccess.h"
+#include "fieldhost/jobs/ExportPlan.h"
+#include "fieldhost/jobs/FatVolume.h"
+#include "fieldhost/jobs/UsbDrive.h"
 #include "tests/support/FileTree.h"
 #include "tests/usb/UsbTest.h"
 

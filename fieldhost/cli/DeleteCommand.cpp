@@ -1,0 +1,154 @@
+#include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/Console.h"
+#include "fieldhost/cli/ExitCode.h"
+#include "fieldhost/cli/KeyInput.h"
+#include "fieldhost/cli/SignalWatcher.h"
+#include "fieldhost/jobs/DeleteRun.h"
+#include "fieldhost/jobs/Paths.h"
+#include "fieldhost/jobs/Text.h"
+#include "shared/fileops/CDirectorySizeFinder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace Tavro::FieldHost {
+
+namespace {
+
+const char s_helpText[] = R"(Usage: ovo-fieldhost delete [--yes] PATH...
+
+Deletes each PATH: a folder with all that is in it, hidden entries too; a file; a link, but not
+what it points to. Asks before it begins.
+
+Options:
+  --yes       Does not ask. Needed where no terminal is there to answer.
+  -h, --help  Shows this text.
+
+On a terminal, q or Ctrl-C aborts: the folder that is being deleted still goes whole, those behind
+it stay.
+
+Exit codes:
+  0  everything is deleted, and that is on the device
+  1  failed: the message names what is still there, and the cause
+  2  the command line was not understood, or --yes is missing
+  3  nothing deleted: a PATH is missing, or must not be deleted
+  6  aborted, or the answer was not yes)";
+
+QString refusal(const QString &path)
+{
+    if (!existsOrIsLink(path)) {
+        return QStringLiteral("There is no %1.").arg(quoted(path));
+    }
+    const QString target = QFileInfo(path).canonicalFilePath();
+    const QString here = QDir::current().canonicalPath();
+    const bool isLink = QFileInfo(path).isSymLink();
+    if (!isLink && (target == here || here.startsWith(below(target, QString())))) {
+        return QStringLiteral("%1 is, or holds, the current folder.").arg(quoted(path));
+    }
+    return {};
+}
+
+void announce(const QStringList &paths, Console &console)
+{
+    for (const QString &path : paths) {
+        const QFileInfo info(path);
+        QString what = QStringLiteral("file");
+        if (info.isSymLink()) {
+            what = QStringLiteral("link");
+        } else if (info.isDir()) {
+            const quint64 bytes = Shared::CDirectorySizeFinder().dirSize(path).first;
+            what = QStringLiteral("folder of %1").arg(formatBytes(static_cast<qint64>(bytes)));
+        }
+        console.print(QStringLiteral("To delete: %1 (%2)").arg(quoted(path), what));
+    }
+}
+
+int carryOut(const QStringList &paths, Console &console, SignalWatcher &signalWatcher, bool ask)
+{
+    KeyInput keys;
+    DeleteRun run(paths, console);
+    bool isAsking = ask;
+    const auto refuse = [&] {
+        console.print(QStringLiteral("Nothing was deleted."));
+        QCoreApplication::exit(ExitAborted);
+    };
+    const auto abort = [&] {
+        if (isAsking) {
+            refuse();
+        } else {
+            run.abort();
+        }
+    };
+    QObject::connect(&run, &DeleteRun::finished, qApp, &QCoreApplication::exit);
+    QObject::connect(&signalWatcher, &SignalWatcher::endSignal, &run, abort);
+    QObject::connect(&signalWatcher, &SignalWatcher::aboutToSuspend, &keys, [&] {
+        console.clearLiveLine();
+        keys.close();
+    });
+    QObject::connect(&signalWatcher, &SignalWatcher::continued, &keys, [&] { keys.open(); });
+    QObject::connect(&keys, &KeyInput::keyPressed, &run, [&](char key) {
+        if (isAsking && (key == 'y' || key == 'Y')) {
+            isAsking = false;
+            run.start();
+        } else if (isAsking) {
+            refuse();
+        } else if (key == 'q') {
+            run.abort();
+        }
+    });
+
+    const bool hasKeys = console.isLive() && keys.open();
+    if (ask) {
+        if (!hasKeys) {
+            console.printError(QStringLiteral(
+                "There is no terminal to ask on, and --yes is missing: nothing was deleted."));
+            return ExitUsage;
+        }
+        announce(paths, console);
+        console.print(QStringLiteral("Delete? y deletes, any other key does not"));
+    } else {
+        run.start();
+    }
+    return QCoreApplication::exec();
+}
+
+int runDelete(const QStringList &arguments)
+{
+    const QString yes = QStringLiteral("yes");
+    Console console;
+    CommandLine line(console, "delete", s_helpText);
+    line.addSwitch(yes);
+    if (const auto over = line.parse(arguments, "PATH", 1, -1)) {
+        return *over;
+    }
+    QStringList paths = line.arguments();
+    paths.removeDuplicates();
+    bool isRefused = false;
+    for (QString &path : paths) {
+        while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
+            path.chop(1); // or a link would be taken for what it points to
+        }
+        const QString reason = refusal(path);
+        if (!reason.isEmpty()) {
+            console.printError(reason);
+            isRefused = true;
+        }
+    }
+    if (isRefused) {
+        return ExitSourceRefused;
+    }
+    SignalWatcher signalWatcher;
+    return carryOut(paths, console, signalWatcher, !line.isSet(yes));
+}
+
+} // namespace
+
+const Command deleteCommand = {
+    "delete",
+    "Deletes folders and files, with progress.",
+    runDelete,
+};
+
+} // namespace Tavro::FieldHost

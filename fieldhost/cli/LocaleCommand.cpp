@@ -1,0 +1,313 @@
+#include "fieldhost/catalog/CatalogFiles.h"
+#include "fieldhost/cli/Codes.h"
+#include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/Console.h"
+#include "fieldhost/cli/ExitCode.h"
+#include "fieldhost/cli/LocaleOverview.h"
+#include "fieldhost/cli/Table.h"
+#include "fieldhost/jobs/Text.h"
+#include "shared/locale/CCountryLanguageCodeConversion.h"
+#include "shared/locale/CLocaleSupport.h"
+#include "shared/locale/CProjectLocaleData.h"
+#include "shared/locale/GlobalLocaleData.h"
+
+#include <QCommandLineParser>
+#include <QLocale>
+
+#include <optional>
+
+namespace Tavro::FieldHost {
+
+using Logging::LogLevel;
+using Shared::CCountryLanguageCodeConversion;
+using Shared::CLocaleSupport;
+using Shared::CProjectLocaleData;
+using Shared::GlobalLocaleData;
+
+namespace {
+
+const char s_helpText[] =
+    R"(Usage: ovo-fieldhost locale [--catalog FILE] [--country CODE] [--language CODE]
+                            [--device LOCALE]
+
+Shows how a project shows distances, speeds, temperatures, dates and sizes, and in which units the
+columns of its catalog are.
+
+A project is open when a catalog, a country or a language is given; its locale then counts, else
+that of the device.
+
+Options:
+  --catalog FILE   The project's catalog; docs/catalog.md describes the file.
+  --country CODE   The project's country, such as CH; without it, that of the catalog.
+  --language CODE  The project's language, such as DEU; without it, that of the catalog.
+  --device LOCALE  The device's locale, such as de_CH; without it, that of the environment.
+  -h, --help       Shows this text.
+
+"ovo-fieldhost countries" lists the codes of countries and languages.
+
+Exit codes:
+  0  shown
+  1  the catalog cannot be used; the message names file, place and cause
+  2  the command line was not understood)";
+
+/** What the user has said. */
+struct Request
+{
+    std::optional<QString> catalogFile;
+    std::optional<QString> country;
+    std::optional<QString> language;
+    std::optional<QString> device;
+};
+
+QString textOf(const CatalogError &error)
+{
+    if (error.line == 0) {
+        return QStringLiteral("The catalog %1 cannot be read: %2.")
+            .arg(quoted(error.file), printable(error.cause));
+    }
+    return QStringLiteral("The catalog %1 cannot be used. Line %2, column %3: %4.")
+        .arg(quoted(error.file))
+        .arg(error.line)
+        .arg(error.column)
+        .arg(printable(error.cause));
+}
+
+QString countryName(const QString &code)
+{
+    return QLocale::countryToString(CCountryLanguageCodeConversion::countryFromCountryCode(code));
+}
+
+QString languageName(const QString &code)
+{
+    return QLocale::languageToString(
+        CCountryLanguageCodeConversion::languageFromLanguageCode(code));
+}
+
+// what to type instead of a code that is not known
+QString nearestCountry(const QString &code)
+{
+    const QString nearest = nearestCountryCode(code);
+    return QStringLiteral("The nearest one is \"%1\" (%2).").arg(nearest, countryName(nearest));
+}
+
+QString nearestLanguage(const QString &code)
+{
+    const QString nearest = nearestLanguageCode(code);
+    return QStringLiteral("The nearest one is \"%1\" (%2).").arg(nearest, languageName(nearest));
+}
+
+QString codeText(const QString &code, const QString &name, bool isKnown)
+{
+    if (code.isEmpty()) {
+        return QStringLiteral("not given");
+    }
+    return printable(code) + QLatin1String("  ") + (isKnown ? name : QStringLiteral("not known"));
+}
+
+QString unitText(Base::DistanceUnit unit)
+{
+    switch (unit) {
+    case Base::DistanceUnit::Feet:
+        return CLocaleSupport::distanceUnits_ft;
+    case Base::DistanceUnit::Inch:
+        return CLocaleSupport::distanceUnits_inch;
+    default:
+        return CLocaleSupport::distanceUnits_m;
+    }
+}
+
+bool isDistanceUnit(const QString &text)
+{
+    return text == CLocaleSupport::distanceUnits_m || text == CLocaleSupport::distanceUnits_ft
+        || text == CLocaleSupport::distanceUnits_inch;
+}
+
+/** The host with its project, open or not, as the request has it. */
+class LocaleRun
+{
+public:
+    LocaleRun(const Request &request, Console &console)
+        : m_request(request)
+        , m_console(console)
+    {
+    }
+
+    ExitCode run();
+
+private:
+    bool loadCatalog();
+    void openProject();
+    void warnOfUnknownCodes();
+    QString summary() const;
+    QString distanceText() const;
+
+    const Request &m_request;
+    Console &m_console;
+    CatalogFiles m_catalogs;
+    const CatalogDescriptor *m_catalog = nullptr;
+    QSharedPointer<Templates::CCatalogTemplate> m_template;
+    QString m_country;
+    QString m_language;
+};
+
+ExitCode LocaleRun::run()
+{
+    GlobalLocaleData::instance()->setDeviceLocale(
+        m_request.device ? *localeOfName(*m_request.device) : QLocale::system());
+    if (m_request.catalogFile && !loadCatalog()) {
+        return ExitFailed;
+    }
+    openProject();
+    m_console.print(summary());
+    m_console.print(QLatin1Char('\n') + valueOverview());
+    if (m_template) {
+        m_console.print(QLatin1Char('\n') + columnOverview(*m_template));
+    }
+    return ExitDone;
+}
+
+bool LocaleRun::loadCatalog()
+{
+    CatalogError error;
+    m_catalog = m_catalogs.load(*m_request.catalogFile, error);
+    if (!m_catalog) {
+        m_console.printError(textOf(error));
+        return false;
+    }
+    m_template = m_catalogs.getTemplateFromCache(m_catalog->templateId);
+    m_country = m_catalog->countryCode;
+    m_language = m_catalog->languageCode;
+    return true;
+}
+
+void LocaleRun::openProject()
+{
+    m_country = m_request.country.value_or(m_country);
+    m_language = m_request.language.value_or(m_language);
+    CProjectLocaleData *project = CProjectLocaleData::instance();
+    if (m_catalog) {
+        warnOfUnknownCodes();
+        project->onNewTemplateLoaded(m_catalog->templateId, m_catalogs, m_catalogs, m_catalog->id,
+                                     m_country, m_language);
+    } else if (m_request.country || m_request.language) {
+        project->setLocale(m_country, m_language);
+    }
+}
+
+// what the user types is checked before; a catalog may be of any country, and is shown as it works
+void LocaleRun::warnOfUnknownCodes()
+{
+    if (!isCountryCode(m_country)) {
+        m_console.printError(QStringLiteral("The catalog's country code %1 is not known. %2")
+                                 .arg(quoted(m_country), nearestCountry(m_country)));
+    }
+    if (!isLanguageCode(m_language)) {
+        m_console.printError(QStringLiteral("The catalog's language code %1 is not known. %2")
+                                 .arg(quoted(m_language), nearestLanguage(m_language)));
+    }
+    if (!isDistanceUnit(m_template->unit()) && !m_template->unit().isEmpty()) {
+        m_console.printError(QStringLiteral("The catalog's unit %1 is not among \"m\", \"ft\" and "
+                                            "\"inch\", so the locale decides.")
+                                 .arg(quoted(m_template->unit())));
+    }
+}
+
+QString LocaleRun::summary() const
+{
+    const bool isProject = CProjectLocaleData::instance()->localeValid();
+    std::vector<QStringList> rows;
+    if (m_catalog) {
+        rows.push_back({QStringLiteral("Catalog"), printable(m_catalog->name)});
+    }
+    if (isProject) {
+        rows.push_back({QStringLiteral("Country"),
+                        codeText(m_country, countryName(m_country), isCountryCode(m_country))});
+        rows.push_back(
+            {QStringLiteral("Language"),
+             codeText(m_language, languageName(m_language), isLanguageCode(m_language))});
+    }
+    rows.push_back(
+        {QStringLiteral("Locale"),
+         CLocaleSupport::getCurrentLocale().name()
+             + (isProject ? QLatin1String(", of the project") : QLatin1String(", of the device"))});
+    rows.push_back({QStringLiteral("Distances"), distanceText()});
+    return formatTable(rows);
+}
+
+QString LocaleRun::distanceText() const
+{
+    const QString unit = unitText(CLocaleSupport::getDistanceUnit());
+    const bool ofCatalog = m_template && isDistanceUnit(m_template->unit());
+    const QString text =
+        QStringLiteral("in %1, as the %2 has it")
+            .arg(unit, ofCatalog ? QStringLiteral("catalog") : QStringLiteral("locale"));
+    // screens know metres and feet only
+    const QString shown = CLocaleSupport::getDistanceUnitString();
+    return shown == unit ? text : text + QStringLiteral(", and shown as %1").arg(shown);
+}
+
+// why the codes are not understood; empty when they are
+QString objectionTo(const Request &request)
+{
+    if (request.country && !isCountryCode(*request.country)) {
+        return QStringLiteral("There is no country code %1. %2")
+            .arg(quoted(*request.country), nearestCountry(*request.country));
+    }
+    if (request.language && !isLanguageCode(*request.language)) {
+        return QStringLiteral("There is no language code %1. %2")
+            .arg(quoted(*request.language), nearestLanguage(*request.language));
+    }
+    if (request.device && !localeOfName(*request.device)) {
+        return QStringLiteral("There is no locale %1. The nearest one is \"%2\".")
+            .arg(quoted(*request.device), nearestLocaleName(*request.device));
+    }
+    return {};
+}
+
+int runLocale(const QStringList &arguments)
+{
+    Console console;
+    QCommandLineParser parser;
+    const auto optionWithValue = [](const char *name) {
+        return QCommandLineOption(QLatin1String(name), QString(), QStringLiteral("value"));
+    };
+    const QCommandLineOption catalog = optionWithValue("catalog");
+    const QCommandLineOption country = optionWithValue("country");
+    const QCommandLineOption language = optionWithValue("language");
+    const QCommandLineOption device = optionWithValue("device");
+    parser.addOptions({catalog, country, language, device});
+
+    if (const auto answered = parseCommandLine(parser, console, "locale", s_helpText, arguments)) {
+        return *answered;
+    }
+    const auto refuse = [&console](const QString &reason) {
+        return usageError(console, "locale", reason);
+    };
+    if (!parser.positionalArguments().isEmpty()) {
+        return refuse(QStringLiteral("%1 belongs to no option.")
+                          .arg(quoted(parser.positionalArguments().constFirst())));
+    }
+    const auto valueOf = [&parser](const QCommandLineOption &option) {
+        return parser.isSet(option) ? std::optional(parser.value(option)) : std::nullopt;
+    };
+    const Request request = {valueOf(catalog), valueOf(country), valueOf(language),
+                             valueOf(device)};
+    const QString objection = objectionTo(request);
+    if (!objection.isEmpty()) {
+        return refuse(objection);
+    }
+    // that a project locale is set is what this command is about
+    HostLog::setThreshold(LogLevel::Warning);
+    return LocaleRun(request, console).run();
+}
+
+} // namespace
+
+const Command localeCommand = {
+    "locale",
+    "Shows how a project shows numbers, dates and units.",
+    runLocale,
+};
+
+} // namespace Tavro::FieldHost

@@ -1,0 +1,185 @@
+#include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/Console.h"
+#include "fieldhost/cli/ExitCode.h"
+#include "fieldhost/cli/SignalWatcher.h"
+#include "fieldhost/jobs/RecordPlan.h"
+#include "fieldhost/jobs/RecordRun.h"
+#include "fieldhost/jobs/Text.h"
+#include "fieldhost/services/FieldApplication.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tavro::FieldHost {
+
+namespace {
+
+const char s_helpText[] = R"(Usage: ovo-fieldhost record [options] CLIP --duration SECONDS
+
+Has the simulated crawler drive through a pipe, look around every ten seconds and record CLIP.
+Writes what a recording leaves beside the video, the clip information file: when and with what it
+was made, and distance, pan and tilt over time. The video itself is not made.
+
+  CLIP  Path of the video. Its clip information file lies in the same folder, under its name up to
+        the first dot, with ".txt". One that is there is continued.
+
+Options:
+  --duration SECONDS    Length of the video.
+  --speed FACTOR        Lets the time pass that many times faster; 1 without it.
+  --pause-at SECONDS    Pauses the recording there for two seconds. May be given several times.
+  --observe-at SECONDS  Enters an observation there. May be given several times.
+  --unit UNIT           Unit of the project: m (without it) or ft.
+  -h, --help            Shows this text.
+
+Ctrl-C ends the recording early; what was recorded up to then is written.
+
+Exit codes:
+  0  recorded, and the file is written
+  1  failed: the file was not written
+  2  the command line was not understood
+  4  nothing recorded: the file cannot lie where it should
+  6  ended early; what was recorded is written)";
+
+// as many milliseconds as fit into any file of this format, and far more than a day
+constexpr double s_longestTime = 1e6; // s
+
+/** Reads the options one by one and keeps the first complaint. */
+class OptionReader
+{
+public:
+    explicit OptionReader(const QCommandLineParser &parser)
+        : m_parser(parser)
+    {
+    }
+
+    const QString &complaint() const { return m_complaint; }
+
+    /** A number above 0; @p fallback when the option is not set. */
+    double positive(const QString &option, double fallback)
+    {
+        if (!m_parser.isSet(option)) {
+            return fallback;
+        }
+        bool isNumber = false;
+        const double value = m_parser.value(option).toDouble(&isNumber);
+        if (!isNumber || !(value > 0) || value > s_longestTime) {
+            complain(option, m_parser.value(option), QStringLiteral("is not a number above 0"));
+            return fallback;
+        }
+        return value;
+    }
+
+    /** The times given, in milliseconds and in order; each must lie within @p duration. */
+    QVector<qint64> times(const QString &option, qint64 duration)
+    {
+        QVector<qint64> times;
+        const QStringList texts = m_parser.values(option);
+        for (const QString &text : texts) {
+            bool isNumber = false;
+            const double seconds = text.toDouble(&isNumber);
+            if (!isNumber || !(seconds >= 0) || seconds * 1000 >= static_cast<double>(duration)) {
+                complain(option, text, QStringLiteral("is no time within the video"));
+                return {};
+            }
+            times.append(std::llround(seconds * 1000));
+        }
+        std::sort(times.begin(), times.end());
+        return times;
+    }
+
+    /** The unit that is named; metres when none is. */
+    Base::DistanceUnit unit(const QString &option)
+    {
+        const QString name = m_parser.value(option);
+        if (name == QLatin1String("ft")) {
+            return Base::DistanceUnit::Feet;
+        }
+        if (m_parser.isSet(option) && name != QLatin1String("m")) {
+            complain(option, name, QStringLiteral("is neither m nor ft"));
+        }
+        return Base::DistanceUnit::Meter;
+    }
+
+private:
+    void complain(const QString &option, const QString &value, const QString &what)
+    {
+        if (m_complaint.isEmpty()) {
+            m_complaint = QStringLiteral("--%1 %2 %3.").arg(option, quoted(value), what);
+        }
+    }
+
+    const QCommandLineParser &m_parser;
+    QString m_complaint;
+};
+
+int carryOut(const RecordPlan &plan, Console &console)
+{
+    SignalWatcher signalWatcher;
+    RecordRun run(plan, *FieldApplication::instance(), console);
+    QObject::connect(&run, &RecordRun::finished, qApp, &QCoreApplication::exit);
+    QObject::connect(&signalWatcher, &SignalWatcher::endSignal, &run, &RecordRun::end);
+    QObject::connect(&signalWatcher, &SignalWatcher::aboutToSuspend, &run,
+                     [&] { console.clearLiveLine(); });
+    run.start();
+    return QCoreApplication::exec();
+}
+
+int runRecord(const QStringList &arguments)
+{
+    const QString durationName = QStringLiteral("duration");
+    const QString speedName = QStringLiteral("speed");
+    const QString pauseName = QStringLiteral("pause-at");
+    const QString observeName = QStringLiteral("observe-at");
+    const QString unitName = QStringLiteral("unit");
+
+    Console console;
+    QCommandLineParser parser;
+    for (const QString &name : {durationName, speedName, pauseName, observeName, unitName}) {
+        parser.addOption({name, QString(), QStringLiteral("VALUE")});
+    }
+
+    if (const auto answered = parseCommandLine(parser, console, "record", s_helpText, arguments)) {
+        return *answered;
+    }
+    const QStringList clips = parser.positionalArguments();
+    if (clips.size() != 1 || clips.first().isEmpty()) {
+        return usageError(console, "record",
+                          clips.size() > 1 ? QStringLiteral("There is more than one CLIP.")
+                                           : QStringLiteral("A CLIP is missing."));
+    }
+    if (!parser.isSet(durationName)) {
+        return usageError(console, "record", QStringLiteral("--duration is missing."));
+    }
+
+    OptionReader reader(parser);
+    RecordPlan plan;
+    plan.clip = clips.first();
+    plan.duration = qMax<qint64>(std::llround(reader.positive(durationName, 1) * 1000), 1);
+    plan.speed = reader.positive(speedName, 1);
+    plan.pauses = reader.times(pauseName, plan.duration);
+    plan.observations = reader.times(observeName, plan.duration);
+    plan.unit = reader.unit(unitName);
+    if (!reader.complaint().isEmpty()) {
+        return usageError(console, "record", reader.complaint());
+    }
+    const RecordRefusal refusal = checkPlace(plan);
+    if (refusal.code != ExitDone) {
+        console.printError(refusal.reason);
+        return refusal.code;
+    }
+    return carryOut(plan, console);
+}
+
+} // namespace
+
+const Command recordCommand = {
+    "record",
+    "Records the clip information of a simulated drive through a pipe.",
+    runRecord,
+};
+
+} // namespace Tavro::FieldHost

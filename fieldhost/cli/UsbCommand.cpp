@@ -1,0 +1,328 @@
+#include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/Console.h"
+#include "fieldhost/cli/ExitCode.h"
+#include "fieldhost/cli/NearestWord.h"
+#include "fieldhost/jobs/FatVolume.h"
+#include "fieldhost/jobs/Paths.h"
+#include "fieldhost/jobs/Text.h"
+#include "fieldhost/jobs/UsbDrive.h"
+#include "shared/usb/USBDriveCleanAccessManager.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+
+namespace Tavro::FieldHost {
+
+using Shared::MountedUSBDeviceList;
+using Shared::mountItem;
+using Shared::USBDriveCleanAccessManager;
+
+namespace {
+
+const char s_helpText[] =
+    R"(Usage: ovo-fieldhost usb [options] [list | root | lock PATH | unlock | dirty DEVICE]
+
+Shows the USB drive, and makes it safe to pull.
+
+  list          Shows the USB drives and their mounted partitions. This is the default.
+  root          Prints the folder to offer as the USB drive.
+  lock PATH     Mounts the drive and marks the partition that PATH lies on as in use.
+  unlock        Unmounts the drive, as soon as nobody uses it, and marks it clean.
+  dirty DEVICE  Tells whether the FAT volume on DEVICE, such as /dev/sda1, is marked as in use.
+
+The drive is /dev/sda1, mounted on /media/usbdrive. "list", "root" and "lock" mount it for a look
+where it is not mounted, and unmount it after.
+
+Options:
+  --dry-run   Runs and writes nothing. Tells what would be run and written instead.
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  done
+  1  failed, or there is no such drive; the message says why
+  2  the command line was not understood)";
+
+const char s_device[] = "/dev/sda1";
+
+/** One call of the command, understood. */
+struct Request
+{
+    QString argument; // absolute
+    bool dryRun = false;
+};
+
+void wouldRun(Console &console, const char *command)
+{
+    console.print(
+        QStringLiteral("Would run: %1 %2").arg(QLatin1String(command), QLatin1String(s_device)));
+}
+
+void wouldWrite(Console &console, int value, const mountItem &partition)
+{
+    const qint64 offset = Shared::getDirtyByteOffset(partition.fileSystemType);
+    console.print(
+        offset < 0
+            ? QStringLiteral("Would write nothing: %1 has no dirty byte.").arg(described(partition))
+            : QStringLiteral("Would write: %1 to byte %2 of %3")
+                  .arg(value)
+                  .arg(offset)
+                  .arg(described(partition)));
+}
+
+// the commands by which the library looks for partitions where the drive is not mounted
+bool wouldLook(Console &console)
+{
+    if (MountedUSBDeviceList::isUSBMounted()) {
+        return false;
+    }
+    wouldRun(console, "mount");
+    wouldRun(console, "umount");
+    return true;
+}
+
+int list(const Request &request, Console &console)
+{
+    if (request.dryRun) {
+        if (!wouldLook(console)) {
+            console.print(QStringLiteral("Would run nothing: the drive is mounted."));
+        }
+        return ExitDone;
+    }
+    const auto devices = MountedUSBDeviceList::getUSBMountInfo();
+    if (devices.isEmpty()) {
+        console.print(QStringLiteral("There is no USB drive."));
+    }
+    for (const auto &device : devices) {
+        console.print(QStringLiteral("%1  %2:%3  %4")
+                          .arg(quoted(device->deviceNode()), device->vendorId(),
+                               device->productId(), quoted(device->vendorName().trimmed())));
+        const Shared::mountPathsStruct info = device->mountInfo();
+        if (info.items.isEmpty()) {
+            console.print(QStringLiteral("  nothing mounted"));
+        }
+        for (const mountItem &item : info.items) {
+            console.print(QStringLiteral("  %1 on %2")
+                              .arg(described(item), quoted(item.mountPoint.filePath())));
+        }
+        if (!info.supported) {
+            console.print(QStringLiteral("  not supported: the application works with FAT, exFAT "
+                                         "and NTFS"));
+        }
+    }
+    return ExitDone;
+}
+
+int root(const Request &request, Console &console)
+{
+    if (request.dryRun) {
+        return list(request, console);
+    }
+    const QVariantList answer = MountedUSBDeviceList::getUSBMountPathRoot();
+    const QString path = answer.at(0).toString();
+    if (path.isEmpty()) {
+        console.printError(QStringLiteral("There is no mounted USB drive that you may write to."));
+        const QString missing = missingMountRight();
+        if (!missing.isEmpty()) {
+            console.printError(missing);
+        }
+        return ExitFailed;
+    }
+    console.print(path);
+    if (!answer.at(1).toBool()) {
+        console.printError(QStringLiteral("A file system on it is not supported; see: "
+                                          "ovo-fieldhost usb list"));
+    }
+    return ExitDone;
+}
+
+int lock(const Request &request, Console &console)
+{
+    if (request.dryRun) {
+        if (wouldLook(console)) {
+            wouldRun(console, "mount");
+            console.print(QStringLiteral("Would write: 1 to the dirty byte of the partition, if "
+                                         "it has one"));
+            return ExitDone;
+        }
+        // nothing is run to find it: the drive is mounted
+        const auto partition = partitionOf(request.argument);
+        if (!partition) {
+            console.print(whyNotMarked(request.argument));
+            return ExitFailed;
+        }
+        wouldRun(console, "mount");
+        wouldWrite(console, 1, *partition);
+        return ExitDone;
+    }
+    USBDriveCleanAccessManager manager;
+    if (!manager.lock(request.argument)) {
+        console.printError(whyNotMarked(request.argument));
+        if (MountedUSBDeviceList::isUSBMounted()) {
+            console.printError(QStringLiteral("The drive is mounted on %1, and not marked.")
+                                   .arg(quoted(QString::fromLatin1(usbMountPoint))));
+        }
+        return ExitFailed;
+    }
+    const auto partition = partitionOf(request.argument);
+    console.print(QStringLiteral("Mounted and marked as in use%1.")
+                      .arg(partition ? QStringLiteral(": ") + described(*partition) : QString()));
+    return ExitDone;
+}
+
+int unlock(const Request &request, Console &console)
+{
+    if (!MountedUSBDeviceList::isUSBMounted()) {
+        console.print(QStringLiteral("Nothing is mounted on %1.")
+                          .arg(quoted(QString::fromLatin1(usbMountPoint))));
+        return ExitDone;
+    }
+    // another process has locked it, so the partition has to be found again
+    const auto partition = partitionOf(QString::fromLatin1(usbMountPoint));
+    if (request.dryRun) {
+        wouldRun(console, "umount");
+        if (partition) {
+            wouldWrite(console, 0, *partition);
+        }
+        return ExitDone;
+    }
+    const QString missing = missingMountRight();
+    if (!missing.isEmpty()) {
+        console.printError(missing);
+        return ExitFailed;
+    }
+    console.print(QStringLiteral("Unmounting, as soon as nobody uses the drive; Ctrl-C gives up."));
+    QDir::setCurrent(QStringLiteral("/")); // a folder of the drive keeps it in use
+    const QString device = partition ? partition->device.absoluteFilePath() : QString();
+    const QByteArray mountedVolume = readFatVolume(device).identity;
+    MountedUSBDeviceList::dismountUSB();
+    if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
+        console.print(QStringLiteral("Unmounted. There was no dirty byte to clear."));
+        return ExitDone;
+    }
+    if (readFatVolume(device).identity != mountedVolume) {
+        console.printError(QStringLiteral("Unmounted. Another drive is in its place now, or none, "
+                                          "and was not touched: the drive that was mounted is "
+                                          "still marked as in use."));
+        return ExitFailed;
+    }
+    if (USBDriveCleanAccessManager::clearDirtyFlag(device, partition->fileSystemType)) {
+        console.print(QStringLiteral("Unmounted and marked clean: %1.").arg(described(*partition)));
+        return ExitDone;
+    }
+    const QString missingWrite = missingWriteRight(device);
+    console.printError(
+        QStringLiteral("Unmounted, and still marked as in use. %1")
+            .arg(missingWrite.isEmpty()
+                     ? QStringLiteral("%1 did not take the mark back.").arg(described(*partition))
+                     : missingWrite));
+    return ExitFailed;
+}
+
+int dirty(const Request &request, Console &console)
+{
+    if (request.dryRun) {
+        console.print(
+            QStringLiteral("Would read: the boot sector of %1").arg(quoted(request.argument)));
+        return ExitDone;
+    }
+    const QString missing = missingReadRight(request.argument);
+    if (!missing.isEmpty()) {
+        console.printError(missing);
+        return ExitFailed;
+    }
+    const FatVolume volume = readFatVolume(request.argument);
+    if (volume.type.isEmpty()) {
+        console.printError(QStringLiteral("%1 holds no FAT file system, and so has no dirty byte "
+                                          "that is known here.")
+                               .arg(quoted(request.argument)));
+        return ExitFailed;
+    }
+    console.print(QStringLiteral("%1: %2 (%3)")
+                      .arg(volume.isDirty ? QStringLiteral("dirty") : QStringLiteral("clean"),
+                           quoted(request.argument), volume.type));
+    if (MountedUSBDeviceList::getFatSubtype(request.argument).isEmpty()) {
+        console.print(QStringLiteral("A lock does not mark it: it knows no type for volumes of "
+                                     "this size."));
+    }
+    return ExitDone;
+}
+
+/** What can follow "usb". */
+struct Action
+{
+    const char *name;
+    const char *argument; // null when it takes none
+    int (*run)(const Request &request, Console &console);
+};
+
+const Action s_actions[] = {
+    {"list", nullptr, list},     {"root", nullptr, root},    {"lock", "PATH", lock},
+    {"unlock", nullptr, unlock}, {"dirty", "DEVICE", dirty},
+};
+
+const Action *findAction(const QString &name)
+{
+    for (const Action &action : s_actions) {
+        if (name == QLatin1String(action.name)) {
+            return &action;
+        }
+    }
+    return nullptr;
+}
+
+QString nearestAction(const QString &name)
+{
+    QStringList names;
+    for (const Action &action : s_actions) {
+        names += QLatin1String(action.name);
+    }
+    return nearest(name, names);
+}
+
+int runUsb(const QStringList &arguments)
+{
+    Console console;
+    QCommandLineParser parser;
+    const QCommandLineOption dryRun(QStringLiteral("dry-run"));
+    parser.addOption(dryRun);
+
+    if (const auto answered =
+            parseCommandLine(parser, console, usbCommand.name, s_helpText, arguments)) {
+        return *answered;
+    }
+    QStringList words = parser.positionalArguments();
+    const QString name = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
+    const Action *action = findAction(name);
+    if (!action) {
+        return usageError(console, usbCommand.name,
+                          QStringLiteral("\"usb\" knows no %1. The nearest one is \"%2\".")
+                              .arg(quoted(name), nearestAction(name)));
+    }
+    const int wanted = action->argument ? 1 : 0;
+    if (words.size() > wanted) {
+        return usageError(
+            console, usbCommand.name,
+            QStringLiteral("\"usb %1\" takes no %2.").arg(name, quoted(words.last())));
+    }
+    if (wanted == 1 && words.value(0).isEmpty()) {
+        return usageError(console, usbCommand.name,
+                          QStringLiteral("A %1 is missing.").arg(QLatin1String(action->argument)));
+    }
+    Request request;
+    request.dryRun = parser.isSet(dryRun);
+    if (wanted == 1) {
+        request.argument = absolutePath(words.first());
+    }
+    return action->run(request, console);
+}
+
+} // namespace
+
+const Command usbCommand = {
+    "usb",
+    "Shows the USB drive, and makes it safe to pull.",
+    runUsb,
+};
+
+} // namespace Tavro::FieldHost

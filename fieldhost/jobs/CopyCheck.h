@@ -1,0 +1,29 @@
+#pragma once
+
+#include "fieldhost/jobs/CopyFault.h"
+#include "fieldhost/jobs/ExportPlan.h"
+
+#include <optional>
+
+namespace Tavro::FieldHost {
+
+/** What a look at the destination says of a copy. */
+struct CopyCheck
+{
+    qint64 wholeFiles = 0;
+    qint64 wholeBytes = 0;
+    std::optional<CopyFault> fault;
+};
+
+/**
+ * Looks for every folder and file of @p job's survey at @p root: folders must exist, files have
+ * the size that their source has now. A file that is shorter or longer is removed, so that nobody
+ * takes it for the source's equal.
+ *
+ * The controller's result tells what failed. This finds what did not fail and is missing all the
+ * same: what the source lost or changed since it was looked through, and what has a name that the
+ * destination's file system does not tell from another.
+ */
+CopyCheck checkCopy(const ExportJob &job, const QString &root);
+
+} // namespace Tavro::FieldHost

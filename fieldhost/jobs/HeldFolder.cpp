@@ -1,0 +1,66 @@
+#include "fieldhost/jobs/HeldFolder.h"
+
+#include "fieldhost/jobs/Paths.h"
+
+#include <QFile>
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Tavro::FieldHost {
+
+namespace {
+
+QString throughDescriptor(int folder)
+{
+    return QStringLiteral("/proc/self/fd/%1").arg(folder);
+}
+
+} // namespace
+
+HeldFolder::HeldFolder(const QString &path)
+    : m_path(path)
+    , m_folder(::open(QFile::encodeName(path).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC))
+{
+    if (m_folder < 0
+        || ::access(QFile::encodeName(throughDescriptor(m_folder)).constData(), F_OK) != 0) {
+        m_error = errno;
+    }
+}
+
+HeldFolder::~HeldFolder()
+{
+    if (m_folder >= 0) {
+        ::close(m_folder);
+    }
+}
+
+QString HeldFolder::reach(const QString &path) const
+{
+    const bool isRoot = m_path.size() == 1; // of the file system: "/" is part of what follows it
+    return throughDescriptor(m_folder) + path.mid(isRoot ? 0 : m_path.size());
+}
+
+QString HeldFolder::shown(const QString &path) const
+{
+    const QString hold = throughDescriptor(m_folder);
+    return isSameOrBelow(path, hold) ? below(m_path, path.mid(hold.size() + 1)) : path;
+}
+
+bool HeldFolder::isInPlace() const
+{
+    struct stat held
+    {
+    };
+    struct stat named
+    {
+    };
+    return ::fstat(m_folder, &held) == 0
+        && ::stat(QFile::encodeName(m_path).constData(), &named) == 0 && held.st_dev == named.st_dev
+        && held.st_ino == named.st_ino;
+}
+
+} // namespace Tavro::FieldHost

@@ -1,0 +1,63 @@
+#include "fieldhost/jobs/Paths.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+
+namespace Tavro::FieldHost {
+
+QString parentOf(const QString &path)
+{
+    const int slash = path.lastIndexOf(QLatin1Char('/'));
+    return slash > 0 ? path.left(slash) : QStringLiteral("/");
+}
+
+QString below(const QString &folder, const QString &name)
+{
+    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
+}
+
+bool existsOrIsLink(const QString &path)
+{
+    struct stat status
+    {
+    };
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+}
+
+QString absolutePath(const QString &typed)
+{
+    // QDir's own way reads ":/x" and "prefix:x" as something else
+    QString path = typed;
+    if (!path.startsWith(QLatin1Char('/'))) {
+        path.prepend(QDir::currentPath() + QLatin1Char('/'));
+    }
+    // "a/.." is not "." where a is a link, so only the file system can resolve it
+    const bool goesUp = path.endsWith(QLatin1String("/..")) || path.contains(QLatin1String("/../"));
+    const QString resolved = goesUp ? QFileInfo(path).canonicalFilePath() : QString();
+    return resolved.isEmpty() ? QDir::cleanPath(path) : resolved;
+}
+
+bool isSameOrBelow(const QString &path, const QString &folder)
+{
+    return path == folder || path.startsWith(below(folder, QString()));
+}
+
+QString nearestExisting(QString path)
+{
+    while (path != QLatin1String("/") && !existsOrIsLink(path)) {
+        path = parentOf(path);
+    }
+    return path;
+}
+
+QString futureCanonicalPath(const QString &path)
+{
+    const QString existing = nearestExisting(path);
+    const QString canonical = QFileInfo(existing).canonicalFilePath();
+    return QDir::cleanPath(canonical + QLatin1Char('/') + path.mid(existing.size()));
+}
+
+} // namespace Tavro::FieldHost

@@ -1,0 +1,93 @@
+#include "fieldhost/jobs/Progress.h"
+
+#include "fieldhost/jobs/Text.h"
+
+#include <chrono>
+#include <cmath>
+
+namespace Tavro::FieldHost {
+
+namespace {
+
+constexpr qint64 s_rateWindow = 5000; // ms; shorter and the figure jumps with every flush
+constexpr qint64 s_rateMinimum = 500; // ms; before that it is a guess
+
+qint64 systemClock()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+} // namespace
+
+Progress::Progress(Clock clock)
+    : m_clock(clock ? std::move(clock) : systemClock)
+{
+}
+
+void Progress::start(qint64 totalBytes)
+{
+    m_total = totalBytes;
+    m_bytes = 0;
+    m_before = 0;
+    m_samples = {{0, 0}};
+    resume();
+}
+
+void Progress::update(qint64 bytes)
+{
+    const qint64 now = elapsed();
+    m_bytes = bytes;
+    m_samples.push_back({now, bytes});
+    while (m_samples.size() > 2 && m_samples.at(1).time < now - s_rateWindow) {
+        m_samples.pop_front();
+    }
+}
+
+void Progress::pause()
+{
+    m_before = elapsed();
+    m_running = false;
+}
+
+void Progress::resume()
+{
+    m_started = m_clock();
+    m_running = true;
+}
+
+qint64 Progress::elapsed() const
+{
+    return m_running ? m_before + m_clock() - m_started : m_before;
+}
+
+double Progress::rate() const
+{
+    const Sample first = m_samples.empty() ? Sample{0, 0} : m_samples.front();
+    const qint64 time = elapsed() - first.time;
+    if (time < s_rateMinimum) {
+        return 0;
+    }
+    return static_cast<double>(m_bytes - first.bytes) * 1000 / static_cast<double>(time);
+}
+
+QString Progress::text() const
+{
+    const qint64 percent = m_total > 0 ? qMin<qint64>(m_bytes * 100 / m_total, 100) : 100;
+    QString text = QStringLiteral("%1 of %2  %3 %")
+                       .arg(formatBytes(m_bytes), formatBytes(m_total))
+                       .arg(percent);
+    const double bytesPerSecond = rate();
+    if (!m_running || bytesPerSecond <= 0) {
+        return text;
+    }
+    text += QLatin1String("  ") + formatRate(bytesPerSecond);
+    const double left = static_cast<double>(m_total - m_bytes) * 1000 / bytesPerSecond;
+    // files may grow while they are copied; a day and more is no forecast
+    if (left >= 0 && left < 86'400'000) {
+        text += QStringLiteral("  %1 left").arg(formatClock(std::llround(left)));
+    }
+    return text;
+}
+
+} // namespace Tavro::FieldHost
