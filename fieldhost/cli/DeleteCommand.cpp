@@ -2,8 +2,8 @@
 #include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/KeyInput.h"
-#include "fieldhost/cli/SignalWatcher.h"
+#include "fieldhost/cli/ProgressLine.h"
+#include "fieldhost/cli/RunControls.h"
 #include "fieldhost/jobs/DeleteRun.h"
 #include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
@@ -65,33 +65,57 @@ void announce(const QStringList &paths, Console &console)
     }
 }
 
-int carryOut(const QStringList &paths, Console &console, SignalWatcher &signalWatcher, bool ask)
+int sum(const DeleteResult &result, Console &console)
 {
-    KeyInput keys;
-    DeleteRun run(paths, console);
+    if (result.left > 0) {
+        console.printError(
+            QStringLiteral("%1: %2 of %3 not deleted.")
+                .arg(result.isAborted ? QStringLiteral("Aborted") : QStringLiteral("Failed"))
+                .arg(result.left)
+                .arg(result.left + result.deleted));
+    }
+    return result.left == 0 ? ExitDone : result.isAborted ? ExitAborted : ExitFailed;
+}
+
+int carryOut(const QStringList &paths, Console &console, bool ask)
+{
+    RunControls controls(console);
+    DeleteRun run(paths);
     bool isAsking = ask;
     const auto refuse = [&] {
         console.print(QStringLiteral("Nothing was deleted."));
         QCoreApplication::exit(ExitAborted);
     };
-    const auto abort = [&] {
+    const auto begin = [&] {
+        isAsking = false;
+        controls.showProgress([&run](int columns) {
+            return run.hasProgress() ? progressLine(run.progress(), QString(), QString(), columns)
+                                     : QString();
+        });
+        run.start();
+    };
+    QObject::connect(&run, &DeleteRun::deleted, &controls, [&](const QString &path) {
+        console.clearLiveLine();
+        console.print(QStringLiteral("Deleted: %1").arg(quoted(path)));
+    });
+    QObject::connect(&run, &DeleteRun::failed, &controls, [&](const QString &reason) {
+        console.clearLiveLine();
+        console.printError(reason);
+    });
+    QObject::connect(&run, &DeleteRun::finished, &controls, [&] {
+        controls.endProgress();
+        QCoreApplication::exit(sum(run.result(), console));
+    });
+    QObject::connect(&controls, &RunControls::endRequested, &run, [&] {
         if (isAsking) {
             refuse();
         } else {
             run.abort();
         }
-    };
-    QObject::connect(&run, &DeleteRun::finished, qApp, &QCoreApplication::exit);
-    QObject::connect(&signalWatcher, &SignalWatcher::endSignal, &run, abort);
-    QObject::connect(&signalWatcher, &SignalWatcher::aboutToSuspend, &keys, [&] {
-        console.clearLiveLine();
-        keys.close();
     });
-    QObject::connect(&signalWatcher, &SignalWatcher::continued, &keys, [&] { keys.open(); });
-    QObject::connect(&keys, &KeyInput::keyPressed, &run, [&](char key) {
+    QObject::connect(&controls, &RunControls::keyPressed, &run, [&](char key) {
         if (isAsking && (key == 'y' || key == 'Y')) {
-            isAsking = false;
-            run.start();
+            begin();
         } else if (isAsking) {
             refuse();
         } else if (key == 'q') {
@@ -99,18 +123,18 @@ int carryOut(const QStringList &paths, Console &console, SignalWatcher &signalWa
         }
     });
 
-    const bool hasKeys = console.isLive() && keys.open();
-    if (ask) {
-        if (!hasKeys) {
-            console.printError(QStringLiteral(
-                "There is no terminal to ask on, and --yes is missing: nothing was deleted."));
-            return ExitUsage;
-        }
-        announce(paths, console);
-        console.print(QStringLiteral("Delete? y deletes, any other key does not"));
-    } else {
-        run.start();
+    const bool hasKeys = controls.openKeys();
+    if (!ask) {
+        begin();
+        return QCoreApplication::exec();
     }
+    if (!hasKeys) {
+        console.printError(QStringLiteral(
+            "There is no terminal to ask on, and --yes is missing: nothing was deleted."));
+        return ExitUsage;
+    }
+    announce(paths, console);
+    console.print(QStringLiteral("Delete? y deletes, any other key does not"));
     return QCoreApplication::exec();
 }
 
@@ -139,8 +163,7 @@ int runDelete(const QStringList &arguments)
     if (isRefused) {
         return ExitSourceRefused;
     }
-    SignalWatcher signalWatcher;
-    return carryOut(paths, console, signalWatcher, !line.isSet(yes));
+    return carryOut(paths, console, !line.isSet(yes));
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 #include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/KeyInput.h"
-#include "fieldhost/cli/SignalWatcher.h"
+#include "fieldhost/cli/ProgressLine.h"
+#include "fieldhost/cli/RunControls.h"
 #include "fieldhost/jobs/DriveAccess.h"
 #include "fieldhost/jobs/ExportPlan.h"
 #include "fieldhost/jobs/ExportRun.h"
@@ -57,28 +57,125 @@ Exit codes:
   5  nothing copied: DESTINATION has not enough free space
   6  aborted; the copy was removed)";
 
-int carryOut(const ExportPlan &plan, bool verify, Console &console, SignalWatcher &signalWatcher)
+QString leftOut(const ExportPlan &plan)
 {
-    KeyInput keys;
-    ExportRun run(plan, console, verify);
-    QObject::connect(&run, &ExportRun::finished, qApp, &QCoreApplication::exit);
-    QObject::connect(&signalWatcher, &SignalWatcher::endSignal, &run, &ExportRun::abort);
-    QObject::connect(&signalWatcher, &SignalWatcher::aboutToSuspend, &keys, [&] {
-        console.clearLiveLine();
-        keys.close();
+    int hidden = 0;
+    int broken = 0;
+    int special = 0;
+    for (const ExportJob &job : plan.jobs) {
+        hidden += job.survey.hiddenEntries;
+        broken += job.survey.brokenLinks;
+        special += job.survey.specialEntries;
+    }
+    QStringList parts;
+    if (hidden > 0) {
+        parts.append(counted(hidden, "hidden entry", "hidden entries"));
+    }
+    if (broken > 0) {
+        parts.append(counted(broken, "link that leads nowhere", "links that lead nowhere"));
+    }
+    if (special > 0) {
+        parts.append(counted(special, "pipe, socket or device", "pipes, sockets or devices"));
+    }
+    return parts.join(QLatin1String(", "));
+}
+
+void announce(const ExportPlan &plan, Console &console)
+{
+    for (const ExportJob &job : plan.jobs) {
+        const bool hasSlash = job.source.size() > 1 && job.source.endsWith(QLatin1Char('/'));
+        console.print(
+            QStringLiteral("Copying %1 (%2) from %3 to %4")
+                .arg(counted(job.survey.files.size(), "file"), formatBytes(job.survey.bytes),
+                     quoted(hasSlash ? job.source.chopped(1) : job.source), quoted(job.landing)));
+        if (job.replacedFiles > 0) {
+            console.print(QStringLiteral("  replaces %1 there, once all of the copy is whole")
+                              .arg(counted(job.replacedFiles, "file")));
+        }
+    }
+    const QString omitted = leftOut(plan);
+    if (!omitted.isEmpty()) {
+        console.print(QStringLiteral("Left out: %1").arg(omitted));
+    }
+}
+
+QString lineOf(ExportRun &run, int columns)
+{
+    switch (run.state()) {
+    case ExportRun::State::Aborting:
+        return QStringLiteral("Aborting, once the data on its way is written");
+    case ExportRun::State::Paused:
+        return progressLine(run.progress(), run.directory(), QStringLiteral("paused, p resumes"),
+                            columns);
+    case ExportRun::State::Verifying:
+        return progressLine(run.progress(), QStringLiteral("verifying"), QString(), columns);
+    case ExportRun::State::Copying:
+        break;
+    }
+    return progressLine(run.progress(), run.directory(), QString(), columns);
+}
+
+ExitCode exitCodeOf(ExportResult::End end)
+{
+    switch (end) {
+    case ExportResult::End::Done:
+        return ExitDone;
+    case ExportResult::End::Aborted:
+        return ExitAborted;
+    case ExportResult::End::NotBegun:
+        return ExitDestinationRefused;
+    case ExportResult::End::Failed:
+        break;
+    }
+    return ExitFailed;
+}
+
+ExitCode exitCodeOf(Refusal refusal)
+{
+    switch (refusal) {
+    case Refusal::None:
+        return ExitDone;
+    case Refusal::Canceled:
+        return ExitAborted;
+    case Refusal::Source:
+        return ExitSourceRefused;
+    case Refusal::NoSpace:
+        return ExitNoSpace;
+    case Refusal::Destination:
+        break;
+    }
+    return ExitDestinationRefused;
+}
+
+int carryOut(const ExportPlan &plan, bool verify, Console &console, RunControls &controls)
+{
+    ExportRun run(plan, verify);
+    QObject::connect(&run, &ExportRun::warned, qApp,
+                     [&](const QString &sentence) { console.printError(sentence); });
+    QObject::connect(&run, &ExportRun::stateChanged, &controls, &RunControls::refresh);
+    QObject::connect(&run, &ExportRun::finished, &controls, [&] {
+        controls.endProgress();
+        for (const QString &sentence : run.result().problems) {
+            console.printError(sentence);
+        }
+        for (const QString &sentence : run.result().report) {
+            console.print(sentence);
+        }
+        QCoreApplication::exit(exitCodeOf(run.result().end));
     });
-    const auto openKeys = [&] { return console.isLive() && keys.open(); };
-    QObject::connect(&signalWatcher, &SignalWatcher::continued, &keys, openKeys);
-    QObject::connect(&keys, &KeyInput::keyPressed, &run, [&run](char key) {
+    QObject::connect(&controls, &RunControls::endRequested, &run, &ExportRun::abort);
+    QObject::connect(&controls, &RunControls::keyPressed, &run, [&run](char key) {
         if (key == 'p') {
-            run.togglePause();
+            run.setPaused(run.state() != ExportRun::State::Paused);
         } else if (key == 'q') {
             run.abort();
         }
     });
-    if (openKeys()) {
+    if (controls.openKeys()) {
         console.print(QStringLiteral("Keys: p pauses and resumes, q aborts"));
     }
+    announce(plan, console);
+    controls.showProgress([&run](int columns) { return lineOf(run, columns); });
     run.start();
     // a signal that came before the event loop runs is delivered by it
     return QCoreApplication::exec();
@@ -108,30 +205,34 @@ int runExport(const QStringList &arguments)
     }
     const QString destination = sources.takeLast();
 
-    DriveAccess drive(destination, console);
-    // it goes before the drive: a signal ends the wait for one that stays in use
-    SignalWatcher signalWatcher;
+    DriveAccess drive(destination);
+    QObject::connect(&drive, &DriveAccess::reported, qApp,
+                     [&](const QString &sentence) { console.print(sentence); });
+    QObject::connect(&drive, &DriveAccess::warned, qApp,
+                     [&](const QString &sentence) { console.printError(sentence); });
+    // they go before the drive: a signal ends the wait for one that stays in use
+    RunControls controls(console);
     if (!drive.begin()) {
         return ExitDestinationRefused;
     }
-    const ExportPlan plan =
+    ExportPlan plan =
         planExport(sources, destination, parser.isSet(intoExisting), SignalWatcher::endRequested);
-    if (plan.refusal == ExitDone && SignalWatcher::endRequested()) {
-        console.print(QStringLiteral("Aborted before anything was copied."));
-        return ExitAborted;
+    if (plan.refusal == Refusal::None && SignalWatcher::endRequested()) {
+        plan.refusal = Refusal::Canceled;
     }
-    if (plan.refusal == ExitDone) {
-        drive.warnOfLargeFiles(plan);
-        return carryOut(plan, parser.isSet(verify), console, signalWatcher);
+    if (plan.refusal == Refusal::Canceled) {
+        console.print(QStringLiteral("Aborted before anything was copied."));
+    } else if (plan.refusal == Refusal::None) {
+        const QString warning = drive.largeFileWarning(plan);
+        if (!warning.isEmpty()) {
+            console.printError(warning);
+        }
+        return carryOut(plan, parser.isSet(verify), console, controls);
     }
     for (const QString &reason : plan.reasons) {
-        if (plan.refusal == ExitAborted) {
-            console.print(reason);
-        } else {
-            console.printError(reason);
-        }
+        console.printError(reason);
     }
-    return plan.refusal;
+    return exitCodeOf(plan.refusal);
 }
 
 } // namespace

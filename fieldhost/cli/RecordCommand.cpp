@@ -2,11 +2,13 @@
 #include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/SignalWatcher.h"
+#include "fieldhost/cli/RunControls.h"
 #include "fieldhost/jobs/RecordPlan.h"
 #include "fieldhost/jobs/RecordRun.h"
 #include "fieldhost/jobs/Text.h"
 #include "fieldhost/services/FieldApplication.h"
+#include "shared/locale/CConversionServices.h"
+#include "shared/locale/CLocaleSupport.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -116,15 +118,54 @@ private:
     QString m_complaint;
 };
 
+QString lineOf(const RecordRun &run, qint64 duration, const SimulatedCrawler &crawler)
+{
+    double distance = crawler.distanceCounter()->distanceValue();
+    if (Shared::CLocaleSupport::getDistanceUnit() == Base::DistanceUnit::Feet) {
+        distance = Shared::CConversionServices::convertMetersToFeet(distance);
+    }
+    return QStringLiteral("%1  %2 of %3  %4 %  %5  pan %6°  tilt %7°")
+        .arg(run.isPaused() ? QStringLiteral("paused   ") : QStringLiteral("recording"),
+             formatClock(run.recorded()), formatClock(duration))
+        .arg(run.recorded() * 100 / duration)
+        .arg(Shared::CLocaleSupport::distanceValueToLocalizedString(distance, true, true))
+        .arg(crawler.panTilt()->getPan(), 0, 'f', 1)
+        .arg(crawler.panTilt()->getTilt(), 0, 'f', 1);
+}
+
+ExitCode sum(const RecordRun &run, Console &console)
+{
+    const RecordResult &result = run.result();
+    if (!result.problem.isEmpty()) {
+        console.printError(QStringLiteral("%1 was not written as it should be: %2")
+                               .arg(quoted(run.infoPath()), result.problem));
+        return ExitFailed;
+    }
+    console.print(
+        QStringLiteral("%1 %2 of video, %3 in %4")
+            .arg(result.isEndedByUser ? QStringLiteral("Ended after") : QStringLiteral("Recorded"),
+                 formatDuration(result.duration), counted(result.samples, "sample"),
+                 quoted(run.infoPath())));
+    return result.isEndedByUser ? ExitAborted : ExitDone;
+}
+
 int carryOut(const RecordPlan &plan, Console &console)
 {
-    SignalWatcher signalWatcher;
-    RecordRun run(plan, *FieldApplication::instance(), console);
-    QObject::connect(&run, &RecordRun::finished, qApp, &QCoreApplication::exit);
-    QObject::connect(&signalWatcher, &SignalWatcher::endSignal, &run, &RecordRun::end);
-    QObject::connect(&signalWatcher, &SignalWatcher::aboutToSuspend, &run,
-                     [&] { console.clearLiveLine(); });
+    RunControls controls(console);
+    FieldApplication &host = *FieldApplication::instance();
+    RecordRun run(plan, host);
+    QObject::connect(&run, &RecordRun::progressChanged, &controls,
+                     [&] { console.setLiveLine(lineOf(run, plan.duration, host.crawler())); });
+    QObject::connect(&run, &RecordRun::finished, &controls, [&] {
+        console.clearLiveLine();
+        QCoreApplication::exit(sum(run, console));
+    });
+    QObject::connect(&controls, &RunControls::endRequested, &run, &RecordRun::end);
     run.start();
+    if (run.samplesBefore() >= 0) {
+        console.print(QStringLiteral("Continues %1 after %2")
+                          .arg(quoted(run.infoPath()), counted(run.samplesBefore(), "sample")));
+    }
     return QCoreApplication::exec();
 }
 
@@ -166,10 +207,10 @@ int runRecord(const QStringList &arguments)
     if (!reader.complaint().isEmpty()) {
         return usageError(console, "record", reader.complaint());
     }
-    const RecordRefusal refusal = checkPlace(plan);
-    if (refusal.code != ExitDone) {
-        console.printError(refusal.reason);
-        return refusal.code;
+    const QString objection = objectionToPlace(plan);
+    if (!objection.isEmpty()) {
+        console.printError(objection);
+        return ExitDestinationRefused;
     }
     return carryOut(plan, console);
 }

@@ -1,6 +1,6 @@
 #include "fieldhost/cli/Table.h"
 
-#include "fieldhost/jobs/Text.h"
+#include "fieldhost/cli/Width.h"
 
 #include <algorithm>
 

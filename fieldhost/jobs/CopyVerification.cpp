@@ -100,6 +100,7 @@ bool CopyVerification::compareChunk()
         return false;
     }
     m_comparedBytes += m_sourceChunk.size();
+    Q_EMIT progressChanged();
     if (m_sourceChunk.size() < s_chunk) {
         m_source.close();
         m_target.close();

@@ -44,6 +44,8 @@ public:
     std::optional<CopyFault> fault() const { return m_fault; }
 
 Q_SIGNALS:
+    /** comparedBytes() has grown. */
+    void progressChanged();
     /** All is compared, or the first fault found, or it was canceled. */
     void finished();
 

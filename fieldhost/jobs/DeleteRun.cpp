@@ -1,6 +1,5 @@
 #include "fieldhost/jobs/DeleteRun.h"
 
-#include "fieldhost/cli/Console.h"
 #include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 
@@ -18,33 +17,21 @@ using Shared::CFileDeleteController;
 
 namespace {
 
-constexpr int s_liveInterval = 100; // ms
-constexpr int s_plainInterval = 1000; // ms
-constexpr int s_shownFolders = 5;
-
-QString sentence(const char *what, const QString &path, int error)
-{
-    const QString text = QString::fromLatin1(what).replace(QLatin1String("%1"), quoted(path));
-    return error == 0 ? text + QLatin1Char('.')
-                      : text + QStringLiteral(": %1.").arg(systemText(error));
-}
-
 // what is left of a folder, and why; empty when nothing is
 QString failure(const Shared::CFileOperationResult &result)
 {
     QStringList lines;
     if (!result.path.isEmpty()) {
-        lines.append(sentence("%1 cannot be deleted", result.path, result.systemError));
+        lines.append(withCause(QStringLiteral("%1 cannot be deleted").arg(quoted(result.path)),
+                               result.systemError));
     }
-    const QStringList &folders = result.unreadableDirectories;
-    for (int i = 0; i < qMin(folders.size(), s_shownFolders); ++i) {
-        lines.append(sentence("The folder %1 cannot be read as a whole", folders.at(i),
-                              result.path.isEmpty() ? result.systemError : 0));
+    QStringList unreadable;
+    for (const QString &folder : result.unreadableDirectories) {
+        unreadable.append(
+            withCause(QStringLiteral("The folder %1 cannot be read as a whole").arg(quoted(folder)),
+                      result.path.isEmpty() ? result.systemError : 0));
     }
-    if (folders.size() > s_shownFolders) {
-        lines.append(QStringLiteral("The same goes for %1.")
-                         .arg(counted(folders.size() - s_shownFolders, "more folder")));
-    }
+    lines += listed(unreadable, "more folder");
     if (lines.isEmpty() && !result.isWhole()) {
         lines.append(QStringLiteral("The deletion did not come to its end."));
     }
@@ -55,7 +42,7 @@ QString failure(const Shared::CFileOperationResult &result)
 QString deleteFile(const QString &path)
 {
     if (::unlink(QFile::encodeName(path).constData()) != 0) {
-        return sentence("%1 cannot be deleted", path, errno);
+        return withCause(QStringLiteral("%1 cannot be deleted").arg(quoted(path)), errno);
     }
     const QByteArray folder = QFile::encodeName(parentOf(absolutePath(path)));
     const int fd = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -67,29 +54,29 @@ QString deleteFile(const QString &path)
     ::close(fd);
     return error == 0
         ? QString()
-        : sentence("That %1 is deleted could not be written to the device", path, error);
+        : withCause(QStringLiteral("That %1 is deleted could not be written to the device")
+                        .arg(quoted(path)),
+                    error);
 }
 
 } // namespace
 
-DeleteRun::DeleteRun(QStringList paths, Console &console, QObject *parent)
+DeleteRun::DeleteRun(QStringList paths, QObject *parent)
     : QObject(parent)
     , m_paths(std::move(paths))
-    , m_console(console)
 {
     connect(&m_controller, &CFileDeleteController::stateChanged, this, &DeleteRun::onStateChanged);
+    connect(&m_controller, &CFileDeleteController::processedBytesChanged, this,
+            &DeleteRun::progressChanged);
     connect(&m_controller, &CFileDeleteController::totalBytesChanged, this, [this] {
         if (m_controller.totalBytes() > 0) { // 0 is the end
             m_progress.start(m_controller.totalBytes());
         }
     });
-    m_display.setInterval(console.isLive() ? s_liveInterval : s_plainInterval);
-    connect(&m_display, &QTimer::timeout, this, &DeleteRun::showProgress);
 }
 
 void DeleteRun::start()
 {
-    m_display.start();
     QMetaObject::invokeMethod(this, &DeleteRun::next, Qt::QueuedConnection);
 }
 
@@ -127,11 +114,10 @@ void DeleteRun::onStateChanged()
 void DeleteRun::settle(const QString &failure)
 {
     const QString path = m_paths.at(m_current);
-    m_console.clearLiveLine();
     const bool isThere = existsOrIsLink(path);
     if (failure.isEmpty() && !isThere) {
-        ++m_deleted;
-        m_console.print(QStringLiteral("Deleted: %1").arg(quoted(path)));
+        ++m_result.deleted;
+        Q_EMIT deleted(path);
     } else if (!m_isAborting) {
         QStringList lines;
         if (isThere) {
@@ -140,38 +126,27 @@ void DeleteRun::settle(const QString &failure)
         if (!failure.isEmpty()) {
             lines.append(failure);
         }
-        m_console.printError(QStringLiteral("Failed: ") + lines.join(QLatin1Char('\n')));
+        Q_EMIT failed(QStringLiteral("Failed: ") + lines.join(QLatin1Char('\n')));
     }
     QMetaObject::invokeMethod(this, &DeleteRun::next, Qt::QueuedConnection);
 }
 
-void DeleteRun::showProgress()
+bool DeleteRun::hasProgress() const
 {
-    if (!m_isAtWork || m_controller.state() != CFileDeleteController::StateDeleting) {
-        return;
-    }
+    return m_isAtWork && m_controller.state() == CFileDeleteController::StateDeleting;
+}
+
+const Progress &DeleteRun::progress()
+{
     m_progress.update(m_controller.processedBytes());
-    const QString text = m_progress.text();
-    if (m_console.isLive()) {
-        m_console.setLiveLine(text);
-    } else {
-        m_console.print(text);
-    }
+    return m_progress;
 }
 
 void DeleteRun::finish()
 {
-    m_display.stop();
-    m_console.clearLiveLine();
-    const int left = m_paths.size() - m_deleted;
-    if (left > 0) {
-        m_console.printError(
-            QStringLiteral("%1: %2 of %3 not deleted.")
-                .arg(m_isAborting ? QStringLiteral("Aborted") : QStringLiteral("Failed"))
-                .arg(left)
-                .arg(m_paths.size()));
-    }
-    Q_EMIT finished(left == 0 ? ExitDone : m_isAborting ? ExitAborted : ExitFailed);
+    m_result.left = m_paths.size() - m_result.deleted;
+    m_result.isAborted = m_isAborting && m_result.left > 0;
+    Q_EMIT finished();
 }
 
 } // namespace Tavro::FieldHost

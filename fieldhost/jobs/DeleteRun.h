@@ -1,48 +1,62 @@
 #pragma once
 
-#include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/jobs/Progress.h"
 #include "shared/fileops/CFileDeleteController.h"
 
 #include <QObject>
 #include <QStringList>
-#include <QTimer>
 
 namespace Tavro::FieldHost {
 
-class Console;
+/** How a deletion ended. */
+struct DeleteResult
+{
+    int deleted = 0; // of the paths
+    int left = 0; // that are still there, at least in part
+    bool isAborted = false; // the user ended it before all were deleted
+};
 
-/** Deletes folders, files and links one after the other, and says how it ended. */
+/** Deletes folders, files and links one after the other. */
 class DeleteRun : public QObject
 {
     Q_OBJECT
 
 public:
-    DeleteRun(QStringList paths, Console &console, QObject *parent = nullptr);
+    explicit DeleteRun(QStringList paths, QObject *parent = nullptr);
 
     /** Begins; finished() follows through the event loop. */
     void start();
     /** Ends it behind the folder that is being deleted, which goes whole. */
     void abort();
 
+    /** True while the files of a folder are being deleted, whose progress() is known. */
+    bool hasProgress() const;
+    /** Of the folder that is being deleted, as of now. */
+    const Progress &progress();
+    /** Complete with finished(). */
+    const DeleteResult &result() const { return m_result; }
+
 Q_SIGNALS:
-    /** It is over, and the user has been told how; @p exitCode is an ExitCode. */
-    void finished(int exitCode);
+    /** Emitted when there are more bytes. */
+    void progressChanged();
+    /** One of the paths is deleted, and that is on the device. */
+    void deleted(const QString &path);
+    /** One of the paths is not, or not whole; @p reason is for the user, sentences in lines. */
+    void failed(const QString &reason);
+    /** It is over, and result() complete. Exactly once. */
+    void finished();
 
 private:
     void next();
     void onStateChanged();
     void settle(const QString &failure);
-    void showProgress();
     void finish();
 
     const QStringList m_paths;
-    Console &m_console;
     Shared::CFileDeleteController m_controller;
     Progress m_progress;
-    QTimer m_display;
+    DeleteResult m_result;
     int m_current = -1;
-    int m_deleted = 0;
     bool m_isAborting = false;
     bool m_isAtWork = false;
 };

@@ -1,6 +1,5 @@
 #include "fieldhost/jobs/DriveAccess.h"
 
-#include "fieldhost/cli/Console.h"
 #include "fieldhost/jobs/ExportPlan.h"
 #include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
@@ -41,9 +40,9 @@ QString largeFileWarning(const ExportPlan &plan, const QString &fileSystemType)
                  : QString());
 }
 
-DriveAccess::DriveAccess(const QString &destination, Console &console)
-    : m_destination(futureCanonicalPath(absolutePath(destination)))
-    , m_console(console)
+DriveAccess::DriveAccess(const QString &destination, QObject *parent)
+    : QObject(parent)
+    , m_destination(futureCanonicalPath(absolutePath(destination)))
 {
 }
 
@@ -60,47 +59,38 @@ bool DriveAccess::begin()
     const QString missing = missingMountRight();
     if (!missing.isEmpty() && MountedUSBDeviceList::isUSBMounted()) {
         // to unmount it would be tried for ever
-        m_console.printError(
-            QStringLiteral("The USB drive is not marked as in use, and stays mounted. %1")
-                .arg(missing));
+        Q_EMIT warned(QStringLiteral("The USB drive is not marked as in use, and stays mounted. %1")
+                          .arg(missing));
         return true;
     }
     m_marked = m_manager.lock(m_destination);
     m_begun = true;
     if (m_marked) {
         const auto partition = partitionOf(m_destination);
-        m_console.print(
+        Q_EMIT reported(
             QStringLiteral("The USB drive is marked as in use%1.")
                 .arg(partition ? QStringLiteral(": ") + described(*partition) : QString()));
         return true;
     }
     const QString why = whyNotMarked(m_destination);
     if (!MountedUSBDeviceList::isUSBMounted() && !partitionOf(m_destination)) {
-        m_console.printError(why);
-        m_console.printError(QStringLiteral("Nothing was copied: it would not land on a drive."));
+        Q_EMIT warned(why);
+        Q_EMIT warned(QStringLiteral("Nothing was copied: it would not land on a drive."));
         return false;
     }
-    m_console.printError(QStringLiteral("The USB drive is not marked as in use. %1").arg(why));
+    Q_EMIT warned(QStringLiteral("The USB drive is not marked as in use. %1").arg(why));
     return true;
 }
 
-QString DriveAccess::fileSystemType() const
+QString DriveAccess::largeFileWarning(const ExportPlan &plan) const
 {
     // of the drive, the library knows better: it can be mounted by another name
-    if (m_begun) {
-        if (const auto partition = partitionOf(m_destination)) {
-            return partition->fileSystemType;
-        }
-    }
-    return QString::fromLatin1(QStorageInfo(nearestExisting(m_destination)).fileSystemType());
-}
-
-void DriveAccess::warnOfLargeFiles(const ExportPlan &plan)
-{
-    const QString warning = largeFileWarning(plan, fileSystemType());
-    if (!warning.isEmpty()) {
-        m_console.printError(warning);
-    }
+    const auto partition = m_begun ? partitionOf(m_destination) : std::nullopt;
+    return FieldHost::largeFileWarning(
+        plan,
+        partition
+            ? partition->fileSystemType
+            : QString::fromLatin1(QStorageInfo(nearestExisting(m_destination)).fileSystemType()));
 }
 
 void DriveAccess::end()
@@ -111,16 +101,16 @@ void DriveAccess::end()
     m_begun = false;
     QDir::setCurrent(QStringLiteral("/")); // a folder of the drive keeps it in use
     if (MountedUSBDeviceList::isUSBMounted()) {
-        m_console.print(QStringLiteral("Unmounting the USB drive, as soon as nobody uses it; "
+        Q_EMIT reported(QStringLiteral("Unmounting the USB drive, as soon as nobody uses it; "
                                        "Ctrl-C leaves it mounted."));
     }
     const bool clean = m_manager.unlock();
     if (clean == m_marked) {
-        m_console.print(clean ? QStringLiteral("The USB drive is unmounted and marked clean.")
+        Q_EMIT reported(clean ? QStringLiteral("The USB drive is unmounted and marked clean.")
                               : QStringLiteral("The USB drive is unmounted."));
     } else if (m_marked) {
-        m_console.printError(QStringLiteral("The USB drive is unmounted, and still marked as in "
-                                            "use: it did not take the mark back."));
+        Q_EMIT warned(QStringLiteral("The USB drive is unmounted, and still marked as in "
+                                     "use: it did not take the mark back."));
     }
 }
 

@@ -2,11 +2,11 @@
 
 #include "shared/usb/USBDriveCleanAccessManager.h"
 
+#include <QObject>
 #include <QString>
 
 namespace Tavro::FieldHost {
 
-class Console;
 struct ExportPlan;
 
 /**
@@ -15,19 +15,16 @@ struct ExportPlan;
  */
 QString largeFileWarning(const ExportPlan &plan, const QString &fileSystemType);
 
-/**
- * Brackets an export to the USB drive, and tells the user. For a destination elsewhere it does
- * nothing.
- */
-class DriveAccess
+/** Brackets an export to the USB drive. For a destination elsewhere it does nothing. */
+class DriveAccess : public QObject
 {
-    Q_DISABLE_COPY(DriveAccess)
+    Q_OBJECT
 
 public:
     /** For an export to @p destination, as the user typed it. */
-    DriveAccess(const QString &destination, Console &console);
+    explicit DriveAccess(const QString &destination, QObject *parent = nullptr);
     /** Calls end(). */
-    ~DriveAccess();
+    ~DriveAccess() override;
 
     /**
      * Mounts the drive and marks it. A drive that cannot be marked is used all the same; false
@@ -35,17 +32,20 @@ public:
      */
     bool begin();
 
-    /** Tells of the files of @p plan that the file system they go to has no room for. */
-    void warnOfLargeFiles(const ExportPlan &plan);
+    /** A warning of the files of @p plan that the file system they go to has no room for. */
+    QString largeFileWarning(const ExportPlan &plan) const;
 
     /** Unmounts and cleans what begin() has mounted and marked; waits while it is in use. */
     void end();
 
-private:
-    QString fileSystemType() const;
+Q_SIGNALS:
+    /** Something was done to the drive, or is about to be; a sentence for the user. */
+    void reported(const QString &sentence);
+    /** Something could not be done to it; a sentence for the user. */
+    void warned(const QString &sentence);
 
+private:
     const QString m_destination;
-    Console &m_console;
     Shared::USBDriveCleanAccessManager m_manager;
     bool m_begun = false;
     bool m_marked = false;

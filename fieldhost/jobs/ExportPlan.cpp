@@ -21,8 +21,6 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-constexpr int s_shownProblems = 5;
-
 // what a folder for the copy inside an existing one adds to the length of a path at most
 constexpr int s_stagingLength = 32;
 
@@ -69,7 +67,7 @@ private:
     bool checkPathLengths(const ExportJob &job);
     bool checkCollisions();
     bool checkSpace();
-    bool refuse(ExitCode code, const QString &reason);
+    bool refuse(Refusal refusal, const QString &reason);
 
     const bool m_intoExisting;
     const std::function<bool()> &m_canceled;
@@ -109,9 +107,9 @@ ExportPlan Planner::run(const QStringList &sources)
     return m_plan;
 }
 
-bool Planner::refuse(ExitCode code, const QString &reason)
+bool Planner::refuse(Refusal refusal, const QString &reason)
 {
-    m_plan.refusal = code;
+    m_plan.refusal = refusal;
     m_plan.reasons.append(reason);
     return false;
 }
@@ -123,7 +121,7 @@ bool Planner::addSource(const QString &typed)
     const QFileInfo info(job.source);
     if (!info.exists()) {
         return refuse(
-            ExitSourceRefused,
+            Refusal::Source,
             info.isSymLink()
                 ? QStringLiteral("The source %1 is a link that leads nowhere.").arg(quoted(typed))
                 : QStringLiteral("The source %1 does not exist.").arg(quoted(typed)));
@@ -131,7 +129,7 @@ bool Planner::addSource(const QString &typed)
     job.isFolder = info.isDir();
     const bool contents = meansContents(typed);
     if (contents && !job.isFolder) {
-        return refuse(ExitSourceRefused,
+        return refuse(Refusal::Source,
                       QStringLiteral("The source %1 is not a folder.").arg(quoted(typed)));
     }
     const QString name = job.source.mid(job.source.lastIndexOf(QLatin1Char('/')) + 1);
@@ -158,17 +156,17 @@ bool Planner::checkOverlap(const ExportJob &job)
             && ::stat(QFile::encodeName(job.landing).constData(), &b) == 0 && a.st_dev == b.st_dev
             && a.st_ino == b.st_ino);
     if (same) {
-        return refuse(ExitDestinationRefused,
+        return refuse(Refusal::Destination,
                       QStringLiteral("%1 would be copied onto itself.").arg(quoted(source)));
     }
     if (job.isFolder && isSameOrBelow(landing, source)) {
-        return refuse(ExitDestinationRefused,
+        return refuse(Refusal::Destination,
                       QStringLiteral("The destination %1 lies inside the source %2, so the copy "
                                      "would hold itself.")
                           .arg(quoted(landing), quoted(source)));
     }
     if (isSameOrBelow(source, landing)) {
-        return refuse(ExitDestinationRefused,
+        return refuse(Refusal::Destination,
                       QStringLiteral("The source %1 lies inside the destination %2, so the copy "
                                      "could replace parts of its own source.")
                           .arg(quoted(source), quoted(landing)));
@@ -182,31 +180,31 @@ bool Planner::checkDestination()
     const QFileInfo info(destination);
     if (info.exists() && !info.isDir()) {
         return refuse(
-            ExitDestinationRefused,
+            Refusal::Destination,
             QStringLiteral("The destination %1 is not a folder.").arg(quoted(destination)));
     }
     const QString existing = nearestExisting(destination);
     const QFileInfo existingInfo(existing);
     if (!existingInfo.exists()) {
-        return refuse(ExitDestinationRefused,
+        return refuse(Refusal::Destination,
                       QStringLiteral("The destination %1 cannot be created: %2 is a link that "
                                      "leads nowhere.")
                           .arg(quoted(destination), quoted(existing)));
     }
     if (!existingInfo.isDir()) {
-        return refuse(ExitDestinationRefused,
+        return refuse(Refusal::Destination,
                       QStringLiteral("The destination %1 cannot be created: %2 is not a folder.")
                           .arg(quoted(destination), quoted(existing)));
     }
     if (::faccessat(AT_FDCWD, QFile::encodeName(existing).constData(), W_OK | X_OK, AT_EACCESS)
         != 0) {
-        return refuse(ExitDestinationRefused,
+        return refuse(Refusal::Destination,
                       QStringLiteral("Nothing can be written to %1 (%2).")
                           .arg(quoted(existing), systemText(errno)));
     }
     if (info.exists() && StagingFolder::isFilled(destination) && !m_intoExisting) {
         return refuse(
-            ExitDestinationRefused,
+            Refusal::Destination,
             QStringLiteral(
                 "The destination %1 exists and is not empty.\n"
                 "An abort removes the folders of a copy whole, with all that they held, so by "
@@ -222,7 +220,7 @@ bool Planner::hold(const QString &folder, std::shared_ptr<const HeldFolder> &hel
 {
     held = std::make_shared<HeldFolder>(folder);
     return held->error() == 0
-        || refuse(ExitDestinationRefused,
+        || refuse(Refusal::Destination,
                   QStringLiteral("The folder %1 cannot be opened (%2).")
                       .arg(quoted(folder), systemText(held->error())));
 }
@@ -233,7 +231,7 @@ bool Planner::checkLandings()
     for (ExportJob &job : m_plan.jobs) {
         const QString other = sources.value(job.landing);
         if (!other.isEmpty() && job.landing != m_plan.destination) {
-            return refuse(ExitDestinationRefused,
+            return refuse(Refusal::Destination,
                           QStringLiteral("%1 and %2 would both be copied to %3.")
                               .arg(quoted(other), quoted(job.source), quoted(job.landing)));
         }
@@ -253,7 +251,7 @@ bool Planner::checkLandings()
             }
             continue;
         }
-        return refuse(ExitDestinationRefused,
+        return refuse(Refusal::Destination,
                       (job.isFolder ? QStringLiteral("The folder %1 cannot be copied to %2, which "
                                                      "is not a folder.")
                                     : QStringLiteral("The file %1 cannot be copied to %2, which "
@@ -267,22 +265,18 @@ bool Planner::surveySource(ExportJob &job)
 {
     job.survey = job.isFolder ? surveyDirectory(job.source, m_canceled) : surveyFile(job.source);
     if (job.survey.canceled) {
-        return refuse(ExitAborted, QStringLiteral("Aborted before anything was copied."));
+        m_plan.refusal = Refusal::Canceled;
+        return false;
     }
-    const auto &problems = job.survey.problems;
-    if (problems.isEmpty()) {
+    if (job.survey.problems.isEmpty()) {
         return true;
     }
-    for (int i = 0; i < qMin(problems.size(), s_shownProblems); ++i) {
-        refuse(ExitSourceRefused,
-               QStringLiteral("%1: %2.").arg(problems.at(i).path, problems.at(i).cause));
+    QStringList sentences;
+    for (const SourceProblem &problem : qAsConst(job.survey.problems)) {
+        sentences.append(QStringLiteral("%1: %2.").arg(problem.path, problem.cause));
     }
-    if (problems.size() > s_shownProblems) {
-        refuse(ExitSourceRefused,
-               QStringLiteral("The same goes for %1.")
-                   .arg(counted(problems.size() - s_shownProblems, "more entry", "more entries")));
-    }
-    return refuse(ExitSourceRefused,
+    m_plan.reasons += listed(sentences, "more entry", "more entries");
+    return refuse(Refusal::Source,
                   QStringLiteral("So a copy of %1 could not be whole; nothing was copied.")
                       .arg(quoted(job.source)));
 }
@@ -295,13 +289,13 @@ bool Planner::checkMerge(ExportJob &job)
     for (const QString &directory : qAsConst(job.survey.directories)) {
         const QString target = below(job.landing, directory);
         if (existsOrIsLink(target) && !QFileInfo(target).isDir()) {
-            return refuse(ExitDestinationRefused,
+            return refuse(Refusal::Destination,
                           QStringLiteral("The folder %1 cannot take the place of %2, which is "
                                          "not a folder.")
                               .arg(quoted(job.source + directory), quoted(target)));
         }
         if (QFileInfo(target).isDir() && !onOneVolume(target, job.landing)) {
-            return refuse(ExitDestinationRefused,
+            return refuse(Refusal::Destination,
                           QStringLiteral("The folder %1 is on another volume than %2, so a copy "
                                          "cannot be moved to it. Export to it alone.")
                               .arg(quoted(target), quoted(job.landing)));
@@ -313,7 +307,7 @@ bool Planner::checkMerge(ExportJob &job)
             continue;
         }
         if (QFileInfo(target).isDir()) {
-            return refuse(ExitDestinationRefused,
+            return refuse(Refusal::Destination,
                           QStringLiteral("The file %1 cannot take the place of %2, which is a "
                                          "folder.")
                               .arg(quoted(job.source + file.path), quoted(target)));
@@ -335,7 +329,7 @@ bool Planner::checkPathLengths(const ExportJob &job)
         const QString target = path.isEmpty() ? job.landing : below(job.landing, path);
         const int length = QFile::encodeName(target).size() + extra;
         if (length >= PATH_MAX) {
-            return refuse(ExitDestinationRefused,
+            return refuse(Refusal::Destination,
                           QStringLiteral("The path of %1 would be too long in the destination: "
                                          "%2, and %3 are possible. Choose a destination with a "
                                          "shorter path.")
@@ -358,7 +352,7 @@ bool Planner::checkCollisions()
             const QString other = fileSources.value(target);
             if (!other.isEmpty()) {
                 return refuse(
-                    ExitDestinationRefused,
+                    Refusal::Destination,
                     QStringLiteral("%1 and %2 would both be copied to %3.")
                         .arg(quoted(other), quoted(job.source + file.path), quoted(target)));
             }
@@ -375,7 +369,7 @@ bool Planner::checkCollisions()
         }
         for (const QString &folder : qAsConst(folders)) {
             if (fileSources.contains(folder)) {
-                return refuse(ExitDestinationRefused,
+                return refuse(Refusal::Destination,
                               QStringLiteral("The file %1 and a folder of %2 would both be copied "
                                              "to %3.")
                                   .arg(quoted(fileSources.value(folder)), quoted(job.source),
@@ -404,7 +398,7 @@ bool Planner::checkSpace()
     if (needed <= available) {
         return true;
     }
-    return refuse(ExitNoSpace,
+    return refuse(Refusal::NoSpace,
                   QStringLiteral("Not enough free space in %1: the copy needs %2, and %3 are free, "
                                  "so %4 are missing.")
                       .arg(quoted(storage.rootPath()), formatBytes(needed), formatBytes(available),

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/jobs/HeldFolder.h"
 #include "fieldhost/jobs/SourceSurvey.h"
 
@@ -25,6 +24,15 @@ struct ExportJob
     int replacedFiles = 0; // files at the destination that the copy replaces
 };
 
+/** What stands in the way of a plan. */
+enum class Refusal {
+    None, // nothing
+    Canceled, // whoever asked for it
+    Source, // one cannot be copied as it is
+    Destination, // it cannot take the copy
+    NoSpace, // it has not enough free space
+};
+
 /** Everything that an export is going to do, checked as far as it can be beforehand. */
 struct ExportPlan
 {
@@ -34,16 +42,16 @@ struct ExportPlan
     qint64 files = 0;
     qint64 bytes = 0;
 
-    /** ExitDone when the plan can be carried out. */
-    ExitCode refusal = ExitDone;
-    /** Why it cannot, a sentence each. */
+    /** None when the plan can be carried out. */
+    Refusal refusal = Refusal::None;
+    /** Why it cannot, for the user, a sentence each; none when it was canceled. */
     QStringList reasons;
 };
 
 /**
  * Plans the copy of @p sources into the directory @p destination, all as the user typed them.
  * Changes nothing anywhere. @p canceled is asked now and then while the sources are walked; a
- * plan that it ends is refused with ExitAborted.
+ * plan that it ends is refused as Canceled.
  */
 ExportPlan planExport(const QStringList &sources, const QString &destination, bool intoExisting,
                       const std::function<bool()> &canceled);

@@ -1,67 +1,20 @@
 #include "fieldhost/jobs/ExportRun.h"
 
-#include "fieldhost/cli/Console.h"
 #include "fieldhost/jobs/CopyCheck.h"
 #include "fieldhost/jobs/Text.h"
 
 #include <QMetaObject>
 
+#include <algorithm>
 #include <iterator>
 
 namespace Tavro::FieldHost {
 
 using Shared::CFileCopyController;
 
-namespace {
-
-constexpr int s_liveInterval = 100; // ms
-constexpr int s_plainInterval = 1000; // ms
-constexpr int s_directoryColumns = 30; // a longer name would push the figures off the line
-constexpr int s_shownFolders = 5;
-
-QString leftOut(const ExportPlan &plan)
-{
-    int hidden = 0;
-    int broken = 0;
-    int special = 0;
-    for (const ExportJob &job : plan.jobs) {
-        hidden += job.survey.hiddenEntries;
-        broken += job.survey.brokenLinks;
-        special += job.survey.specialEntries;
-    }
-    QStringList parts;
-    if (hidden > 0) {
-        parts.append(counted(hidden, "hidden entry", "hidden entries"));
-    }
-    if (broken > 0) {
-        parts.append(counted(broken, "link that leads nowhere", "links that lead nowhere"));
-    }
-    if (special > 0) {
-        parts.append(counted(special, "pipe, socket or device", "pipes, sockets or devices"));
-    }
-    return parts.join(QLatin1String(", "));
-}
-
-QString withoutSlash(const QString &folder)
-{
-    return folder.size() > 1 && folder.endsWith(QLatin1Char('/')) ? folder.chopped(1) : folder;
-}
-
-QString quotedList(const QStringList &paths)
-{
-    QStringList texts;
-    for (const QString &path : paths) {
-        texts.append(quoted(path));
-    }
-    return texts.join(QLatin1String(", "));
-}
-
-} // namespace
-
-ExportRun::ExportRun(ExportPlan plan, Console &console, bool verify, QObject *parent)
+ExportRun::ExportRun(ExportPlan plan, bool verify, QObject *parent)
     : QObject(parent)
     , m_plan(std::move(plan))
-    , m_console(console)
     , m_verify(verify)
 {
     Step folders;
@@ -83,61 +36,32 @@ ExportRun::ExportRun(ExportPlan plan, Console &console, bool verify, QObject *pa
             &ExportRun::onStepCompleted);
     connect(&m_controller, &CFileCopyController::operationCanceled, this,
             &ExportRun::onStepCanceled);
-    connect(&m_controller, &CFileCopyController::processedBytesChanged, this, [this] {
-        m_stepBytes = m_controller.processedBytes();
-        if (!m_aborting && !isInPlace()) {
-            m_isGone = true;
-            m_aborting = true;
-            m_controller.abort();
-        }
-    });
-    m_display.setInterval(console.isLive() ? s_liveInterval : s_plainInterval);
-    connect(&m_display, &QTimer::timeout, this, &ExportRun::showProgress);
+    connect(&m_controller, &CFileCopyController::processedBytesChanged, this,
+            &ExportRun::onProcessedBytes);
 }
 
 ExportRun::~ExportRun() = default;
 
 void ExportRun::start()
 {
-    announce();
     if (!prepare()) {
         return;
     }
     m_running = true;
     m_progress.start(m_plan.bytes);
-    m_display.start();
     beginStep();
-}
-
-void ExportRun::announce()
-{
-    for (const ExportJob &job : m_plan.jobs) {
-        m_console.print(QStringLiteral("Copying %1 (%2) from %3 to %4")
-                            .arg(counted(job.survey.files.size(), "file"),
-                                 formatBytes(job.survey.bytes), quoted(withoutSlash(job.source)),
-                                 quoted(job.landing)));
-        if (job.replacedFiles > 0) {
-            m_console.print(QStringLiteral("  replaces %1 there, once all of the copy is whole")
-                                .arg(counted(job.replacedFiles, "file")));
-        }
-    }
-    const QString omitted = leftOut(m_plan);
-    if (!omitted.isEmpty()) {
-        m_console.print(QStringLiteral("Left out: %1").arg(omitted));
-    }
 }
 
 bool ExportRun::prepare()
 {
     clearRemains();
     for (const auto &task : m_tasks) {
-        if (task->copy.prepare()) {
-            continue;
+        if (!task->copy.prepare()) {
+            m_result.problems.append(task->copy.error());
+            discard(false);
+            finish(ExportResult::End::NotBegun);
+            return false;
         }
-        m_console.printError(task->copy.error());
-        discardAll();
-        finish(ExitDestinationRefused);
-        return false;
     }
     return true;
 }
@@ -155,7 +79,7 @@ void ExportRun::clearRemains()
     for (const QString &place : qAsConst(places)) {
         const QStringList staying = StagingFolder::discardAbandoned(place);
         for (const QString &path : staying) {
-            m_console.printError(
+            Q_EMIT warned(
                 QStringLiteral("Warning: an earlier export did not come to its end, and has left "
                                "%1. It may be removed once the volume has been checked.")
                     .arg(quoted(shown(path))));
@@ -179,39 +103,60 @@ void ExportRun::beginStep()
         m_controller.copyDirectories(sources, destinations);
     }
     // a request begins by resuming
-    if (m_paused) {
+    if (m_state == State::Paused) {
         m_controller.pause();
     }
 }
 
-void ExportRun::togglePause()
+void ExportRun::onProcessedBytes()
 {
-    if (!m_running || m_aborting || m_verification) {
+    m_stepBytes = m_controller.processedBytes();
+    Q_EMIT progressChanged();
+    if (m_state != State::Aborting && !isInPlace()) {
+        m_isGone = true;
+        abort();
+    }
+}
+
+void ExportRun::setPaused(bool paused)
+{
+    if (!m_running || m_state != (paused ? State::Copying : State::Paused)) {
         return;
     }
-    m_paused = !m_paused;
-    if (m_paused) {
+    if (paused) {
         m_controller.pause();
         m_progress.pause();
     } else {
         m_progress.resume();
         m_controller.resume();
     }
-    showProgress();
+    setState(paused ? State::Paused : State::Copying);
 }
 
 void ExportRun::abort()
 {
-    if (!m_running || m_aborting) {
+    if (!m_running || m_state == State::Aborting) {
         return;
     }
-    m_aborting = true;
     if (m_verification) {
         m_verification->cancel(); // onVerified() follows
     } else {
         m_controller.abort();
     }
-    showProgress();
+    setState(State::Aborting);
+}
+
+void ExportRun::setState(State state)
+{
+    m_state = state;
+    Q_EMIT stateChanged();
+}
+
+const Progress &ExportRun::progress()
+{
+    m_progress.update(m_verification ? m_verification->comparedBytes()
+                                     : m_result.bytes + m_stepBytes);
+    return m_progress;
 }
 
 void ExportRun::onStepCompleted()
@@ -226,8 +171,8 @@ void ExportRun::onStepCompleted()
     qint64 surveyed = 0;
     for (const Task *task : m_steps.at(m_step)) {
         const CopyCheck check = checkCopy(task->job, task->copy.root());
-        m_wholeFiles += check.wholeFiles;
-        m_wholeBytes += check.wholeBytes;
+        m_result.files += check.wholeFiles;
+        m_result.bytes += check.wholeBytes;
         surveyed += task->job.survey.files.size();
         if (reason.isEmpty() && check.fault) {
             reason = QStringLiteral("%1 was not copied: %2.")
@@ -244,19 +189,15 @@ void ExportRun::onStepCompleted()
     } else if (++m_step < m_steps.size()) {
         beginStep();
     } else {
-        m_copyTime = m_progress.elapsed();
+        m_result.time = m_progress.elapsed();
         settle();
     }
 }
 
 bool ExportRun::isInPlace() const
 {
-    for (const auto &task : m_tasks) {
-        if (!task->job.held->isInPlace()) {
-            return false;
-        }
-    }
-    return true;
+    return std::all_of(m_tasks.begin(), m_tasks.end(),
+                       [](const auto &task) { return task->job.held->isInPlace(); });
 }
 
 // what the controller says of the last request; empty when nothing failed
@@ -268,30 +209,21 @@ QString ExportRun::failure() const
     }
     static constexpr const char *verbs[] = {"copied", "opened", "read", "created", "written"};
     const quint32 error = result.errorCode & 0xFFU;
-    const QString cause = result.systemError != 0
-        ? QStringLiteral(": %1.").arg(systemText(result.systemError))
-        : QStringLiteral(".");
-    if (error != CFileCopyController::ErrorNone && result.path.isEmpty()) {
-        return QStringLiteral("The copy could not begin") + cause; // there is no thread to be had
-    }
     if (error != CFileCopyController::ErrorNone) {
-        return QStringLiteral("%1 cannot be %2")
-                   .arg(quoted(shown(result.path)),
-                        QLatin1String(verbs[error < std::size(verbs) ? error : 0]))
-            + cause;
+        return withCause(result.path.isEmpty() // there is no thread to be had
+                             ? QStringLiteral("The copy could not begin")
+                             : QStringLiteral("%1 cannot be %2")
+                                   .arg(quoted(shown(result.path)),
+                                        QLatin1String(verbs[error < std::size(verbs) ? error : 0])),
+                         result.systemError);
     }
-    const QStringList &folders = result.unreadableDirectories;
-    QStringList lines;
-    for (int i = 0; i < qMin(folders.size(), s_shownFolders); ++i) {
-        lines.append(QStringLiteral("The folder %1 cannot be read as a whole")
-                         .arg(quoted(shown(folders.at(i))))
-                     + cause);
+    QStringList sentences;
+    for (const QString &folder : result.unreadableDirectories) {
+        sentences.append(withCause(
+            QStringLiteral("The folder %1 cannot be read as a whole").arg(quoted(shown(folder))),
+            result.systemError));
     }
-    if (folders.size() > s_shownFolders) {
-        lines.append(QStringLiteral("The same goes for %1.")
-                         .arg(counted(folders.size() - s_shownFolders, "more folder")));
-    }
-    return lines.join(QLatin1Char('\n'));
+    return listed(sentences, "more folder").join(QLatin1Char('\n'));
 }
 
 void ExportRun::settle()
@@ -300,16 +232,15 @@ void ExportRun::settle()
         if (task->copy.settle()) {
             continue;
         }
-        m_console.clearLiveLine();
-        m_console.printError(QStringLiteral("Failed: %1").arg(task->copy.error()));
+        m_result.problems.append(QStringLiteral("Failed: %1").arg(task->copy.error()));
         for (const auto &other : m_tasks) {
             if (other != task && other->copy.isStaged()) {
-                m_console.printError(QStringLiteral("As before: %1, with all that it holds.")
-                                         .arg(quoted(other->job.landing)));
+                m_result.problems.append(QStringLiteral("As before: %1, with all that it holds.")
+                                             .arg(quoted(other->job.landing)));
             }
         }
-        discardStaged();
-        finish(ExitFailed);
+        discard(true);
+        finish(ExportResult::End::Failed);
         return;
     }
     if (m_verify) {
@@ -327,21 +258,23 @@ void ExportRun::verify()
         files.insert(files.end(), some.begin(), some.end());
     }
     m_progress = Progress();
-    m_progress.start(m_wholeBytes);
-    m_paused = false; // a comparison is not worth a pause
+    m_progress.start(m_result.bytes);
     m_verification = std::make_unique<CopyVerification>(std::move(files));
     connect(m_verification.get(), &CopyVerification::finished, this, &ExportRun::onVerified);
+    connect(m_verification.get(), &CopyVerification::progressChanged, this,
+            &ExportRun::progressChanged);
     m_verification->start();
+    setState(State::Verifying); // a comparison is not worth a pause
 }
 
 void ExportRun::onVerified()
 {
     const std::optional<CopyFault> fault = m_verification->fault();
-    if (m_aborting) {
+    if (m_state == State::Aborting) {
         onStepCanceled();
     } else if (fault) {
         // of files that were all counted as whole, none can be trusted now
-        m_wholeFiles = 0;
+        m_result.files = 0;
         fail(QStringLiteral("The copy of %1 is not good: %2.")
                  .arg(quoted(fault->source), fault->cause));
     } else {
@@ -356,17 +289,15 @@ void ExportRun::onStepCanceled()
         return;
     }
     const bool staged = anyStaged();
-    const QStringList removed = discardAll();
-    m_console.clearLiveLine();
-    if (removed.isEmpty() && m_verification) {
-        m_console.print(QStringLiteral("Aborted. The copy is in its place, but was not compared."));
-    } else {
-        m_console.print(QStringLiteral("Aborted. Removed: %1").arg(quotedList(removed)));
-    }
+    const QStringList removed = discard(false);
+    m_result.report.append(
+        removed.isEmpty() && m_verification
+            ? QStringLiteral("Aborted. The copy is in its place, but was not compared.")
+            : QStringLiteral("Aborted. Removed: %1").arg(quotedList(removed)));
     if (staged) {
-        m_console.print(QStringLiteral("What was in the destination before is unchanged."));
+        m_result.report.append(QStringLiteral("What was in the destination before is unchanged."));
     }
-    finish(ExitAborted);
+    finish(ExportResult::End::Aborted);
 }
 
 void ExportRun::complete()
@@ -375,100 +306,84 @@ void ExportRun::complete()
         failWithoutDrive();
         return;
     }
-    const qint64 elapsed = m_copyTime;
-    const double rate =
-        static_cast<double>(m_wholeBytes) * 1000 / static_cast<double>(qMax<qint64>(elapsed, 1));
-    m_console.clearLiveLine();
     if (m_verification) {
-        m_console.print(QStringLiteral("Verified: every copy equals its source"));
+        m_result.report.append(QStringLiteral("Verified: every copy equals its source"));
     }
-    m_console.print(QStringLiteral("Done: %1, %2 in %3 (%4)")
-                        .arg(counted(m_wholeFiles, "file"), formatBytes(m_wholeBytes),
-                             formatDuration(elapsed), formatRate(rate)));
-    finish(ExitDone);
+    const double rate = static_cast<double>(m_result.bytes) * 1000
+        / static_cast<double>(qMax<qint64>(m_result.time, 1));
+    m_result.report.append(QStringLiteral("Done: %1, %2 in %3 (%4)")
+                               .arg(counted(m_result.files, "file"), formatBytes(m_result.bytes),
+                                    formatDuration(m_result.time), formatRate(rate)));
+    finish(ExportResult::End::Done);
 }
 
 void ExportRun::fail(const QString &reason)
 {
     const bool staged = anyStaged();
-    m_console.clearLiveLine();
-    m_console.printError(QStringLiteral("Failed: %1").arg(reason));
-    if (m_wholeFiles == 0 || staged) {
-        const bool isRemoved = discardAll().size() == static_cast<int>(m_tasks.size());
-        if (staged) {
-            m_console.printError((isRemoved
-                                      ? QStringLiteral("The unfinished copy was removed; what was ")
-                                      : QStringLiteral("What was "))
-                                 + QStringLiteral("in the destination before is unchanged."));
-        } else if (isRemoved) {
-            m_console.printError(QStringLiteral("Nothing was left in the destination."));
-        } else if (m_verification) {
-            m_console.printError(QStringLiteral("The copies that replaced files of the same name "
-                                                "stay where they are. Export again."));
-        }
-    } else {
-        m_console.printError(QStringLiteral("%1 of %2 are whole in %3, the others are missing; "
-                                            "no partial file is left.")
-                                 .arg(m_wholeFiles)
-                                 .arg(counted(m_plan.files, "file"), quoted(m_plan.destination)));
+    QStringList &problems = m_result.problems;
+    problems.append(QStringLiteral("Failed: %1").arg(reason));
+    if (m_result.files > 0 && !staged) {
+        problems.append(QStringLiteral("%1 of %2 are whole in %3, the others are missing; no "
+                                       "partial file is left.")
+                            .arg(m_result.files)
+                            .arg(counted(m_plan.files, "file"), quoted(m_plan.destination)));
+        finish(ExportResult::End::Failed);
+        return;
     }
-    finish(ExitFailed);
+    const bool isRemoved = discard(false).size() == static_cast<int>(m_tasks.size());
+    if (staged) {
+        problems.append((isRemoved ? QStringLiteral("The unfinished copy was removed; what was ")
+                                   : QStringLiteral("What was "))
+                        + QStringLiteral("in the destination before is unchanged."));
+    } else if (isRemoved) {
+        problems.append(QStringLiteral("Nothing was left in the destination."));
+    } else if (m_verification) {
+        problems.append(QStringLiteral("The copies that replaced files of the same name stay "
+                                       "where they are. Export again."));
+    }
+    finish(ExportResult::End::Failed);
 }
 
 void ExportRun::failWithoutDrive()
 {
-    discardAll(); // on the drive, as far as it can still be reached
-    m_console.clearLiveLine();
-    m_console.printError(QStringLiteral("Failed: the drive was taken away, or the folder moved: %1 "
-                                        "is not what it was when the copy began.")
-                             .arg(quoted(m_plan.destination)));
-    m_console.printError(QStringLiteral("Nothing was written anywhere else. What the drive holds "
-                                        "of the copy is not whole."));
-    finish(ExitFailed);
+    QStringList &problems = m_result.problems;
+    discard(false); // on the drive, as far as it can still be reached
+    problems.append(QStringLiteral("Failed: the drive was taken away, or the folder moved: %1 is "
+                                   "not what it was when the copy began.")
+                        .arg(quoted(m_plan.destination)));
+    problems.append(QStringLiteral("Nothing was written anywhere else. What the drive holds of "
+                                   "the copy is not whole."));
+    finish(ExportResult::End::Failed);
 }
 
-void ExportRun::finish(ExitCode code)
+void ExportRun::finish(ExportResult::End end)
 {
     m_running = false;
-    m_display.stop();
-    m_console.clearLiveLine();
-    QMetaObject::invokeMethod(
-        this, [this, code] { Q_EMIT finished(code); }, Qt::QueuedConnection);
+    m_result.end = end;
+    QMetaObject::invokeMethod(this, &ExportRun::finished, Qt::QueuedConnection);
 }
 
-QStringList ExportRun::discardAll()
+QStringList ExportRun::discard(bool stagedOnly)
 {
     QStringList removed;
     // the last first: folders made for one copy may hold those of the next
     for (auto task = m_tasks.rbegin(); task != m_tasks.rend(); ++task) {
-        removed = (*task)->copy.discard() + removed;
-        if (!(*task)->copy.error().isEmpty()) {
-            m_console.printError((*task)->copy.error());
+        StagedCopy &copy = (*task)->copy;
+        if (stagedOnly && !copy.isStaged()) {
+            continue;
+        }
+        removed = copy.discard() + removed;
+        if (!copy.error().isEmpty()) {
+            m_result.problems.append(copy.error());
         }
     }
     return removed;
 }
 
-void ExportRun::discardStaged()
-{
-    for (const auto &task : m_tasks) {
-        if (task->copy.isStaged()) {
-            task->copy.discard();
-            if (!task->copy.error().isEmpty()) {
-                m_console.printError(task->copy.error());
-            }
-        }
-    }
-}
-
 bool ExportRun::anyStaged() const
 {
-    for (const auto &task : m_tasks) {
-        if (task->copy.isStaged()) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(m_tasks.begin(), m_tasks.end(),
+                       [](const auto &task) { return task->copy.isStaged(); });
 }
 
 // paths of the destination go by way of a held folder
@@ -481,30 +396,6 @@ QString ExportRun::shown(const QString &path) const
         }
     }
     return path;
-}
-
-void ExportRun::showProgress()
-{
-    m_progress.update(m_verification ? m_verification->comparedBytes()
-                                     : m_wholeBytes + m_stepBytes);
-    QString line = m_progress.text();
-    if (m_aborting) {
-        line = QStringLiteral("Aborting, once the data on its way is written");
-    } else if (m_paused) {
-        line += QStringLiteral("  paused, p resumes");
-    }
-    const QString directory =
-        m_verification ? QStringLiteral("verifying") : m_controller.processingDirectory();
-    if (!m_console.isLive()) {
-        m_console.print(line);
-        return;
-    }
-    if (!directory.isEmpty() && !m_aborting) {
-        QString name = quoted(directory);
-        name = name.mid(1, name.size() - 2);
-        line.prepend(fitToColumns(name, s_directoryColumns) + QLatin1String("  "));
-    }
-    m_console.setLiveLine(line);
 }
 
 } // namespace Tavro::FieldHost

@@ -7,38 +7,71 @@
 #include "shared/fileops/CFileCopyController.h"
 
 #include <QObject>
-#include <QTimer>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
 
 namespace Tavro::FieldHost {
 
-class Console;
+/** How an export ended. */
+struct ExportResult
+{
+    enum class End {
+        Done, // everything is copied, and on the device
+        Failed,
+        Aborted,
+        NotBegun, // the destination could not be prepared
+    };
+
+    End end = End::Failed;
+    qint64 files = 0; // that are whole
+    qint64 bytes = 0; // of these files
+    qint64 time = 0; // of the copy, in ms, without pauses and verification
+    QStringList problems; // for the user: what failed, and what that means for the destination
+    QStringList report; // for the user: what was done, or undone
+};
 
 /**
- * Carries out a plan: copies through the controller, shows the progress, looks at the result,
- * moves the copies to their places and says how it ended.
+ * Carries out a plan: copies through the controller, looks at the result, moves the copies to
+ * their places and verifies them there.
  */
 class ExportRun : public QObject
 {
     Q_OBJECT
 
 public:
+    /** What it is doing. */
+    enum class State { Copying, Paused, Verifying, Aborting };
+
     /** With @p verify, every copy is read back and compared once it is in its place. */
-    ExportRun(ExportPlan plan, Console &console, bool verify, QObject *parent = nullptr);
+    ExportRun(ExportPlan plan, bool verify, QObject *parent = nullptr);
     ~ExportRun() override;
 
     /** Begins; finished() follows through the event loop, however it goes. */
     void start();
-    /** Halts the copy, or lets it go on. */
-    void togglePause();
+    /** Halts the copy, or lets it go on. A verification is not halted. */
+    void setPaused(bool paused);
     /** Ends the copy and removes what it has made. */
     void abort();
 
+    State state() const { return m_state; }
+    /** Of the copy or the verification, as of now. */
+    const Progress &progress();
+    /** Name of the directory that is being filled. */
+    QString directory() const { return m_controller.processingDirectory(); }
+    /** Complete with finished(). */
+    const ExportResult &result() const { return m_result; }
+
 Q_SIGNALS:
-    /** It is over, and the user has been told how; @p exitCode is an ExitCode. */
-    void finished(int exitCode);
+    /** Emitted when state() changes. */
+    void stateChanged();
+    /** Emitted when there are more bytes. */
+    void progressChanged();
+    /** Something that the user should know and that does not end the run; a sentence. */
+    void warned(const QString &sentence);
+    /** It is over, and result() complete. Exactly once. */
+    void finished();
 
 private:
     struct Task
@@ -48,10 +81,10 @@ private:
     };
     using Step = std::vector<Task *>; // what one request to the controller copies
 
-    void announce();
     bool prepare();
     void clearRemains();
     void beginStep();
+    void onProcessedBytes();
     void onStepCompleted();
     void onStepCanceled();
     bool isInPlace() const;
@@ -62,30 +95,24 @@ private:
     void complete();
     void fail(const QString &reason);
     void failWithoutDrive();
-    void finish(ExitCode code);
-    QStringList discardAll();
-    void discardStaged();
+    void finish(ExportResult::End end);
+    QStringList discard(bool stagedOnly);
     bool anyStaged() const;
     QString shown(const QString &path) const;
-    void showProgress();
+    void setState(State state);
 
     const ExportPlan m_plan;
-    Console &m_console;
     const bool m_verify;
     Shared::CFileCopyController m_controller;
     std::vector<std::unique_ptr<Task>> m_tasks;
     std::vector<Step> m_steps;
     size_t m_step = 0;
+    qint64 m_stepBytes = 0; // of the current step; those before are in the result
     Progress m_progress;
     std::unique_ptr<CopyVerification> m_verification; // once all is copied
-    qint64 m_copyTime = 0; // ms, without the verification
-    QTimer m_display;
-    qint64 m_wholeFiles = 0;
-    qint64 m_wholeBytes = 0; // of the steps before the current one
-    qint64 m_stepBytes = 0;
+    State m_state = State::Copying;
+    ExportResult m_result;
     bool m_running = false;
-    bool m_paused = false;
-    bool m_aborting = false;
     bool m_isGone = false; // the drive was taken away
 };
 

@@ -1,7 +1,5 @@
 #include "fieldhost/jobs/Progress.h"
 
-#include "fieldhost/jobs/Text.h"
-
 #include <chrono>
 #include <cmath>
 
@@ -61,33 +59,27 @@ qint64 Progress::elapsed() const
     return m_running ? m_before + m_clock() - m_started : m_before;
 }
 
+int Progress::percent() const
+{
+    return m_total > 0 ? static_cast<int>(qMin<qint64>(m_bytes * 100 / m_total, 100)) : 100;
+}
+
 double Progress::rate() const
 {
     const Sample first = m_samples.empty() ? Sample{0, 0} : m_samples.front();
     const qint64 time = elapsed() - first.time;
-    if (time < s_rateMinimum) {
+    if (!m_running || time < s_rateMinimum) {
         return 0;
     }
     return static_cast<double>(m_bytes - first.bytes) * 1000 / static_cast<double>(time);
 }
 
-QString Progress::text() const
+qint64 Progress::timeLeft() const
 {
-    const qint64 percent = m_total > 0 ? qMin<qint64>(m_bytes * 100 / m_total, 100) : 100;
-    QString text = QStringLiteral("%1 of %2  %3 %")
-                       .arg(formatBytes(m_bytes), formatBytes(m_total))
-                       .arg(percent);
     const double bytesPerSecond = rate();
-    if (!m_running || bytesPerSecond <= 0) {
-        return text;
-    }
-    text += QLatin1String("  ") + formatRate(bytesPerSecond);
     const double left = static_cast<double>(m_total - m_bytes) * 1000 / bytesPerSecond;
     // files may grow while they are copied; a day and more is no forecast
-    if (left >= 0 && left < 86'400'000) {
-        text += QStringLiteral("  %1 left").arg(formatClock(std::llround(left)));
-    }
-    return text;
+    return bytesPerSecond > 0 && left >= 0 && left < 86'400'000 ? std::llround(left) : -1;
 }
 
 } // namespace Tavro::FieldHost

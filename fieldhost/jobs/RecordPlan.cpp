@@ -3,40 +3,34 @@
 #include "fieldhost/jobs/Text.h"
 #include "shared/clipinfo/ClipInfoHandler.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 namespace Tavro::FieldHost {
 
-RecordRefusal checkPlace(const RecordPlan &plan)
+QString objectionToPlace(const RecordPlan &plan)
 {
-    const auto refused = [](const QString &reason) {
-        return RecordRefusal{ExitDestinationRefused, reason};
-    };
     const QFileInfo clip(plan.clip);
     if (clip.fileName().isEmpty() || clip.isDir()) {
-        return refused(QStringLiteral("%1 is a folder, not a clip.").arg(quoted(plan.clip)));
+        return QStringLiteral("%1 is a folder, not a clip.").arg(quoted(plan.clip));
     }
     if (clip.baseName().isEmpty()) {
-        return refused(
-            QStringLiteral("%1 has no name before its first dot.").arg(quoted(plan.clip)));
+        return QStringLiteral("%1 has no name before its first dot.").arg(quoted(plan.clip));
     }
     const QString path = Shared::ClipInfoHandler::videoPathToFilePath(plan.clip);
     const QFileInfo info(path);
     if (info.absoluteFilePath() == clip.absoluteFilePath()) {
-        return refused(QStringLiteral("%1 is the name of a clip information file, not of a clip.")
-                           .arg(quoted(plan.clip)));
+        return QStringLiteral("%1 is the name of a clip information file, not of a clip.")
+            .arg(quoted(plan.clip));
     }
     const QFileInfo folder(info.path());
     if (!folder.isDir()) {
-        return refused(QStringLiteral("There is no folder %1.").arg(quoted(folder.filePath())));
+        return QStringLiteral("There is no folder %1.").arg(quoted(folder.filePath()));
     }
     if (info.exists() && (!info.isFile() || !info.isReadable() || !info.isWritable())) {
-        return refused(QStringLiteral("%1 is there and cannot be continued.").arg(quoted(path)));
+        return QStringLiteral("%1 is there and cannot be continued.").arg(quoted(path));
     }
     if (!info.exists() && !folder.isWritable()) {
-        return refused(
-            QStringLiteral("The folder %1 cannot be written to.").arg(quoted(folder.filePath())));
+        return QStringLiteral("The folder %1 cannot be written to.").arg(quoted(folder.filePath()));
     }
     return {};
 }

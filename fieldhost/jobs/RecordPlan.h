@@ -1,6 +1,5 @@
 #pragma once
 
-#include "fieldhost/cli/ExitCode.h"
 #include "shared/base/DistanceUnit.h"
 
 #include <QString>
@@ -19,14 +18,10 @@ struct RecordPlan
     Base::DistanceUnit unit = Base::DistanceUnit::Meter;
 };
 
-/** Why a plan cannot be carried out; ExitDone when it can. */
-struct RecordRefusal
-{
-    ExitCode code = ExitDone;
-    QString reason;
-};
-
-/** Looks at the place where the clip information file is to lie. */
-RecordRefusal checkPlace(const RecordPlan &plan);
+/**
+ * Why the clip information file of @p plan cannot lie where it should, as a sentence; empty when it
+ * can.
+ */
+QString objectionToPlace(const RecordPlan &plan);
 
 } // namespace Tavro::FieldHost

@@ -1,11 +1,7 @@
 #include "fieldhost/jobs/RecordRun.h"
 
-#include "fieldhost/cli/Console.h"
 #include "fieldhost/jobs/ClipInfoFile.h"
-#include "fieldhost/jobs/Text.h"
 #include "fieldhost/services/FieldApplication.h"
-#include "shared/locale/CConversionServices.h"
-#include "shared/locale/CLocaleSupport.h"
 #include "shared/locale/CProjectLocaleData.h"
 
 #include <QFileInfo>
@@ -21,10 +17,9 @@ constexpr int s_mostFramesAtOnce = 5000;
 
 } // namespace
 
-RecordRun::RecordRun(const RecordPlan &plan, FieldApplication &host, Console &console)
+RecordRun::RecordRun(const RecordPlan &plan, FieldApplication &host)
     : m_plan(plan)
     , m_host(host)
-    , m_console(console)
     , m_drive(host.crawler())
     , m_handler(new Shared::ClipInfoHandler(host.crawler().videoCreation()))
     , m_infoPath(Shared::ClipInfoHandler::videoPathToFilePath(plan.clip))
@@ -46,10 +41,7 @@ void RecordRun::start()
     m_host.crawler().panTilt()->setCalibration(123, 456);
     if (QFileInfo::exists(m_infoPath)) {
         m_samplesBefore = ClipInfoFile::read(m_infoPath).samples.size();
-        m_console.print(QStringLiteral("Continues %1 after %2")
-                            .arg(quoted(m_infoPath), counted(m_samplesBefore, "sample")));
     }
-
     SimulatedCrawler &crawler = m_host.crawler();
     crawler.videoCreation()->begin(Database::CDomainObjectPointer(new Database::CDomainObject));
     m_handler->connectToVideoRecorder(crawler.recorder());
@@ -62,7 +54,7 @@ void RecordRun::start()
 void RecordRun::end()
 {
     if (m_timer.isActive()) {
-        m_isEndedByUser = true;
+        m_result.isEndedByUser = true;
         finish();
     }
 }
@@ -80,7 +72,12 @@ void RecordRun::followRealTime()
             return;
         }
     }
-    showProgress();
+    Q_EMIT progressChanged();
+}
+
+qint64 RecordRun::recorded() const
+{
+    return m_host.crawler().recorder()->duration();
 }
 
 void RecordRun::passFrame()
@@ -118,61 +115,22 @@ void RecordRun::rest()
 void RecordRun::finish()
 {
     m_timer.stop();
-    m_console.clearLiveLine();
     SimulatedCrawler &crawler = m_host.crawler();
     crawler.recorder()->stop();
     crawler.videoCreation()->end();
 
-    const QString problem = problemOfFile();
-    if (!problem.isEmpty()) {
-        m_console.printError(QStringLiteral("%1 was not written as it should be: %2")
-                                 .arg(quoted(m_infoPath), problem));
-        Q_EMIT finished(ExitFailed);
-        return;
-    }
-    const int samples = ClipInfoFile::read(m_infoPath).samples.size() - m_samplesBefore;
-    m_console.print(
-        QStringLiteral("%1 %2 of video, %3 in %4")
-            .arg(m_isEndedByUser ? QStringLiteral("Ended after") : QStringLiteral("Recorded"),
-                 formatDuration(crawler.recorder()->duration()), counted(samples, "sample"),
-                 quoted(m_infoPath)));
-    Q_EMIT finished(m_isEndedByUser ? ExitAborted : ExitDone);
-}
-
-void RecordRun::showProgress()
-{
-    const SimulatedCrawler &crawler = m_host.crawler();
-    const qint64 recorded = crawler.recorder()->duration();
-    double distance = crawler.distanceCounter()->distanceValue();
-    if (Shared::CLocaleSupport::getDistanceUnit() == Base::DistanceUnit::Feet) {
-        distance = Shared::CConversionServices::convertMetersToFeet(distance);
-    }
-    const bool isPaused = m_restLeft > 0;
-    m_console.setLiveLine(
-        QStringLiteral("%1  %2 of %3  %4 %  %5  pan %6°  tilt %7°")
-            .arg(isPaused ? QStringLiteral("paused   ") : QStringLiteral("recording"),
-                 formatClock(recorded), formatClock(m_plan.duration))
-            .arg(recorded * 100 / m_plan.duration)
-            .arg(Shared::CLocaleSupport::distanceValueToLocalizedString(distance, true, true))
-            .arg(crawler.panTilt()->getPan(), 0, 'f', 1)
-            .arg(crawler.panTilt()->getTilt(), 0, 'f', 1));
-}
-
-// The handler announces nothing and a full disk stops no stream, so the file itself is asked.
-QString RecordRun::problemOfFile() const
-{
+    // The handler announces nothing and a full disk stops no stream, so the file itself is asked.
     const ClipInfoFile file = ClipInfoFile::read(m_infoPath);
+    m_result.duration = recorded();
+    m_result.samples = file.samples.size() - qMax(m_samplesBefore, 0);
     if (!file.error.isEmpty()) {
-        return file.error;
+        m_result.problem = file.error;
+    } else if (!file.endsWhole) {
+        m_result.problem = QStringLiteral("its last line is not complete");
+    } else if (m_result.samples <= 0) { // the initial sample is always there
+        m_result.problem = QStringLiteral("it lacks what was recorded");
     }
-    if (!file.endsWhole) {
-        return QStringLiteral("its last line is not complete");
-    }
-    // the initial sample is always there
-    if (file.samples.size() <= m_samplesBefore) {
-        return QStringLiteral("it lacks what was recorded");
-    }
-    return {};
+    Q_EMIT finished();
 }
 
 } // namespace Tavro::FieldHost

@@ -10,8 +10,16 @@
 
 namespace Tavro::FieldHost {
 
-class Console;
 class FieldApplication;
+
+/** How a recording ended. */
+struct RecordResult
+{
+    qint64 duration = 0; // of the video, in ms
+    int samples = 0; // that this recording has added to the file
+    bool isEndedByUser = false;
+    QString problem; // why the file is not as it should be, a clause; empty when it is
+};
 
 /**
  * Records one clip with the simulated crawler, as a host does it: the crawler drives, the clip
@@ -22,8 +30,8 @@ class RecordRun : public QObject
     Q_OBJECT
 
 public:
-    /** @p host and @p console must outlive the run. */
-    RecordRun(const RecordPlan &plan, FieldApplication &host, Console &console);
+    /** @p host must outlive the run. */
+    RecordRun(const RecordPlan &plan, FieldApplication &host);
     ~RecordRun() override;
 
     /** Begins, and goes on in the event loop. */
@@ -31,30 +39,40 @@ public:
     /** Ends the recording now; what was recorded up to here is written. */
     void end();
 
+    /** The clip information file. */
+    QString infoPath() const { return m_infoPath; }
+    /** Samples that were in it when the run was started; -1 without a file. */
+    int samplesBefore() const { return m_samplesBefore; }
+    /** Length of the video so far, in milliseconds. */
+    qint64 recorded() const;
+    /** True while the recording is paused. */
+    bool isPaused() const { return m_restLeft > 0; }
+    /** Complete with finished(). */
+    const RecordResult &result() const { return m_result; }
+
 Q_SIGNALS:
-    /** The file is written, or could not be; @p exitCode is an ExitCode. */
-    void finished(int exitCode);
+    /** Time has passed. */
+    void progressChanged();
+    /** The file is written, or could not be; result() is complete. Exactly once. */
+    void finished();
 
 private:
     void followRealTime();
     void passFrame();
     void rest();
     void finish();
-    void showProgress();
-    QString problemOfFile() const;
 
     const RecordPlan m_plan;
     FieldApplication &m_host;
-    Console &m_console;
     SimulatedDrive m_drive;
     Shared::ClipInfoHandler *const m_handler; // belongs to the host's creation handler
-    QString m_infoPath;
-    int m_samplesBefore = 0; // in the file that is continued
+    const QString m_infoPath;
+    RecordResult m_result;
+    int m_samplesBefore = -1;
     int m_pausesDone = 0;
     int m_observationsDone = 0;
     qint64 m_restLeft = 0; // of a pause, in ms
     qint64 m_passed = 0; // ms since the start, pauses included
-    bool m_isEndedByUser = false;
     QTimer m_timer;
     QElapsedTimer m_sinceStart;
 };

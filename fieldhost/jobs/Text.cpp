@@ -1,19 +1,16 @@
 #include "fieldhost/jobs/Text.h"
 
-#include <QVector>
+#include <QLocale>
 
-#include <array>
-#include <cmath>
 #include <cstring>
-
-#include <wchar.h>
 
 namespace Tavro::FieldHost {
 
 namespace {
 
-constexpr double s_kibi = 1024;
-constexpr double s_mebi = s_kibi * s_kibi;
+constexpr qint64 s_kibi = 1024;
+constexpr double s_mebi = 1024 * 1024;
+constexpr int s_listed = 5; // of what may be many
 
 // length of the UTF-8 sequence at the beginning of bytes, 0 when there is no valid one
 int utf8Length(const QByteArray &bytes)
@@ -28,28 +25,18 @@ int utf8Length(const QByteArray &bytes)
     return 0;
 }
 
-int columnsOf(uint codePoint)
-{
-    const int width = ::wcwidth(static_cast<wchar_t>(codePoint));
-    return width < 0 ? 1 : width;
-}
-
 } // namespace
 
 QString formatBytes(qint64 bytes)
 {
-    if (bytes < 1024) {
+    if (bytes < s_kibi) {
         return QStringLiteral("%1 B").arg(bytes);
     }
-    static constexpr std::array<const char *, 5> units = {"KiB", "MiB", "GiB", "TiB", "PiB"};
-    double value = static_cast<double>(bytes) / s_kibi;
-    size_t unit = 0;
-    // 1023.95 already reads 1024.0
-    while (value >= 1023.95 && unit + 1 < units.size()) {
-        value /= s_kibi;
-        ++unit;
-    }
-    return QStringLiteral("%1 %2").arg(value, 0, 'f', 1).arg(QLatin1String(units[unit]));
+    const QString text = QLocale::c().formattedDataSize(bytes, 1);
+    // as much as reads 1024 of a unit is 1 of the next
+    return text.startsWith(QLatin1String("1024.0"))
+        ? QLocale::c().formattedDataSize(bytes + bytes / s_kibi, 1)
+        : text;
 }
 
 QString formatRate(double bytesPerSecond)
@@ -117,40 +104,34 @@ QString quoted(const QByteArray &path)
     return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
-int columnsOf(const QString &text)
-{
-    const QVector<uint> codePoints = text.toUcs4();
-    int width = 0;
-    for (const uint codePoint : codePoints) {
-        width += columnsOf(codePoint);
-    }
-    return width;
-}
-
-QString fitToColumns(const QString &line, int columns)
-{
-    if (columnsOf(line) <= columns) {
-        return line;
-    }
-    const QVector<uint> codePoints = line.toUcs4();
-    QVector<uint> kept;
-    int used = 1; // the ellipsis
-    for (const uint codePoint : codePoints) {
-        used += columnsOf(codePoint);
-        if (used > columns) {
-            break;
-        }
-        kept.append(codePoint);
-    }
-    if (columns < 1) {
-        return {};
-    }
-    return QString::fromUcs4(kept.constData(), kept.size()) + QChar(0x2026);
-}
-
 QString systemText(int error)
 {
     return QString::fromLocal8Bit(std::strerror(error));
+}
+
+QString withCause(const QString &clause, int error)
+{
+    return error == 0 ? clause + QLatin1Char('.')
+                      : QStringLiteral("%1: %2.").arg(clause, systemText(error));
+}
+
+QString quotedList(const QStringList &paths)
+{
+    QStringList texts;
+    for (const QString &path : paths) {
+        texts.append(quoted(path));
+    }
+    return texts.join(QLatin1String(", "));
+}
+
+QStringList listed(const QStringList &sentences, const char *singular, const char *plural)
+{
+    QStringList shown = sentences.mid(0, s_listed);
+    if (sentences.size() > s_listed) {
+        shown.append(QStringLiteral("The same goes for %1.")
+                         .arg(counted(sentences.size() - s_listed, singular, plural)));
+    }
+    return shown;
 }
 
 } // namespace Tavro::FieldHost

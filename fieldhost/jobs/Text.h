@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 namespace Tavro::FieldHost {
 
@@ -26,9 +27,12 @@ QString quoted(const QByteArray &path);
 /** What the system calls the error number @p error. */
 QString systemText(int error);
 
-/** How many columns of a terminal @p text takes. */
-int columnsOf(const QString &text);
-/** The beginning of @p line that fits into @p columns of a terminal, "…" last where it was cut. */
-QString fitToColumns(const QString &line, int columns);
+/** The sentence of @p clause, with what the system says of @p error unless that is 0. */
+QString withCause(const QString &clause, int error);
+/** All of @p paths, quoted. */
+QString quotedList(const QStringList &paths);
+/** The first of @p sentences, and how many more there are, as counted() has it. */
+QStringList listed(const QStringList &sentences, const char *singular,
+                   const char *plural = nullptr);
 
 } // namespace Tavro::FieldHost
