@@ -1,13 +1,17 @@
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/NearestWord.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/system/OsSettings.h"
 
-#include <QCommandLineParser>
 #include <QLocale>
+#include <QRegularExpression>
+
+#include <cerrno>
+
+#include <sys/syscall.h>
+#include <unistd.h>
 
 namespace Tavro::FieldHost {
 
@@ -43,6 +47,12 @@ QString clockText()
              plain.toString(settings.time(), QStringLiteral("hh:mm:ss")));
 }
 
+// asks the system to set nothing, which it refuses in the same way as anything else
+bool maySetClocks()
+{
+    return ::syscall(SYS_settimeofday, nullptr, nullptr) == 0 || errno != EPERM;
+}
+
 // sets the clock; it has worked when the announcement comes
 template<typename Value>
 int set(Console &console, const Value &value, void (OsSettings::*setter)(Value),
@@ -54,6 +64,10 @@ int set(Console &console, const Value &value, void (OsSettings::*setter)(Value),
     QObject::connect(&settings, announcement, &context, [&done] { done = true; });
     (settings.*setter)(value);
     if (!done) {
+        if (!maySetClocks()) {
+            console.printError(QStringLiteral("Setting a clock needs the rights of root, or the "
+                                              "capability CAP_SYS_TIME."));
+        }
         console.printError(QStringLiteral("The clock is not set, or not both clocks are."));
         return ExitFailed;
     }
@@ -61,92 +75,56 @@ int set(Console &console, const Value &value, void (OsSettings::*setter)(Value),
     return ExitDone;
 }
 
-int setDate(Console &console, const QString &text)
+int setDate(const CommandLine &line, Console &console, const QString &text)
 {
     const QDate date = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
     if (!date.isValid()) {
-        return usageError(
-            console, "clock",
-            QStringLiteral("%1 is no date. One reads as 2026-11-21 does.").arg(quoted(text)));
+        static const QRegularExpression form(QStringLiteral("^\\d{4}-\\d\\d-\\d\\d$"));
+        return line.refuse((form.match(text).hasMatch()
+                                ? QStringLiteral("The calendar has no %1.")
+                                : QStringLiteral("%1 is no date. One reads as 2026-11-21 does."))
+                               .arg(quoted(text)));
+    }
+    if (date.year() < 1970) {
+        return line.refuse(
+            QStringLiteral("%1 is before 1970, when the system's time begins.").arg(quoted(text)));
     }
     return set(console, date, &OsSettings::setDate, &OsSettings::dateChanged);
 }
 
-int setTime(Console &console, const QString &text)
+int setTime(const CommandLine &line, Console &console, const QString &text)
 {
     QTime time = QTime::fromString(text, QStringLiteral("hh:mm:ss"));
     if (!time.isValid()) {
         time = QTime::fromString(text, QStringLiteral("hh:mm"));
     }
     if (!time.isValid()) {
-        return usageError(console, "clock",
-                          QStringLiteral("%1 is no time of day. One reads as 13:05 or 13:05:30 do.")
-                              .arg(quoted(text)));
+        return line.refuse(QStringLiteral("%1 is no time of day. One reads as 13:05 or 13:05:30 "
+                                          "do, from 00:00 to 23:59:59.")
+                               .arg(quoted(text)));
     }
     return set(console, time, &OsSettings::setTime, &OsSettings::timeChanged);
 }
 
-struct Action
-{
-    const char *name;
-    const char *value; // what it is called in the help; null when there is none
-    int (*run)(Console &console, const QString &value);
-};
-
-int show(Console &console, const QString & /*value*/)
+int show(const CommandLine & /*line*/, Console &console, const QString & /*argument*/)
 {
     console.print(clockText());
     return ExitDone;
 }
 
-const Action s_actions[] = {
-    {"show", nullptr, show},
-    {"set-date", "DATE", setDate},
-    {"set-time", "TIME", setTime},
-};
-
-int runAction(Console &console, const QStringList &words)
+int runClock(const CommandLine &line, Console & /*console*/)
 {
-    const QString name = words.value(0, QStringLiteral("show"));
-    QStringList names;
-    for (const Action &action : s_actions) {
-        names += QLatin1String(action.name);
-        if (name != names.constLast()) {
-            continue;
-        }
-        const int wanted = action.value ? 2 : 1;
-        if (words.size() > wanted) {
-            return usageError(console, "clock",
-                              QStringLiteral("%1 is too much.").arg(quoted(words.at(wanted))));
-        }
-        if (action.value && words.size() < wanted) {
-            return usageError(
-                console, "clock",
-                QStringLiteral("The %1 is missing.").arg(QLatin1String(action.value)));
-        }
-        return action.run(console, words.value(1));
-    }
-    return usageError(console, "clock",
-                      QStringLiteral("The clock cannot %1. The nearest it can is \"%2\".")
-                          .arg(quoted(name), nearest(name, names)));
-}
-
-int runClock(const QStringList &arguments)
-{
-    Console console;
-    QCommandLineParser parser;
-    if (const auto answered = parseCommandLine(parser, console, "clock", s_helpText, arguments)) {
-        return *answered;
-    }
-    return runAction(console, parser.positionalArguments());
+    return line.runAction({
+        {"show", nullptr, show},
+        {"set-date", "DATE", setDate},
+        {"set-time", "TIME", setTime},
+    });
 }
 
 } // namespace
 
 const Command clockCommand = {
-    "clock",
-    "Shows and sets the device's date and time.",
-    runClock,
+    "clock", "Shows and sets the device's date and time.", s_helpText, "", "[ACTION]...", runClock,
 };
 
 } // namespace Tavro::FieldHost

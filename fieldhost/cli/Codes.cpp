@@ -44,7 +44,7 @@ QString nearestByCodeOrName(const QString &typed, const QStringList &codes,
     for (const QString &code : codes) {
         names += nameOf(code).toLower();
     }
-    return codes.at(names.indexOf(nearest(typed.toLower(), names)));
+    return codes.value(names.indexOf(nearest(typed.toLower(), names)));
 }
 
 // "de_CH" of "de-CH", "de_CH.UTF-8" and "de_Latn_CH"
@@ -144,7 +144,7 @@ std::optional<QLocale> localeOfName(const QString &name)
 
 QString nearestLocaleName(const QString &typed)
 {
-    return nearest(plainLocaleName(typed), localeNames());
+    return nearest(plainLocaleName(typed), localeNames(), 2);
 }
 
 } // namespace Tavro::FieldHost

@@ -17,7 +17,7 @@ QStringList languageCodes();
 
 /**
  * The country code that somebody meant with @p typed: the same in capitals, the one of the ISO
- * 3166 code or English name, or else the nearest.
+ * 3166 code or English name, or else the nearest; empty when none is near.
  */
 QString nearestCountryCode(const QString &typed);
 /** The language code that somebody meant with @p typed: as above, by ISO 639 codes. */
@@ -28,7 +28,7 @@ QString nearestLanguageCode(const QString &typed);
  * Qt would take for another locale.
  */
 std::optional<QLocale> localeOfName(const QString &name);
-/** The nearest name to @p typed that there is a locale for. */
+/** The nearest name to @p typed that there is a locale for; empty when none is near. */
 QString nearestLocaleName(const QString &typed);
 
 } // namespace Tavro::FieldHost

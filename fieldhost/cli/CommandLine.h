@@ -4,44 +4,54 @@
 #include <QStringList>
 
 #include <optional>
+#include <vector>
 
 namespace Tavro::FieldHost {
 
+class CommandLine;
 class Console;
+struct Command;
 
-/** What was typed behind the name of a command, or an answer to it when it cannot be carried out.
- */
+/** What can follow the name of a command that does several things. */
+struct Action
+{
+    const char *name;
+    const char *argument; // its name; null when there is none
+    /** Gets the argument, or an empty text; returns an ExitCode. */
+    int (*run)(const CommandLine &line, Console &console, const QString &argument);
+};
+
+/** What was typed behind the name of a command. */
 class CommandLine
 {
     Q_DISABLE_COPY(CommandLine)
 
 public:
-    /** For the command @p name, whose `--help` shows @p help. */
-    CommandLine(Console &console, const char *name, const char *help);
-
-    /** Adds an option that stands alone. */
-    void addSwitch(const QString &name);
-    /** Adds an option with a value. */
-    void addOption(const QString &name);
+    CommandLine(const Command &command, Console &console);
 
     /**
-     * Takes the program's arguments apart. Returns the exit code when there is nothing left to
-     * do: the help was shown, or an error. Each argument must be there and not empty: at least
-     * @p least of them and, unless that is -1, at most @p most. @p what names one in a message.
+     * Takes @p typed apart. Returns the exit code when there is nothing left to do: the help was
+     * shown, or what is wrong with it.
      */
-    std::optional<int> parse(const QStringList &arguments, const char *what, int least, int most);
+    std::optional<int> parse(const QStringList &typed);
 
     QStringList arguments() const { return m_parser.positionalArguments(); }
-    bool isSet(const QString &option) const { return m_parser.isSet(option); }
-    QString value(const QString &option) const { return m_parser.value(option); }
+    bool isSet(const char *option) const { return m_parser.isSet(QLatin1String(option)); }
+    /** Empty when the option is not set. */
+    QString value(const char *option) const { return m_parser.value(QLatin1String(option)); }
+    QStringList values(const char *option) const { return m_parser.values(QLatin1String(option)); }
 
-    /** Says what is wrong with the command line; returns the exit code. */
-    int refuse(const QString &reason);
+    /** Runs the one of @p actions that is asked for, without arguments the first. */
+    int runAction(const std::vector<Action> &actions) const;
+
+    /** Says what is wrong with the command line, and where to read on; returns the exit code. */
+    int refuse(const QString &reason) const;
 
 private:
+    QString objection() const;
+
+    const Command &m_command;
     Console &m_console;
-    const char *const m_name;
-    const char *const m_help;
     QCommandLineParser m_parser;
 };
 

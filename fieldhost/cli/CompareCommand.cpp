@@ -23,13 +23,8 @@ Exit codes:
   3  one of them is no file, or cannot be read, or the answer could not be
      written; the message says which)";
 
-int runCompare(const QStringList &arguments)
+int runCompare(const CommandLine &line, Console &console)
 {
-    Console console;
-    CommandLine line(console, "compare", s_helpText);
-    if (const auto over = line.parse(arguments, "FILE", 2, 2)) {
-        return *over;
-    }
     const QString a = line.arguments().at(0);
     const QString b = line.arguments().at(1);
     bool ok = false;
@@ -48,8 +43,7 @@ int runCompare(const QStringList &arguments)
 } // namespace
 
 const Command compareCommand = {
-    "compare",
-    "Says whether two files have the same content.",
+    "compare",  "Says whether two files have the same content.", s_helpText, "", "FILE FILE",
     runCompare,
 };
 

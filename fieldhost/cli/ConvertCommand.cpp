@@ -1,5 +1,5 @@
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
@@ -10,7 +10,6 @@
 #include <QLocale>
 
 #include <cmath>
-#include <optional>
 
 namespace Tavro::FieldHost {
 
@@ -24,6 +23,7 @@ const char s_helpText[] = R"(Usage: ovo-fieldhost convert VALUE FROM TO
 Converts a length, as "ovo-fieldhost convert 2.5 m ft" does.
 
   VALUE  A number. Its decimal mark is "." or ",", so it cannot have group separators.
+         A negative one may stand behind "--".
   FROM   The unit of VALUE: m, ft, inch, mm or cm.
   TO     The unit of the result.
 
@@ -43,13 +43,17 @@ QStringList units()
             CLocaleSupport::distanceUnits_inch, QStringLiteral("mm"), QStringLiteral("cm")};
 }
 
-std::optional<double> numberFrom(QString text)
+// a number whose decimal mark may be a comma; otherwise what is wrong with it, as a sentence
+double numberFrom(const QString &typed, QString &objection)
 {
+    QString text = typed;
     text.replace(QLatin1Char(','), QLatin1Char('.'));
     bool ok = false;
     const double value = text.toDouble(&ok);
-    if (!ok || !std::isfinite(value)) {
-        return {};
+    if (!ok && std::isinf(value)) {
+        objection = QStringLiteral("%1 is too large.").arg(quoted(typed));
+    } else if (!ok || !std::isfinite(value)) {
+        objection = QStringLiteral("%1 is not a number that can be converted.").arg(quoted(typed));
     }
     return value;
 }
@@ -62,64 +66,41 @@ QString shortest(double value)
     return QString::number(value, plain ? 'f' : 'g', QLocale::FloatingPointShortest);
 }
 
-// the first argument that is an option; null when there is none. A negative number is none.
-QString optionAmong(const QStringList &arguments)
+int runConvert(const CommandLine &line, Console &console)
 {
-    for (const QString &argument : arguments) {
-        if (argument.startsWith(QLatin1Char('-')) && !numberFrom(argument)) {
-            return argument;
-        }
-    }
-    return {};
-}
-
-int runConvert(const QStringList &arguments)
-{
-    Console console;
-    const QStringList typed = arguments.mid(2);
-    const auto refuse = [&console](const QString &reason) {
-        return usageError(console, "convert", reason);
-    };
-    const QString option = optionAmong(typed);
-    if (option == QLatin1String("-h") || option == QLatin1String("--help")) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
-    }
-    if (!option.isNull()) {
-        return refuse(QStringLiteral("%1 is neither an option nor a number.").arg(quoted(option)));
-    }
-    if (typed.size() != 3) {
-        return refuse(QStringLiteral("VALUE, FROM and TO are needed, and nothing else."));
-    }
-    const std::optional<double> value = numberFrom(typed.at(0));
-    if (!value) {
-        return refuse(
-            QStringLiteral("%1 is not a number that can be converted.").arg(quoted(typed.at(0))));
+    const QStringList typed = line.arguments();
+    QString objection;
+    const double value = numberFrom(typed.at(0), objection);
+    if (!objection.isEmpty()) {
+        return line.refuse(objection);
     }
     // the library takes a unit that it does not know for 0, or leaves the value as it is
     const QStringList namedUnits = typed.mid(1);
     for (const QString &unit : namedUnits) {
         if (!units().contains(unit)) {
-            return refuse(QStringLiteral("There is no unit %1. The nearest one is \"%2\", of %3.")
-                              .arg(quoted(unit), nearest(unit.toLower(), units()),
-                                   units().join(QLatin1String(", "))));
+            const QString near = nearest(unit.toLower(), units(), 2);
+            return line.refuse(
+                QStringLiteral("There is no unit %1. %2 %3.")
+                    .arg(quoted(unit),
+                         near.isEmpty() ? QStringLiteral("The units are")
+                                        : QStringLiteral("The nearest one is \"%1\", of").arg(near),
+                         units().join(QLatin1String(", "))));
         }
     }
-    const double result = LengthUnitsConverter::convert(typed.at(1), typed.at(2), *value);
+    const double result = LengthUnitsConverter::convert(typed.at(1), typed.at(2), value);
     if (!std::isfinite(result)) {
         console.printError(QStringLiteral("The result is out of range."));
         return ExitFailed;
     }
     console.print(QStringLiteral("%1 %2 = %3 %4")
-                      .arg(shortest(*value), typed.at(1), shortest(result), typed.at(2)));
+                      .arg(shortest(value), typed.at(1), shortest(result), typed.at(2)));
     return ExitDone;
 }
 
 } // namespace
 
 const Command convertCommand = {
-    "convert",
-    "Converts a length from one unit to another.",
+    "convert",  "Converts a length from one unit to another.", s_helpText, "", "VALUE FROM TO",
     runConvert,
 };
 

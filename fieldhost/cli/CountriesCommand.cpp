@@ -1,10 +1,8 @@
 #include "fieldhost/cli/Codes.h"
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Table.h"
-#include "fieldhost/jobs/Text.h"
 #include "shared/locale/CCountryLanguageCodeConversion.h"
 
 #include <QLocale>
@@ -52,19 +50,8 @@ QString languageTable()
     return formatTable(rows);
 }
 
-int runCountries(const QStringList &arguments)
+int runCountries(const CommandLine & /*line*/, Console &console)
 {
-    Console console;
-    const QStringList typed = arguments.mid(2);
-    if (typed.contains(QLatin1String("-h")) || typed.contains(QLatin1String("--help"))) {
-        console.print(QString::fromUtf8(s_helpText));
-        return ExitDone;
-    }
-    if (!typed.isEmpty()) {
-        return usageError(
-            console, "countries",
-            QStringLiteral("%1 is too much: nothing follows.").arg(quoted(typed.constFirst())));
-    }
     console.print(countryTable() + QLatin1String("\n\n") + languageTable());
     return ExitDone;
 }
@@ -72,8 +59,7 @@ int runCountries(const QStringList &arguments)
 } // namespace
 
 const Command countriesCommand = {
-    "countries",
-    "Lists the countries and languages that catalogs name.",
+    "countries",  "Lists the countries and languages that catalogs name.", s_helpText, "", "",
     runCountries,
 };
 

@@ -138,15 +138,8 @@ int carryOut(const QStringList &paths, Console &console, bool ask)
     return QCoreApplication::exec();
 }
 
-int runDelete(const QStringList &arguments)
+int runDelete(const CommandLine &line, Console &console)
 {
-    const QString yes = QStringLiteral("yes");
-    Console console;
-    CommandLine line(console, "delete", s_helpText);
-    line.addSwitch(yes);
-    if (const auto over = line.parse(arguments, "PATH", 1, -1)) {
-        return *over;
-    }
     QStringList paths = line.arguments();
     paths.removeDuplicates();
     bool isRefused = false;
@@ -163,15 +156,13 @@ int runDelete(const QStringList &arguments)
     if (isRefused) {
         return ExitSourceRefused;
     }
-    return carryOut(paths, console, !line.isSet(yes));
+    return carryOut(paths, console, !line.isSet("yes"));
 }
 
 } // namespace
 
 const Command deleteCommand = {
-    "delete",
-    "Deletes folders and files, with progress.",
-    runDelete,
+    "delete", "Deletes folders and files, with progress.", s_helpText, "yes", "PATH...", runDelete,
 };
 
 } // namespace Tavro::FieldHost

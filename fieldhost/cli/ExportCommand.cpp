@@ -1,5 +1,5 @@
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/ProgressLine.h"
@@ -9,7 +9,6 @@
 #include "fieldhost/jobs/ExportRun.h"
 #include "fieldhost/jobs/Text.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 
 namespace Tavro::FieldHost {
@@ -181,28 +180,9 @@ int carryOut(const ExportPlan &plan, bool verify, Console &console, RunControls 
     return QCoreApplication::exec();
 }
 
-int runExport(const QStringList &arguments)
+int runExport(const CommandLine &line, Console &console)
 {
-    Console console;
-    QCommandLineParser parser;
-    const QCommandLineOption intoExisting(QStringLiteral("into-existing"));
-    parser.addOption(intoExisting);
-    const QCommandLineOption verify(QStringLiteral("verify"));
-    parser.addOption(verify);
-
-    if (const auto answered = parseCommandLine(parser, console, "export", s_helpText, arguments)) {
-        return *answered;
-    }
-    QStringList sources = parser.positionalArguments();
-    if (sources.size() < 2) {
-        return usageError(console, "export",
-                          sources.isEmpty()
-                              ? QStringLiteral("A SOURCE and a DESTINATION are missing.")
-                              : QStringLiteral("A DESTINATION is missing."));
-    }
-    if (sources.contains(QString())) {
-        return usageError(console, "export", QStringLiteral("A SOURCE or DESTINATION is empty."));
-    }
+    QStringList sources = line.arguments();
     const QString destination = sources.takeLast();
 
     DriveAccess drive(destination);
@@ -216,7 +196,7 @@ int runExport(const QStringList &arguments)
         return ExitDestinationRefused;
     }
     ExportPlan plan =
-        planExport(sources, destination, parser.isSet(intoExisting), SignalWatcher::endRequested);
+        planExport(sources, destination, line.isSet("into-existing"), SignalWatcher::endRequested);
     if (plan.refusal == Refusal::None && SignalWatcher::endRequested()) {
         plan.refusal = Refusal::Canceled;
     }
@@ -227,7 +207,7 @@ int runExport(const QStringList &arguments)
         if (!warning.isEmpty()) {
             console.printError(warning);
         }
-        return carryOut(plan, parser.isSet(verify), console, controls);
+        return carryOut(plan, line.isSet("verify"), console, controls);
     }
     for (const QString &reason : plan.reasons) {
         console.printError(reason);
@@ -240,6 +220,9 @@ int runExport(const QStringList &arguments)
 const Command exportCommand = {
     "export",
     "Copies folders and files durably, with progress, pause and abort.",
+    s_helpText,
+    "into-existing verify",
+    "SOURCE... DESTINATION",
     runExport,
 };
 

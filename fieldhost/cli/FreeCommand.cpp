@@ -21,13 +21,8 @@ Exit codes:
   2  the command line was not understood
   3  there is no such PATH)";
 
-int runFree(const QStringList &arguments)
+int runFree(const CommandLine &line, Console &console)
 {
-    Console console;
-    CommandLine line(console, "free", s_helpText);
-    if (const auto over = line.parse(arguments, "PATH", 1, 1)) {
-        return *over;
-    }
     const QString path = line.arguments().constFirst();
     const qint64 bytes = Shared::CFileSystemHelper::getDiskFreeSpace(path);
     if (bytes < 0) {
@@ -44,9 +39,7 @@ int runFree(const QStringList &arguments)
 } // namespace
 
 const Command freeCommand = {
-    "free",
-    "Says how much space is left on a volume.",
-    runFree,
+    "free", "Says how much space is left on a volume.", s_helpText, "", "PATH", runFree,
 };
 
 } // namespace Tavro::FieldHost

@@ -1,7 +1,7 @@
 #include "fieldhost/catalog/CatalogFiles.h"
 #include "fieldhost/cli/Codes.h"
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/LocaleOverview.h"
@@ -12,7 +12,6 @@
 #include "shared/locale/CProjectLocaleData.h"
 #include "shared/locale/GlobalLocaleData.h"
 
-#include <QCommandLineParser>
 #include <QLocale>
 
 #include <optional>
@@ -88,13 +87,17 @@ QString languageName(const QString &code)
 QString nearestCountry(const QString &code)
 {
     const QString nearest = nearestCountryCode(code);
-    return QStringLiteral("The nearest one is \"%1\" (%2).").arg(nearest, countryName(nearest));
+    return nearest.isEmpty()
+        ? QString()
+        : QStringLiteral(" The nearest one is \"%1\" (%2).").arg(nearest, countryName(nearest));
 }
 
 QString nearestLanguage(const QString &code)
 {
     const QString nearest = nearestLanguageCode(code);
-    return QStringLiteral("The nearest one is \"%1\" (%2).").arg(nearest, languageName(nearest));
+    return nearest.isEmpty()
+        ? QString()
+        : QStringLiteral(" The nearest one is \"%1\" (%2).").arg(nearest, languageName(nearest));
 }
 
 QString codeText(const QString &code, const QString &name, bool isKnown)
@@ -199,11 +202,11 @@ void LocaleRun::openProject()
 void LocaleRun::warnOfUnknownCodes()
 {
     if (!isCountryCode(m_country)) {
-        m_console.printError(QStringLiteral("The catalog's country code %1 is not known. %2")
+        m_console.printError(QStringLiteral("The catalog's country code %1 is not known.%2")
                                  .arg(quoted(m_country), nearestCountry(m_country)));
     }
     if (!isLanguageCode(m_language)) {
-        m_console.printError(QStringLiteral("The catalog's language code %1 is not known. %2")
+        m_console.printError(QStringLiteral("The catalog's language code %1 is not known.%2")
                                  .arg(quoted(m_language), nearestLanguage(m_language)));
     }
     if (!isDistanceUnit(m_template->unit()) && !m_template->unit().isEmpty()) {
@@ -251,51 +254,32 @@ QString LocaleRun::distanceText() const
 QString objectionTo(const Request &request)
 {
     if (request.country && !isCountryCode(*request.country)) {
-        return QStringLiteral("There is no country code %1. %2")
+        return QStringLiteral("There is no country code %1.%2")
             .arg(quoted(*request.country), nearestCountry(*request.country));
     }
     if (request.language && !isLanguageCode(*request.language)) {
-        return QStringLiteral("There is no language code %1. %2")
+        return QStringLiteral("There is no language code %1.%2")
             .arg(quoted(*request.language), nearestLanguage(*request.language));
     }
     if (request.device && !localeOfName(*request.device)) {
-        return QStringLiteral("There is no locale %1. The nearest one is \"%2\".")
-            .arg(quoted(*request.device), nearestLocaleName(*request.device));
+        const QString nearest = nearestLocaleName(*request.device);
+        return QStringLiteral("There is no locale %1.").arg(quoted(*request.device))
+            + (nearest.isEmpty() ? QString()
+                                 : QStringLiteral(" The nearest one is \"%1\".").arg(nearest));
     }
     return {};
 }
 
-int runLocale(const QStringList &arguments)
+int runLocale(const CommandLine &line, Console &console)
 {
-    Console console;
-    QCommandLineParser parser;
-    const auto optionWithValue = [](const char *name) {
-        return QCommandLineOption(QLatin1String(name), QString(), QStringLiteral("value"));
+    const auto valueOf = [&line](const char *option) {
+        return line.isSet(option) ? std::optional(line.value(option)) : std::nullopt;
     };
-    const QCommandLineOption catalog = optionWithValue("catalog");
-    const QCommandLineOption country = optionWithValue("country");
-    const QCommandLineOption language = optionWithValue("language");
-    const QCommandLineOption device = optionWithValue("device");
-    parser.addOptions({catalog, country, language, device});
-
-    if (const auto answered = parseCommandLine(parser, console, "locale", s_helpText, arguments)) {
-        return *answered;
-    }
-    const auto refuse = [&console](const QString &reason) {
-        return usageError(console, "locale", reason);
-    };
-    if (!parser.positionalArguments().isEmpty()) {
-        return refuse(QStringLiteral("%1 belongs to no option.")
-                          .arg(quoted(parser.positionalArguments().constFirst())));
-    }
-    const auto valueOf = [&parser](const QCommandLineOption &option) {
-        return parser.isSet(option) ? std::optional(parser.value(option)) : std::nullopt;
-    };
-    const Request request = {valueOf(catalog), valueOf(country), valueOf(language),
-                             valueOf(device)};
+    const Request request = {valueOf("catalog"), valueOf("country"), valueOf("language"),
+                             valueOf("device")};
     const QString objection = objectionTo(request);
     if (!objection.isEmpty()) {
-        return refuse(objection);
+        return line.refuse(objection);
     }
     // that a project locale is set is what this command is about
     HostLog::setThreshold(LogLevel::Warning);
@@ -305,9 +289,9 @@ int runLocale(const QStringList &arguments)
 } // namespace
 
 const Command localeCommand = {
-    "locale",
-    "Shows how a project shows numbers, dates and units.",
-    runLocale,
+    "locale",   "Shows how a project shows numbers, dates and units.",
+    s_helpText, "catalog= country= language= device=",
+    "",         runLocale,
 };
 
 } // namespace Tavro::FieldHost

@@ -41,25 +41,14 @@ Exit codes:
   0  done
   2  the command line was not understood)";
 
-int runName(const QStringList &arguments)
+int runName(const CommandLine &line, Console &console)
 {
-    const QString directoryOption = QStringLiteral("dir");
-    const QString extensionOption = QStringLiteral("ext");
-    const QString prefixOption = QStringLiteral("prefix");
-    Console console;
-    CommandLine line(console, "name", s_nameHelpText);
-    for (const QString &option : {directoryOption, extensionOption, prefixOption}) {
-        line.addOption(option);
-    }
-    if (const auto over = line.parse(arguments, "argument", 0, 0)) {
-        return *over;
-    }
-    for (const QString &option : {directoryOption, extensionOption}) {
+    for (const char *option : {"dir", "ext"}) {
         if (!line.isSet(option)) {
-            return line.refuse(QStringLiteral("--%1 is missing.").arg(option));
+            return line.refuse(QStringLiteral("--%1 is missing.").arg(QLatin1String(option)));
         }
     }
-    const QString directory = line.value(directoryOption);
+    const QString directory = line.value("dir");
     if (!QFileInfo(directory).isDir()) {
         console.printError(QStringLiteral("%1 is no folder.").arg(quoted(directory)));
         return ExitDestinationRefused;
@@ -70,20 +59,18 @@ int runName(const QStringList &arguments)
                                .arg(quoted(directory), systemText(unreadable.first().error)));
         return ExitDestinationRefused;
     }
-    const QString extension = line.value(extensionOption);
-    console.print(line.isSet(prefixOption)
+    const QString extension = line.value("ext");
+    console.print(line.isSet("prefix")
                       ? CFileSystemHelper::createUniqueFileNameWithPrefix(
-                          directory, line.value(prefixOption), extension, true)
+                          directory, line.value("prefix"), extension, true)
                       : CFileSystemHelper::createUniqueFileName(directory, extension, true));
     return ExitDone;
 }
 
-int runSafeName(const QStringList &arguments)
+int runSafeName(const CommandLine &line, Console &console)
 {
-    Console console;
-    CommandLine line(console, "safe-name", s_safeNameHelpText);
-    if (const auto over = line.parse(arguments, "TEXT", 1, 1)) {
-        return *over;
+    if (line.arguments().constFirst().isEmpty()) {
+        return line.refuse(QStringLiteral("A TEXT is empty."));
     }
     console.print(CFileSystemHelper::getValidFileSystemName(line.arguments().constFirst()));
     return ExitDone;
@@ -92,14 +79,12 @@ int runSafeName(const QStringList &arguments)
 } // namespace
 
 const Command nameCommand = {
-    "name",
-    "Finds a name that no file in a folder has.",
+    "name",  "Finds a name that no file in a folder has.", s_nameHelpText, "dir= ext= prefix=", "",
     runName,
 };
 
 const Command safeNameCommand = {
-    "safe-name",
-    "Makes a text a name that any drive takes.",
+    "safe-name", "Makes a text a name that any drive takes.", s_safeNameHelpText, "", "TEXT",
     runSafeName,
 };
 

@@ -1,11 +1,9 @@
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/view3d/GeoProjectorSettings.h"
-
-#include <QCommandLineParser>
 
 namespace Tavro::FieldHost {
 
@@ -51,19 +49,9 @@ void showAll(Console &console)
     }
 }
 
-int runProjection(const QStringList &arguments)
+int runProjection(const CommandLine &line, Console &console)
 {
-    Console console;
-    QCommandLineParser parser;
-    if (const auto answered =
-            parseCommandLine(parser, console, "projection", s_helpText, arguments)) {
-        return *answered;
-    }
-    const QStringList words = parser.positionalArguments();
-    if (words.size() > 1) {
-        return usageError(console, "projection",
-                          QStringLiteral("%1 is too much.").arg(quoted(words.at(1))));
-    }
+    const QStringList words = line.arguments();
     if (words.isEmpty()) {
         showAll(console);
         return ExitDone;
@@ -74,17 +62,16 @@ int runProjection(const QStringList &arguments)
             return ExitDone;
         }
     }
-    return usageError(console, "projection",
-                      QStringLiteral("There is no projection %1, only 1, 2 and 3.")
-                          .arg(quoted(words.constFirst())));
+    return line.refuse(QStringLiteral("There is no projection %1, only 1, 2 and 3.")
+                           .arg(quoted(words.constFirst())));
 }
 
 } // namespace
 
 const Command projectionCommand = {
-    "projection",
-    "Shows the well-known texts of the map's projection.",
-    runProjection,
+    "projection", "Shows the well-known texts of the map's projection.",
+    s_helpText,   "",
+    "[NUMBER]",   runProjection,
 };
 
 } // namespace Tavro::FieldHost

@@ -1,5 +1,5 @@
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/RunControls.h"
@@ -10,7 +10,6 @@
 #include "shared/locale/CConversionServices.h"
 #include "shared/locale/CLocaleSupport.h"
 
-#include <QCommandLineParser>
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -47,39 +46,44 @@ Exit codes:
   6  ended early; what was recorded is written)";
 
 // as many milliseconds as fit into any file of this format, and far more than a day
-constexpr double s_longestTime = 1e6; // s
+constexpr int s_most = 1'000'000; // s
 
 /** Reads the options one by one and keeps the first complaint. */
 class OptionReader
 {
 public:
-    explicit OptionReader(const QCommandLineParser &parser)
-        : m_parser(parser)
+    explicit OptionReader(const CommandLine &line)
+        : m_line(line)
     {
     }
 
     const QString &complaint() const { return m_complaint; }
 
     /** A number above 0; @p fallback when the option is not set. */
-    double positive(const QString &option, double fallback)
+    double positive(const char *option, double fallback)
     {
-        if (!m_parser.isSet(option)) {
+        if (!m_line.isSet(option)) {
             return fallback;
         }
         bool isNumber = false;
-        const double value = m_parser.value(option).toDouble(&isNumber);
-        if (!isNumber || !(value > 0) || value > s_longestTime) {
-            complain(option, m_parser.value(option), QStringLiteral("is not a number above 0"));
+        const double value = m_line.value(option).toDouble(&isNumber);
+        if (value > s_most) {
+            complain(option, m_line.value(option),
+                     QStringLiteral("is above %1, the most that is possible").arg(s_most));
+            return fallback;
+        }
+        if (!isNumber || !(value > 0)) {
+            complain(option, m_line.value(option), QStringLiteral("is not a number above 0"));
             return fallback;
         }
         return value;
     }
 
     /** The times given, in milliseconds and in order; each must lie within @p duration. */
-    QVector<qint64> times(const QString &option, qint64 duration)
+    QVector<qint64> times(const char *option, qint64 duration)
     {
         QVector<qint64> times;
-        const QStringList texts = m_parser.values(option);
+        const QStringList texts = m_line.values(option);
         for (const QString &text : texts) {
             bool isNumber = false;
             const double seconds = text.toDouble(&isNumber);
@@ -94,27 +98,28 @@ public:
     }
 
     /** The unit that is named; metres when none is. */
-    Base::DistanceUnit unit(const QString &option)
+    Base::DistanceUnit unit(const char *option)
     {
-        const QString name = m_parser.value(option);
+        const QString name = m_line.value(option);
         if (name == QLatin1String("ft")) {
             return Base::DistanceUnit::Feet;
         }
-        if (m_parser.isSet(option) && name != QLatin1String("m")) {
+        if (m_line.isSet(option) && name != QLatin1String("m")) {
             complain(option, name, QStringLiteral("is neither m nor ft"));
         }
         return Base::DistanceUnit::Meter;
     }
 
 private:
-    void complain(const QString &option, const QString &value, const QString &what)
+    void complain(const char *option, const QString &value, const QString &what)
     {
         if (m_complaint.isEmpty()) {
-            m_complaint = QStringLiteral("--%1 %2 %3.").arg(option, quoted(value), what);
+            m_complaint =
+                QStringLiteral("--%1 %2 %3.").arg(QLatin1String(option), quoted(value), what);
         }
     }
 
-    const QCommandLineParser &m_parser;
+    const CommandLine &m_line;
     QString m_complaint;
 };
 
@@ -169,43 +174,21 @@ int carryOut(const RecordPlan &plan, Console &console)
     return QCoreApplication::exec();
 }
 
-int runRecord(const QStringList &arguments)
+int runRecord(const CommandLine &line, Console &console)
 {
-    const QString durationName = QStringLiteral("duration");
-    const QString speedName = QStringLiteral("speed");
-    const QString pauseName = QStringLiteral("pause-at");
-    const QString observeName = QStringLiteral("observe-at");
-    const QString unitName = QStringLiteral("unit");
-
-    Console console;
-    QCommandLineParser parser;
-    for (const QString &name : {durationName, speedName, pauseName, observeName, unitName}) {
-        parser.addOption({name, QString(), QStringLiteral("VALUE")});
+    if (!line.isSet("duration")) {
+        return line.refuse(QStringLiteral("--duration is missing."));
     }
-
-    if (const auto answered = parseCommandLine(parser, console, "record", s_helpText, arguments)) {
-        return *answered;
-    }
-    const QStringList clips = parser.positionalArguments();
-    if (clips.size() != 1 || clips.first().isEmpty()) {
-        return usageError(console, "record",
-                          clips.size() > 1 ? QStringLiteral("There is more than one CLIP.")
-                                           : QStringLiteral("A CLIP is missing."));
-    }
-    if (!parser.isSet(durationName)) {
-        return usageError(console, "record", QStringLiteral("--duration is missing."));
-    }
-
-    OptionReader reader(parser);
+    OptionReader reader(line);
     RecordPlan plan;
-    plan.clip = clips.first();
-    plan.duration = qMax<qint64>(std::llround(reader.positive(durationName, 1) * 1000), 1);
-    plan.speed = reader.positive(speedName, 1);
-    plan.pauses = reader.times(pauseName, plan.duration);
-    plan.observations = reader.times(observeName, plan.duration);
-    plan.unit = reader.unit(unitName);
+    plan.clip = line.arguments().constFirst();
+    plan.duration = qMax<qint64>(std::llround(reader.positive("duration", 1) * 1000), 1);
+    plan.speed = reader.positive("speed", 1);
+    plan.pauses = reader.times("pause-at", plan.duration);
+    plan.observations = reader.times("observe-at", plan.duration);
+    plan.unit = reader.unit("unit");
     if (!reader.complaint().isEmpty()) {
-        return usageError(console, "record", reader.complaint());
+        return line.refuse(reader.complaint());
     }
     const QString objection = objectionToPlace(plan);
     if (!objection.isEmpty()) {
@@ -218,9 +201,9 @@ int runRecord(const QStringList &arguments)
 } // namespace
 
 const Command recordCommand = {
-    "record",
-    "Records the clip information of a simulated drive through a pipe.",
-    runRecord,
+    "record",   "Records the clip information of a simulated drive through a pipe.",
+    s_helpText, "duration= speed= pause-at= observe-at= unit=",
+    "CLIP",     runRecord,
 };
 
 } // namespace Tavro::FieldHost

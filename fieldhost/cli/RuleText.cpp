@@ -48,8 +48,7 @@ QString unknownType(const QString &name)
     for (const TypeName &type : s_types) {
         names += QLatin1String(type.name);
     }
-    return QStringLiteral("There is no rule %1. The nearest one is \"%2\".")
-        .arg(quoted(name), nearest(name, names));
+    return QStringLiteral("There is no rule %1.%2").arg(quoted(name), suggestion(name, names));
 }
 
 // what the rule itself calls its properties
@@ -67,8 +66,8 @@ QString unknownKey(const QString &key, const QString &type, const QStringList &k
     if (keys.isEmpty()) {
         return QStringLiteral("The rule %1 has no options.").arg(type);
     }
-    return QStringLiteral("The rule %1 has no option %2. The nearest one is \"%3\".")
-        .arg(type, quoted(key), nearest(key, keys));
+    return QStringLiteral("The rule %1 has no option %2.%3")
+        .arg(type, quoted(key), suggestion(key, keys));
 }
 
 // cuts the next KEY=VALUE off the front of the text

@@ -45,13 +45,8 @@ bool tellUncounted(const QString &folder, qint64 bytes, Console &console)
     return listing.unreadable.isEmpty() && !isOther;
 }
 
-int runSize(const QStringList &arguments)
+int runSize(const CommandLine &line, Console &console)
 {
-    Console console;
-    CommandLine line(console, "size", s_helpText);
-    if (const auto over = line.parse(arguments, "PATH", 1, -1)) {
-        return *over;
-    }
     bool isRefused = false;
     bool isComplete = true;
     const QStringList paths = line.arguments();
@@ -78,9 +73,7 @@ int runSize(const QStringList &arguments)
 } // namespace
 
 const Command sizeCommand = {
-    "size",
-    "Adds up the sizes of the files in folders.",
-    runSize,
+    "size", "Adds up the sizes of the files in folders.", s_helpText, "", "PATH...", runSize,
 };
 
 } // namespace Tavro::FieldHost

@@ -1,5 +1,5 @@
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/PictureChart.h"
@@ -7,7 +7,6 @@
 #include "fieldhost/jobs/Text.h"
 #include "shared/clipinfo/ClipInfoHandler.h"
 
-#include <QCommandLineParser>
 #include <QImageWriter>
 
 #include <cmath>
@@ -63,27 +62,14 @@ void printDoubts(const ClipInfoFile &info, Console &console)
     }
 }
 
-int runTrace(const QStringList &arguments)
+int runTrace(const CommandLine &line, Console &console)
 {
-    Console console;
-    QCommandLineParser parser;
-    const QCommandLineOption png(QStringLiteral("png"), QString(), QStringLiteral("FILE"));
-    parser.addOption(png);
-
-    if (const auto answered = parseCommandLine(parser, console, "trace", s_helpText, arguments)) {
-        return *answered;
+    const QString picture = line.value("png");
+    if (line.isSet("png") && picture.isEmpty()) {
+        return line.refuse(QStringLiteral("The FILE of --png is empty."));
     }
-    const QStringList clips = parser.positionalArguments();
-    if (clips.size() != 1 || clips.first().isEmpty()) {
-        return usageError(console, "trace",
-                          clips.size() > 1 ? QStringLiteral("There is more than one CLIP.")
-                                           : QStringLiteral("A CLIP is missing."));
-    }
-    if (parser.isSet(png) && parser.value(png).isEmpty()) {
-        return usageError(console, "trace", QStringLiteral("The FILE of --png is empty."));
-    }
-
-    const QString path = Shared::ClipInfoHandler::videoPathToFilePath(clips.first());
+    const QString path =
+        Shared::ClipInfoHandler::videoPathToFilePath(line.arguments().constFirst());
     const ClipInfoFile info = ClipInfoFile::read(path);
     if (!info.error.isEmpty()) {
         console.printError(QStringLiteral("Cannot read %1: %2").arg(quoted(path), info.error));
@@ -97,11 +83,11 @@ int runTrace(const QStringList &arguments)
         return ExitFailed;
     }
     console.print(drawText(trace, console.columns()).join(QLatin1Char('\n')));
-    if (parser.isSet(png)) {
-        QImageWriter writer(parser.value(png), "png");
+    if (!picture.isEmpty()) {
+        QImageWriter writer(picture, "png");
         if (!writer.write(drawPicture(trace))) {
-            console.printError(QStringLiteral("Cannot write %1: %2")
-                                   .arg(quoted(parser.value(png)), writer.errorString()));
+            console.printError(
+                QStringLiteral("Cannot write %1: %2").arg(quoted(picture), writer.errorString()));
             return ExitFailed;
         }
     }
@@ -111,9 +97,9 @@ int runTrace(const QStringList &arguments)
 } // namespace
 
 const Command traceCommand = {
-    "trace",
-    "Draws the distance, pan and tilt of a recorded clip.",
-    runTrace,
+    "trace",    "Draws the distance, pan and tilt of a recorded clip.",
+    s_helpText, "png=",
+    "CLIP",     runTrace,
     "--png",
 };
 

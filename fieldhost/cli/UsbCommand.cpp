@@ -1,15 +1,13 @@
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/NearestWord.h"
 #include "fieldhost/jobs/FatVolume.h"
 #include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 #include "fieldhost/jobs/UsbDrive.h"
 #include "shared/usb/USBDriveCleanAccessManager.h"
 
-#include <QCommandLineParser>
 #include <QDir>
 
 namespace Tavro::FieldHost {
@@ -45,13 +43,6 @@ Exit codes:
 
 const char s_device[] = "/dev/sda1";
 
-/** One call of the command, understood. */
-struct Request
-{
-    QString argument; // absolute
-    bool dryRun = false;
-};
-
 void wouldRun(Console &console, const char *command)
 {
     console.print(
@@ -81,9 +72,9 @@ bool wouldLook(Console &console)
     return true;
 }
 
-int list(const Request &request, Console &console)
+int list(const CommandLine &line, Console &console, const QString & /*argument*/)
 {
-    if (request.dryRun) {
+    if (line.isSet("dry-run")) {
         if (!wouldLook(console)) {
             console.print(QStringLiteral("Would run nothing: the drive is mounted."));
         }
@@ -113,10 +104,10 @@ int list(const Request &request, Console &console)
     return ExitDone;
 }
 
-int root(const Request &request, Console &console)
+int root(const CommandLine &line, Console &console, const QString &argument)
 {
-    if (request.dryRun) {
-        return list(request, console);
+    if (line.isSet("dry-run")) {
+        return list(line, console, argument);
     }
     const QVariantList answer = MountedUSBDeviceList::getUSBMountPathRoot();
     const QString path = answer.at(0).toString();
@@ -136,9 +127,10 @@ int root(const Request &request, Console &console)
     return ExitDone;
 }
 
-int lock(const Request &request, Console &console)
+int lock(const CommandLine &line, Console &console, const QString &argument)
 {
-    if (request.dryRun) {
+    const QString path = absolutePath(argument);
+    if (line.isSet("dry-run")) {
         if (wouldLook(console)) {
             wouldRun(console, "mount");
             console.print(QStringLiteral("Would write: 1 to the dirty byte of the partition, if "
@@ -146,9 +138,9 @@ int lock(const Request &request, Console &console)
             return ExitDone;
         }
         // nothing is run to find it: the drive is mounted
-        const auto partition = partitionOf(request.argument);
+        const auto partition = partitionOf(path);
         if (!partition) {
-            console.print(whyNotMarked(request.argument));
+            console.print(whyNotMarked(path));
             return ExitFailed;
         }
         wouldRun(console, "mount");
@@ -156,21 +148,21 @@ int lock(const Request &request, Console &console)
         return ExitDone;
     }
     USBDriveCleanAccessManager manager;
-    if (!manager.lock(request.argument)) {
-        console.printError(whyNotMarked(request.argument));
+    if (!manager.lock(path)) {
+        console.printError(whyNotMarked(path));
         if (MountedUSBDeviceList::isUSBMounted()) {
             console.printError(QStringLiteral("The drive is mounted on %1, and not marked.")
                                    .arg(quoted(QString::fromLatin1(usbMountPoint))));
         }
         return ExitFailed;
     }
-    const auto partition = partitionOf(request.argument);
+    const auto partition = partitionOf(path);
     console.print(QStringLiteral("Mounted and marked as in use%1.")
                       .arg(partition ? QStringLiteral(": ") + described(*partition) : QString()));
     return ExitDone;
 }
 
-int unlock(const Request &request, Console &console)
+int unlock(const CommandLine &line, Console &console, const QString & /*argument*/)
 {
     if (!MountedUSBDeviceList::isUSBMounted()) {
         console.print(QStringLiteral("Nothing is mounted on %1.")
@@ -179,7 +171,7 @@ int unlock(const Request &request, Console &console)
     }
     // another process has locked it, so the partition has to be found again
     const auto partition = partitionOf(QString::fromLatin1(usbMountPoint));
-    if (request.dryRun) {
+    if (line.isSet("dry-run")) {
         wouldRun(console, "umount");
         if (partition) {
             wouldWrite(console, 0, *partition);
@@ -219,109 +211,50 @@ int unlock(const Request &request, Console &console)
     return ExitFailed;
 }
 
-int dirty(const Request &request, Console &console)
+int dirty(const CommandLine &line, Console &console, const QString &argument)
 {
-    if (request.dryRun) {
-        console.print(
-            QStringLiteral("Would read: the boot sector of %1").arg(quoted(request.argument)));
+    const QString path = absolutePath(argument);
+    if (line.isSet("dry-run")) {
+        console.print(QStringLiteral("Would read: the boot sector of %1").arg(quoted(path)));
         return ExitDone;
     }
-    const QString missing = missingReadRight(request.argument);
+    const QString missing = missingReadRight(path);
     if (!missing.isEmpty()) {
         console.printError(missing);
         return ExitFailed;
     }
-    const FatVolume volume = readFatVolume(request.argument);
+    const FatVolume volume = readFatVolume(path);
     if (volume.type.isEmpty()) {
         console.printError(QStringLiteral("%1 holds no FAT file system, and so has no dirty byte "
                                           "that is known here.")
-                               .arg(quoted(request.argument)));
+                               .arg(quoted(path)));
         return ExitFailed;
     }
     console.print(QStringLiteral("%1: %2 (%3)")
                       .arg(volume.isDirty ? QStringLiteral("dirty") : QStringLiteral("clean"),
-                           quoted(request.argument), volume.type));
-    if (MountedUSBDeviceList::getFatSubtype(request.argument).isEmpty()) {
+                           quoted(path), volume.type));
+    if (MountedUSBDeviceList::getFatSubtype(path).isEmpty()) {
         console.print(QStringLiteral("A lock does not mark it: it knows no type for volumes of "
                                      "this size."));
     }
     return ExitDone;
 }
 
-/** What can follow "usb". */
-struct Action
+int runUsb(const CommandLine &line, Console & /*console*/)
 {
-    const char *name;
-    const char *argument; // null when it takes none
-    int (*run)(const Request &request, Console &console);
-};
-
-const Action s_actions[] = {
-    {"list", nullptr, list},     {"root", nullptr, root},    {"lock", "PATH", lock},
-    {"unlock", nullptr, unlock}, {"dirty", "DEVICE", dirty},
-};
-
-const Action *findAction(const QString &name)
-{
-    for (const Action &action : s_actions) {
-        if (name == QLatin1String(action.name)) {
-            return &action;
-        }
-    }
-    return nullptr;
-}
-
-QString nearestAction(const QString &name)
-{
-    QStringList names;
-    for (const Action &action : s_actions) {
-        names += QLatin1String(action.name);
-    }
-    return nearest(name, names);
-}
-
-int runUsb(const QStringList &arguments)
-{
-    Console console;
-    QCommandLineParser parser;
-    const QCommandLineOption dryRun(QStringLiteral("dry-run"));
-    parser.addOption(dryRun);
-
-    if (const auto answered =
-            parseCommandLine(parser, console, usbCommand.name, s_helpText, arguments)) {
-        return *answered;
-    }
-    QStringList words = parser.positionalArguments();
-    const QString name = words.isEmpty() ? QStringLiteral("list") : words.takeFirst();
-    const Action *action = findAction(name);
-    if (!action) {
-        return usageError(console, usbCommand.name,
-                          QStringLiteral("\"usb\" knows no %1. The nearest one is \"%2\".")
-                              .arg(quoted(name), nearestAction(name)));
-    }
-    const int wanted = action->argument ? 1 : 0;
-    if (words.size() > wanted) {
-        return usageError(
-            console, usbCommand.name,
-            QStringLiteral("\"usb %1\" takes no %2.").arg(name, quoted(words.last())));
-    }
-    if (wanted == 1 && words.value(0).isEmpty()) {
-        return usageError(console, usbCommand.name,
-                          QStringLiteral("A %1 is missing.").arg(QLatin1String(action->argument)));
-    }
-    Request request;
-    request.dryRun = parser.isSet(dryRun);
-    if (wanted == 1) {
-        request.argument = absolutePath(words.first());
-    }
-    return action->run(request, console);
+    return line.runAction({
+        {"list", nullptr, list},
+        {"root", nullptr, root},
+        {"lock", "PATH", lock},
+        {"unlock", nullptr, unlock},
+        {"dirty", "DEVICE", dirty},
+    });
 }
 
 } // namespace
 
 const Command usbCommand = {
-    "usb",
-    "Shows the USB drive, and makes it safe to pull.",
+    "usb",  "Shows the USB drive, and makes it safe to pull.", s_helpText, "dry-run", "[ACTION]...",
     runUsb,
 };
 

@@ -1,13 +1,11 @@
 #include "fieldhost/cli/Command.h"
-#include "fieldhost/cli/CommandParsing.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/RuleText.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/input/TextValidator.h"
 #include "shared/input/Validator.h"
-
-#include <QCommandLineParser>
 
 #include <memory>
 #include <vector>
@@ -125,43 +123,29 @@ int judge(Console &console, const Field &field, const QStringList &texts, bool i
     return result;
 }
 
-int runValidate(const QStringList &arguments)
+int runValidate(const CommandLine &line, Console &console)
 {
-    Console console;
-    QCommandLineParser parser;
-    const QCommandLineOption isFinal(QStringLiteral("final"));
-    const QCommandLineOption rules(QStringLiteral("rule"), QString(), QStringLiteral("RULE"));
-    parser.addOption(isFinal);
-    parser.addOption(rules);
-
-    if (const auto answered =
-            parseCommandLine(parser, console, "validate", s_helpText, arguments)) {
-        return *answered;
-    }
-    if (!parser.isSet(rules)) {
-        return usageError(console, "validate", QStringLiteral("A --rule is missing."));
-    }
-    if (parser.positionalArguments().isEmpty()) {
-        return usageError(console, "validate", QStringLiteral("A TEXT is missing."));
+    if (!line.isSet("rule")) {
+        return line.refuse(QStringLiteral("A --rule is missing."));
     }
     Field field;
-    const QStringList ruleTexts = parser.values(rules);
+    const QStringList ruleTexts = line.values("rule");
     for (const QString &text : ruleTexts) {
         const RuleText rule = parseRule(text);
         if (!rule.error.isEmpty()) {
-            return usageError(console, "validate", rule.error);
+            return line.refuse(rule.error);
         }
         addRule(field, rule);
     }
-    return judge(console, field, parser.positionalArguments(), parser.isSet(isFinal));
+    return judge(console, field, line.arguments(), line.isSet("final"));
 }
 
 } // namespace
 
 const Command validateCommand = {
-    "validate",
-    "Tells whether texts pass the rules of a form, and why not.",
-    runValidate,
+    "validate", "Tells whether texts pass the rules of a form, and why not.",
+    s_helpText, "rule= final",
+    "TEXT...",  runValidate,
 };
 
 } // namespace Tavro::FieldHost

@@ -1,4 +1,5 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
@@ -55,15 +56,6 @@ const Command *findCommand(const QString &name)
     return nullptr;
 }
 
-QString nearestCommand(const QString &name)
-{
-    QStringList names;
-    for (const Command *command : s_commands) {
-        names += QLatin1String(command->name);
-    }
-    return nearest(name, names);
-}
-
 QString helpText()
 {
     int width = 0;
@@ -81,21 +73,46 @@ QString helpText()
                          "  -h, --help     Shows this text; after a COMMAND, that of the "
                          "command with its exit codes.\n"
                          "  -v, --version  Shows the version.\n\n"
+                         "\"ovo-fieldhost help COMMAND\" shows the text of a command, too.\n\n"
                          "A command that has done its work ends with 1 when what it says cannot "
                          "be written.");
 }
 
+int refuseCommand(const QString &name, Console &console)
+{
+    QStringList names;
+    for (const Command *command : s_commands) {
+        names += QLatin1String(command->name);
+    }
+    console.printError(QStringLiteral("There is no command %1.%2\nTry: ovo-fieldhost --help")
+                           .arg(quoted(name), suggestion(name, names)));
+    return ExitUsage;
+}
+
+int help(const QString &name, Console &console)
+{
+    const Command *command = findCommand(name);
+    if (!command && !name.isEmpty()) {
+        return refuseCommand(name, console);
+    }
+    console.print(command ? QString::fromUtf8(command->help) : helpText());
+    return ExitDone;
+}
+
 int run(const QStringList &arguments)
 {
+    Console console;
     const QString first = arguments.value(1);
     if (const Command *command = findCommand(first)) {
-        return command->run(arguments);
+        CommandLine line(*command, console);
+        const auto over = line.parse(arguments.mid(2));
+        return over ? *over : command->run(line, console);
     }
-
-    Console console;
+    if (first == QLatin1String("help")) {
+        return help(arguments.value(2), console);
+    }
     if (first == QLatin1String("-h") || first == QLatin1String("--help")) {
-        console.print(helpText());
-        return ExitDone;
+        return help(QString(), console);
     }
     if (first == QLatin1String("-v") || first == QLatin1String("--version")) {
         console.print(
@@ -104,12 +121,9 @@ int run(const QStringList &arguments)
     }
     if (first.isEmpty()) {
         console.printError(QStringLiteral("A COMMAND is missing.\n\n") + helpText());
-    } else {
-        console.printError(QStringLiteral("There is no command %1. The nearest one is \"%2\".\n"
-                                          "Try: ovo-fieldhost --help")
-                               .arg(quoted(first), nearestCommand(first)));
+        return ExitUsage;
     }
-    return ExitUsage;
+    return refuseCommand(first, console);
 }
 
 bool isOption(const char *argument, const QByteArray &option)

@@ -24,7 +24,7 @@ public:
     Program();
 
     /**
-     * Root's right to read everything is taken from the program. Where the system refuses that,
+     * Root's rights to read everything and to set clocks are taken from the program. Where the system refuses that,
      * the program ends with exit code cannotDropRights.
      */
     void dropRights();

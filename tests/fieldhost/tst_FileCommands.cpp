@@ -110,14 +110,15 @@ void tst_FileCommands::argumentsAreAskedFor_data()
     row("size ", "A PATH is empty.");
     row("compare", "A FILE is missing.");
     row("compare a", "A FILE is missing.");
-    row("compare a b c", "There is one FILE too many.");
+    row("compare a b c", "There is an argument too many: \"c\".");
     row("name", "--dir is missing.");
     row("name --dir .", "--ext is missing.");
     row("name --ext jpg", "--dir is missing.");
-    row("name --dir . --ext jpg surplus", "There is one argument too many.");
+    row("name --dir . --ext jpg surplus", "There is an argument too many: \"surplus\".");
     row("safe-name", "A TEXT is missing.");
+    row("safe-name ", "A TEXT is empty.");
     row("free", "A PATH is missing.");
-    row("free a b", "There is one PATH too many.");
+    row("free a b", "There is an argument too many: \"b\".");
     row("delete", "A PATH is missing.");
     row("delete --yes", "A PATH is missing.");
     row("size --frobnicate", "Unknown option 'frobnicate'.");

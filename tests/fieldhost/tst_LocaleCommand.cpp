@@ -288,7 +288,7 @@ void tst_LocaleCommand::unknownCodesAreRefused_data()
     QTest::newRow("an option") << "--land D"
                                << "Unknown option 'land'.";
     QTest::newRow("a word too much") << "CH"
-                                     << "\"CH\" belongs to no option.";
+                                     << "There is an argument too many: \"CH\".";
 }
 
 void tst_LocaleCommand::unknownCodesAreRefused()

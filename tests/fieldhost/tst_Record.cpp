@@ -277,12 +277,17 @@ void tst_Record::theCommandLineMustBeUnderstood_data()
         QTest::newRow(name) << QString::fromLatin1(arguments) << QString::fromLatin1(reason);
     };
     row("nothing", "", "A CLIP is missing.");
-    row("two clips", "a b --duration 1", "There is more than one CLIP.");
+    row("two clips", "a b --duration 1", "There is an argument too many: \"b\".");
     row("no duration", "a", "--duration is missing.");
     row("a word for a duration", "a --duration x", "--duration \"x\" is not a number above 0.");
     row("no time at all", "a --duration 0", "--duration \"0\" is not a number above 0.");
     row("no number", "a --duration nan", "--duration \"nan\" is not a number above 0.");
-    row("for ever", "a --duration inf", "--duration \"inf\" is not a number above 0.");
+    row("for ever", "a --duration inf",
+        "--duration \"inf\" is above 1000000, the most that is possible.");
+    row("too fast", "a --duration 1 --speed 1000001",
+        "--speed \"1000001\" is above 1000000, the most that is possible.");
+    row("faster than there are numbers", "a --duration 1 --speed 1e999",
+        "--speed \"1e999\" is above 1000000, the most that is possible.");
     row("backwards", "a --duration 1 --speed -2", "--speed \"-2\" is not a number above 0.");
     row("a pause behind the end", "a --duration 1 --pause-at 1",
         "--pause-at \"1\" is no time within the video.");
