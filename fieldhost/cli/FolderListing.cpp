@@ -1,11 +1,11 @@
 #include "fieldhost/cli/FolderListing.h"
 
+#include "fieldhost/jobs/Paths.h"
+
 #include <QFile>
 
 #include <cerrno>
-#include <memory>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -13,11 +13,6 @@
 namespace Tavro::FieldHost {
 
 namespace {
-
-struct CloseDirectory
-{
-    void operator()(DIR *directory) const { ::closedir(directory); }
-};
 
 // the size of what is no folder; an errno is left when that cannot be told
 qint64 sizeOf(int folder, const char *name)
@@ -33,35 +28,29 @@ qint64 sizeOf(int folder, const char *name)
 
 void look(int fd, const QByteArray &path, Depth depth, FolderListing &found)
 {
-    const std::unique_ptr<DIR, CloseDirectory> directory(fd < 0 ? nullptr : ::fdopendir(fd));
-    if (!directory || ::faccessat(fd, ".", X_OK, AT_EACCESS) != 0) {
-        found.unreadable.append({path, errno});
-        if (fd >= 0 && !directory) {
-            ::close(fd);
+    const auto note = [&found, &path](int error) {
+        if (error != 0) {
+            found.unreadable.append({path, error});
         }
+    };
+    if (fd >= 0 && ::faccessat(fd, ".", X_OK, AT_EACCESS) != 0) {
+        note(errno);
+        ::close(fd);
         return;
     }
-    errno = 0;
-    while (const dirent *entry = ::readdir(directory.get())) {
-        const QByteArray name(entry->d_name);
-        const bool mayBeFolder = entry->d_type == DT_DIR || entry->d_type == DT_UNKNOWN;
-        if (depth == Depth::Tree && mayBeFolder && name != "." && name != "..") {
+    note(visitEntries(fd, [&](const dirent &entry) {
+        const bool mayBeFolder = entry.d_type == DT_DIR || entry.d_type == DT_UNKNOWN;
+        if (depth == Depth::Tree && mayBeFolder) {
             const int below =
-                ::openat(fd, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+                ::openat(fd, entry.d_name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
             // no folder after all, or gone
             if (below >= 0 || (errno != ENOTDIR && errno != ELOOP && errno != ENOENT)) {
-                look(below, path + '/' + name, depth, found);
+                look(below, path + '/' + entry.d_name, depth, found);
             }
         }
-        found.bytes += sizeOf(fd, name.constData());
-        if (errno != 0) {
-            found.unreadable.append({path, errno});
-        }
-        errno = 0;
-    }
-    if (errno != 0) {
-        found.unreadable.append({path, errno});
-    }
+        found.bytes += sizeOf(fd, entry.d_name);
+        note(errno);
+    }));
 }
 
 } // namespace
@@ -69,8 +58,7 @@ void look(int fd, const QByteArray &path, Depth depth, FolderListing &found)
 FolderListing listFolder(const QString &folder, Depth depth)
 {
     FolderListing found;
-    const QByteArray path = QFile::encodeName(folder);
-    look(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC), path, depth, found);
+    look(openFolder(folder), QFile::encodeName(folder), depth, found);
     return found;
 }
 

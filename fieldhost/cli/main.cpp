@@ -3,7 +3,7 @@
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
-#include "fieldhost/jobs/SourceSurvey.h"
+#include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 #include "fieldhost/services/FieldApplication.h"
 

@@ -54,49 +54,9 @@ void ColumnInputType::setCodeList(const QList<CodeListItem> &codeList)
     Q_EMIT itemListChanged();
 }
 
-QString ColumnInputType::caption() const
-{
-    return m_form.caption;
-}
-
-QString ColumnInputType::boundColumn() const
-{
-    return m_key;
-}
-
-QString ColumnInputType::unit() const
-{
-    return m_unit;
-}
-
-QString ColumnInputType::displayFormat() const
-{
-    return m_form.displayFormat;
-}
-
-bool ColumnInputType::mandatory() const
-{
-    return m_form.isMandatory;
-}
-
-bool ColumnInputType::hasList() const
-{
-    return !m_form.codeList.isEmpty();
-}
-
-bool ColumnInputType::editableList() const
-{
-    return hasList() && m_form.isListEditable;
-}
-
 CInputType::InputType ColumnInputType::inputType() const
 {
     return Shared::DataConverter::stringToDataType(QStringRef(&m_form.dataType));
-}
-
-int ColumnInputType::maximumTextLength() const
-{
-    return m_form.maximumTextLength;
 }
 
 int ColumnInputType::controlType() const
@@ -108,16 +68,6 @@ int ColumnInputType::controlType() const
         return editableList() ? ComboText : ComboBox;
     }
     return controlFor(inputType());
-}
-
-QVariant ColumnInputType::minimumValue() const
-{
-    return m_form.minimumValue;
-}
-
-QVariant ColumnInputType::maximumValue() const
-{
-    return m_form.maximumValue;
 }
 
 QVariantList ColumnInputType::itemList() const

@@ -28,18 +28,18 @@ public:
     /** Replaces the list, as when another project is opened; emits itemListChanged(). */
     void setCodeList(const QList<Shared::CodeListItem> &codeList);
 
-    QString caption() const override;
-    QString boundColumn() const override;
-    QString unit() const override;
-    QString displayFormat() const override;
-    bool mandatory() const override;
-    bool hasList() const override;
-    bool editableList() const override;
+    QString caption() const override { return m_form.caption; }
+    QString boundColumn() const override { return m_key; }
+    QString unit() const override { return m_unit; }
+    QString displayFormat() const override { return m_form.displayFormat; }
+    bool mandatory() const override { return m_form.isMandatory; }
+    bool hasList() const override { return !m_form.codeList.isEmpty(); }
+    bool editableList() const override { return hasList() && m_form.isListEditable; }
     InputType inputType() const override;
-    int maximumTextLength() const override;
+    int maximumTextLength() const override { return m_form.maximumTextLength; }
     int controlType() const override;
-    QVariant minimumValue() const override;
-    QVariant maximumValue() const override;
+    QVariant minimumValue() const override { return m_form.minimumValue; }
+    QVariant maximumValue() const override { return m_form.maximumValue; }
     QVariantList itemList() const override;
     QString textFromListIndex(int index) const override;
     QVariant valueFromListIndex(int index) const override;

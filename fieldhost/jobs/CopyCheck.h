@@ -1,11 +1,17 @@
 #pragma once
 
-#include "fieldhost/jobs/CopyFault.h"
 #include "fieldhost/jobs/ExportPlan.h"
 
 #include <optional>
 
 namespace Tavro::FieldHost {
+
+/** The first file or folder that a copy lacks. */
+struct CopyFault
+{
+    QString source;
+    QString cause; // a sentence without its full stop
+};
 
 /** What a look at the destination says of a copy. */
 struct CopyCheck

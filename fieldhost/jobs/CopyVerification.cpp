@@ -18,25 +18,6 @@ void evict(const QFile &file)
     ::posix_fadvise(file.handle(), 0, 0, POSIX_FADV_DONTNEED);
 }
 
-// fills chunk as far as the file goes; false when reading fails
-bool readChunk(QFile &file, QByteArray &chunk)
-{
-    chunk.resize(s_chunk);
-    int filled = 0;
-    while (filled < s_chunk) {
-        const qint64 n = file.read(chunk.data() + filled, s_chunk - filled);
-        if (n < 0) {
-            return false;
-        }
-        if (n == 0) {
-            break;
-        }
-        filled += static_cast<int>(n);
-    }
-    chunk.resize(filled);
-    return true;
-}
-
 } // namespace
 
 std::vector<CopiedFile> copiedFiles(const ExportJob &job, const QString &root)
@@ -91,17 +72,19 @@ bool CopyVerification::openNext()
 
 bool CopyVerification::compareChunk()
 {
-    if (!readChunk(m_source, m_sourceChunk) || !readChunk(m_target, m_targetChunk)) {
+    const QByteArray original = m_source.read(s_chunk);
+    const QByteArray copy = m_target.read(s_chunk);
+    if (m_source.error() != QFileDevice::NoError || m_target.error() != QFileDevice::NoError) {
         fail(QStringLiteral("it or its copy cannot be read any more"));
         return false;
     }
-    if (m_sourceChunk != m_targetChunk) {
+    if (original != copy) {
         fail(QStringLiteral("its copy differs from it"));
         return false;
     }
-    m_comparedBytes += m_sourceChunk.size();
+    m_comparedBytes += original.size();
     Q_EMIT progressChanged();
-    if (m_sourceChunk.size() < s_chunk) {
+    if (original.size() < s_chunk) {
         m_source.close();
         m_target.close();
     }

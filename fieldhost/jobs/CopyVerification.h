@@ -1,9 +1,7 @@
 #pragma once
 
-#include "fieldhost/jobs/CopyFault.h"
-#include "fieldhost/jobs/ExportPlan.h"
+#include "fieldhost/jobs/CopyCheck.h"
 
-#include <QByteArray>
 #include <QFile>
 #include <QObject>
 
@@ -59,8 +57,6 @@ private:
     size_t m_next = 0;
     QFile m_source; // open while a pair is compared
     QFile m_target;
-    QByteArray m_sourceChunk;
-    QByteArray m_targetChunk;
     std::optional<CopyFault> m_fault;
     qint64 m_comparedBytes = 0;
     bool m_isCanceled = false;

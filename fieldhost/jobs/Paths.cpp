@@ -4,7 +4,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
+#include <memory>
+
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace Tavro::FieldHost {
 
@@ -51,6 +56,42 @@ QString nearestExisting(QString path)
         path = parentOf(path);
     }
     return path;
+}
+
+int openFolder(const QString &path)
+{
+    return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+int visitEntries(int descriptor, const std::function<void(const dirent &entry)> &visit)
+{
+    struct CloseDirectory
+    {
+        void operator()(DIR *directory) const { ::closedir(directory); }
+    };
+    const std::unique_ptr<DIR, CloseDirectory> directory(descriptor < 0 ? nullptr
+                                                                        : ::fdopendir(descriptor));
+    if (!directory) {
+        const int error = errno;
+        if (descriptor >= 0) {
+            ::close(descriptor);
+        }
+        return error;
+    }
+    errno = 0;
+    while (const dirent *entry = ::readdir(directory.get())) {
+        if (qstrcmp(entry->d_name, ".") != 0 && qstrcmp(entry->d_name, "..") != 0) {
+            visit(*entry);
+        }
+        errno = 0;
+    }
+    return errno;
+}
+
+QString nameFromBytes(const QByteArray &bytes)
+{
+    const QString text = QFile::decodeName(bytes);
+    return QFile::encodeName(text) == bytes ? text : QString();
 }
 
 QString futureCanonicalPath(const QString &path)

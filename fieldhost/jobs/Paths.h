@@ -2,6 +2,10 @@
 
 #include <QString>
 
+#include <functional>
+
+#include <dirent.h>
+
 namespace Tavro::FieldHost {
 
 /** The folder that an absolute, clean path lies in; "/" for that itself. */
@@ -21,6 +25,19 @@ bool isSameOrBelow(const QString &path, const QString &folder);
 
 /** The longest beginning of an absolute path that there is. */
 QString nearestExisting(QString path);
+
+/** A descriptor of the folder @p path for reading; -1, with errno, when there is none to be had. */
+int openFolder(const QString &path);
+
+/**
+ * Hands each entry of the folder @p descriptor, but for "." and "..", to @p visit, and closes it.
+ * Returns the errno of what kept entries from being listed; 0 when all were. Of -1, as openFolder()
+ * has just answered it, none is.
+ */
+int visitEntries(int descriptor, const std::function<void(const dirent &entry)> &visit);
+
+/** The name of a file in the file system; null when no text stands for exactly these bytes. */
+QString nameFromBytes(const QByteArray &bytes);
 
 /** The canonical path that something is going to have that need not exist yet. */
 QString futureCanonicalPath(const QString &path);

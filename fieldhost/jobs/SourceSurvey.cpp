@@ -1,14 +1,13 @@
 #include "fieldhost/jobs/SourceSurvey.h"
 
+#include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 
 #include <QFile>
 
 #include <algorithm>
 #include <cerrno>
-#include <memory>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,11 +15,6 @@
 namespace Tavro::FieldHost {
 
 namespace {
-
-struct CloseDirectory
-{
-    void operator()(DIR *directory) const { ::closedir(directory); }
-};
 
 struct Folder
 {
@@ -51,6 +45,7 @@ private:
     void visit(int index);
     void look(int directoryFd, const QByteArray &name, const QString &folder);
     void sortIn(int index);
+    bool landsWhereItShould(const QString &path);
     bool leadsBack(int index, const struct stat &status) const;
     void addProblem(const QString &path, const QString &cause);
     void addProblem(const QString &folder, const QByteArray &name, const QString &cause);
@@ -79,13 +74,13 @@ SourceSurvey Walk::run()
 void Walk::visit(int index)
 {
     const QString folder = m_folders.at(index).path;
-    const std::unique_ptr<DIR, CloseDirectory> directory(
-        ::opendir(QFile::encodeName(m_root + folder).constData()));
+    const int fd = openFolder(m_root + folder);
     struct stat status
     {
     };
-    if (!directory || ::fstat(::dirfd(directory.get()), &status) != 0) {
+    if (fd < 0 || ::fstat(fd, &status) != 0) {
         addProblem(folder, QStringLiteral("the folder cannot be read (%1)").arg(systemText(errno)));
+        ::close(fd);
         return;
     }
     m_folders[index].device = status.st_dev;
@@ -94,25 +89,21 @@ void Walk::visit(int index)
         addProblem(folder,
                    QStringLiteral("the link leads back to a folder that holds it, "
                                   "so the copy would never end"));
+        ::close(fd);
         return;
     }
 
     m_foundFolders.clear();
     m_foundFiles.clear();
-    errno = 0;
-    while (const dirent *entry = ::readdir(directory.get())) {
-        const QByteArray name(entry->d_name);
-        if (name.startsWith('.')) {
-            if (name != "." && name != "..") {
-                ++m_survey.hiddenEntries;
-            }
+    const int error = visitEntries(fd, [&](const dirent &entry) {
+        if (entry.d_name[0] == '.') {
+            ++m_survey.hiddenEntries;
         } else {
-            look(::dirfd(directory.get()), name, folder);
+            look(fd, entry.d_name, folder);
         }
-        errno = 0;
-    }
-    if (errno != 0) {
-        addProblem(folder, QStringLiteral("the folder cannot be read (%1)").arg(systemText(errno)));
+    });
+    if (error != 0) {
+        addProblem(folder, QStringLiteral("the folder cannot be read (%1)").arg(systemText(error)));
     }
     sortIn(index);
 }
@@ -174,28 +165,31 @@ void Walk::sortIn(int index)
     const QString folder = m_folders.at(index).path;
     for (const Entry &entry : m_foundFolders) {
         const QString path = folder + entry.name;
-        // the copy forms names in the destination by removing the source's path from them,
-        // wherever it occurs
-        if (path.contains(m_root)) {
-            addProblem(path,
-                       QStringLiteral("its path holds the path of the source a second time, "
-                                      "so it would be copied to a wrong place"));
-            continue;
+        if (landsWhereItShould(path)) {
+            m_survey.directories.append(path);
+            m_folders.append({path + QLatin1Char('/'), index});
         }
-        m_survey.directories.append(path);
-        m_folders.append({path + QLatin1Char('/'), index});
     }
     for (const Entry &entry : m_foundFiles) {
         const QString path = folder + entry.name;
-        if (path.contains(m_root)) {
-            addProblem(path,
-                       QStringLiteral("its path holds the path of the source a second time, "
-                                      "so it would be copied to a wrong place"));
-            continue;
+        if (landsWhereItShould(path)) {
+            m_survey.files.append({path, entry.status.st_size});
+            m_survey.bytes += entry.status.st_size;
         }
-        m_survey.files.append({path, entry.status.st_size});
-        m_survey.bytes += entry.status.st_size;
     }
+}
+
+// the copy forms names in the destination by removing the source's path from them, wherever it
+// occurs
+bool Walk::landsWhereItShould(const QString &path)
+{
+    if (!path.contains(m_root)) {
+        return true;
+    }
+    addProblem(path,
+               QStringLiteral("its path holds the path of the source a second time, so it would be "
+                              "copied to a wrong place"));
+    return false;
 }
 
 bool Walk::leadsBack(int index, const struct stat &status) const
@@ -249,12 +243,6 @@ SourceSurvey surveyFile(const QString &path)
     }
     survey.bytes = status.st_size;
     return survey;
-}
-
-QString nameFromBytes(const QByteArray &bytes)
-{
-    const QString text = QFile::decodeName(bytes);
-    return QFile::encodeName(text) == bytes ? text : QString();
 }
 
 } // namespace Tavro::FieldHost

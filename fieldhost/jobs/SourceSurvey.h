@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -47,8 +46,5 @@ SourceSurvey surveyDirectory(const QString &root, const std::function<bool()> &c
 
 /** The same for a single file, absolute. */
 SourceSurvey surveyFile(const QString &path);
-
-/** The name of a file in the file system; null when no text stands for exactly these bytes. */
-QString nameFromBytes(const QByteArray &bytes);
 
 } // namespace Tavro::FieldHost

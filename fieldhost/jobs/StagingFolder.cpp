@@ -11,7 +11,6 @@
 #include <cstdlib>
 #include <functional>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -39,24 +38,13 @@ mode_t typeOf(const QString &path)
 }
 
 // Hands each entry of a folder to visit; false when that does, or when not all could be listed.
-bool visitEntries(const QString &folder, const std::function<bool(const QString &name)> &visit)
+bool forEachEntry(const QString &folder, const std::function<bool(const QString &name)> &visit)
 {
-    DIR *directory = ::opendir(QFile::encodeName(folder).constData());
-    if (!directory) {
-        return false;
-    }
     bool isWhole = true;
-    errno = 0;
-    while (const dirent *entry = ::readdir(directory)) {
-        const QByteArray name(entry->d_name);
-        if (name != "." && name != "..") {
-            isWhole = visit(QFile::decodeName(name)) && isWhole;
-        }
-        errno = 0;
-    }
-    isWhole = errno == 0 && isWhole;
-    ::closedir(directory);
-    return isWhole;
+    const int error = visitEntries(openFolder(folder), [&](const dirent &entry) {
+        isWhole = visit(QFile::decodeName(entry.d_name)) && isWhole;
+    });
+    return error == 0 && isWhole;
 }
 
 bool removeFolder(const QString &path)
@@ -66,7 +54,7 @@ bool removeFolder(const QString &path)
 
 bool removeEmptyFolders(const QString &path)
 {
-    visitEntries(path, [&](const QString &name) { return removeEmptyFolders(below(path, name)); });
+    forEachEntry(path, [&](const QString &name) { return removeEmptyFolders(below(path, name)); });
     return removeFolder(path);
 }
 
@@ -106,7 +94,7 @@ bool clearFolder(const QString &folder, const QString &place, Clearing how)
     if (!existsOrIsLink(folder)) {
         return true;
     }
-    const bool isClear = visitEntries(folder, [&](const QString &name) {
+    const bool isClear = forEachEntry(folder, [&](const QString &name) {
         const QString entry = below(folder, name);
         return typeOf(entry) == S_IFDIR ? clearFolder(entry, below(place, name), how)
                                         : clearFile(entry, below(place, name), how);
@@ -195,7 +183,7 @@ bool StagingFolder::discard()
     const QString folders = m_path + QStringLiteral("/folder");
     if (existsOrIsLink(folders)) {
         isClear =
-            visitEntries(folders,
+            forEachEntry(folders,
                          [&](const QString &name) {
                              return clearFolder(below(folders, name), place, {false, !m_isOurs});
                          })
@@ -203,7 +191,7 @@ bool StagingFolder::discard()
     }
     const QString files = m_path + QStringLiteral("/file");
     if (existsOrIsLink(files)) {
-        isClear = visitEntries(files,
+        isClear = forEachEntry(files,
                                [&](const QString &name) {
                                    const QString data =
                                        below(files, name) + QStringLiteral("/data");
@@ -217,7 +205,7 @@ bool StagingFolder::discard()
 
 bool StagingFolder::isFilled(const QString &folder)
 {
-    return !visitEntries(folder, [&](const QString &name) {
+    return !forEachEntry(folder, [&](const QString &name) {
         return isStagingName(name) && adopt(below(folder, name));
     });
 }
@@ -226,7 +214,7 @@ QStringList StagingFolder::discardAbandoned(const QString &place)
 {
     QStringList staying;
     QStringList found;
-    visitEntries(place, [&](const QString &name) {
+    forEachEntry(place, [&](const QString &name) {
         if (isStagingName(name)) {
             found.append(below(place, name));
         }
