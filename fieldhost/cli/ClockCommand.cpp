@@ -27,8 +27,8 @@ needs the commands "date" and "hwclock" and the rights of root.
   DATE  As in 2026-11-21. The time of day stays what this command shows.
   TIME  As in 13:05 or 13:05:30. The date stays that of today in UTC.
 
-What is shown is local time. What is set is sent as it stands and taken as UTC: where the two
-differ, the clock moves by the difference.
+The time shown is local time. A time that is set counts as UTC: where the two differ, the clock
+moves by the difference.
 
 Options:
   -h, --help  Shows this text.
@@ -82,7 +82,7 @@ int setDate(const CommandLine &line, Console &console, const QString &text)
         static const QRegularExpression form(QStringLiteral("^\\d{4}-\\d\\d-\\d\\d$"));
         return line.refuse((form.match(text).hasMatch()
                                 ? QStringLiteral("The calendar has no %1.")
-                                : QStringLiteral("%1 is no date. One reads as 2026-11-21 does."))
+                                : QStringLiteral("%1 is not a date such as 2026-11-21."))
                                .arg(quoted(text)));
     }
     if (date.year() < 1970) {
@@ -99,8 +99,8 @@ int setTime(const CommandLine &line, Console &console, const QString &text)
         time = QTime::fromString(text, QStringLiteral("hh:mm"));
     }
     if (!time.isValid()) {
-        return line.refuse(QStringLiteral("%1 is no time of day. One reads as 13:05 or 13:05:30 "
-                                          "do, from 00:00 to 23:59:59.")
+        return line.refuse(QStringLiteral("%1 is not a time of day such as 13:05:30, "
+                                          "from 00:00 to 23:59:59.")
                                .arg(quoted(text)));
     }
     return set(console, time, &OsSettings::setTime, &OsSettings::timeChanged);

@@ -32,15 +32,15 @@ extern const Command compareCommand;
 extern const Command convertCommand;
 /** `countries`: the codes of countries and languages. */
 extern const Command countriesCommand;
-/** `delete`: deletes folders and files. */
+/** `delete`: deletes directories and files. */
 extern const Command deleteCommand;
-/** `export`: copies folders and files durably. */
+/** `export`: copies directories and files durably. */
 extern const Command exportCommand;
 /** `free`: space left on a volume. */
 extern const Command freeCommand;
 /** `locale`: how a project shows numbers, dates and units. */
 extern const Command localeCommand;
-/** `name`: a name that no file in a folder has. */
+/** `name`: a name that no file in a directory has. */
 extern const Command nameCommand;
 /** `projection`: shows the texts of the map's projection. */
 extern const Command projectionCommand;
@@ -48,7 +48,7 @@ extern const Command projectionCommand;
 extern const Command recordCommand;
 /** `safe-name`: a text as a name that any drive takes. */
 extern const Command safeNameCommand;
-/** `size`: bytes in folders. */
+/** `size`: bytes in directories. */
 extern const Command sizeCommand;
 /** `trace`: draws what a clip information file holds. */
 extern const Command traceCommand;

@@ -17,11 +17,11 @@ Options:
   -h, --help  Shows this text.
 
 Exit codes:
-  0  they have
-  1  they have not
+  0  they are equal
+  1  they are different
   2  the command line was not understood
-  3  one of them is no file, or cannot be read, or the answer could not be
-     written; the message says which)";
+  3  one of them is not a file or cannot be read, or the answer could not be written; the message
+     says which)";
 
 int runCompare(const CommandLine &line, Console &console)
 {

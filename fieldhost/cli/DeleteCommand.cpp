@@ -19,15 +19,15 @@ namespace {
 
 const char s_helpText[] = R"(Usage: ovo-fieldhost delete [--yes] PATH...
 
-Deletes each PATH: a folder with all that is in it, hidden entries too; a file; a link, but not
+Deletes each PATH: a directory with all that is in it, hidden entries too; a file; a link, but not
 what it points to. Asks before it begins.
 
 Options:
   --yes       Does not ask. Needed where no terminal is there to answer.
   -h, --help  Shows this text.
 
-On a terminal, q or Ctrl-C aborts: the folder that is being deleted still goes whole, those behind
-it stay.
+On a terminal, q or Ctrl-C aborts. The directory that is being deleted is still deleted as a whole;
+the paths after it stay.
 
 Exit codes:
   0  everything is deleted, and that is on the device
@@ -45,7 +45,7 @@ QString refusal(const QString &path)
     const QString here = QDir::current().canonicalPath();
     const bool isLink = QFileInfo(path).isSymLink();
     if (!isLink && (target == here || here.startsWith(below(target, QString())))) {
-        return QStringLiteral("%1 is, or holds, the current folder.").arg(quoted(path));
+        return QStringLiteral("%1 is, or holds, the current directory.").arg(quoted(path));
     }
     return {};
 }
@@ -59,7 +59,7 @@ void announce(const QStringList &paths, Console &console)
             what = QStringLiteral("link");
         } else if (info.isDir()) {
             const quint64 bytes = Shared::CDirectorySizeFinder().dirSize(path).first;
-            what = QStringLiteral("folder of %1").arg(formatBytes(static_cast<qint64>(bytes)));
+            what = QStringLiteral("directory of %1").arg(formatBytes(static_cast<qint64>(bytes)));
         }
         console.print(QStringLiteral("To delete: %1 (%2)").arg(quoted(path), what));
     }
@@ -162,7 +162,8 @@ int runDelete(const CommandLine &line, Console &console)
 } // namespace
 
 const Command deleteCommand = {
-    "delete", "Deletes folders and files, with progress.", s_helpText, "yes", "PATH...", runDelete,
+    "delete",  "Deletes directories and files, with progress.", s_helpText, "yes", "PATH...",
+    runDelete,
 };
 
 } // namespace Tavro::FieldHost

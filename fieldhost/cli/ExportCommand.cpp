@@ -17,14 +17,14 @@ namespace {
 
 const char s_helpText[] = R"(Usage: ovo-fieldhost export [options] SOURCE... DESTINATION
 
-Copies every SOURCE into the folder DESTINATION, chunk by chunk, each flushed to the device
+Copies every SOURCE into the directory DESTINATION, chunk by chunk, each flushed to the device
 before the next one. A drive pulled out keeps the files that were whole by then; the one in flight
 may stay there, cut off, under its name.
 
-  SOURCE       A folder or file is copied to DESTINATION/<its name>. A folder that is written
+  SOURCE       A directory or file is copied to DESTINATION/<its name>. A directory that is written
                with "/" at the end, or as "." or "..", stands for its contents, which are copied
                into DESTINATION itself.
-  DESTINATION  A folder. It is created when it does not exist, and otherwise must be empty.
+  DESTINATION  A directory. It is created when it does not exist, and otherwise must be empty.
 
 A DESTINATION at or below /media/usbdrive is on the USB drive. The drive is mounted and marked as
 in use before the copy, unmounted and marked clean after it, however the copy ends.
@@ -34,10 +34,10 @@ out, and counted. Names are taken as UTF-8.
 
 Options:
   --into-existing  Allows a DESTINATION that holds something. Where a copy would land on what is
-                   there, it is made in a hidden folder beside it first, and takes its place,
+                   there, it is made in a hidden directory beside it first, and takes its place,
                    replacing files of the same name, when all of it is whole. Until then an
                    abort or a failure leaves everything there as it was. A power cut leaves each
-                   file old or new. The folder of an export that was killed is removed by the
+                   file old or new. The directory of an export that was killed is removed by the
                    next one.
   --verify         Reads every copy back from the device, in its place, and compares it with its
                    source. One that differs fails the export; what was copied is removed, except
@@ -219,7 +219,7 @@ int runExport(const CommandLine &line, Console &console)
 
 const Command exportCommand = {
     "export",
-    "Copies folders and files durably, with progress, pause and abort.",
+    "Copies directories and files durably, with progress, pause and abort.",
     s_helpText,
     "into-existing verify",
     "SOURCE... DESTINATION",

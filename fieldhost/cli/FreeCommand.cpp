@@ -11,7 +11,7 @@ namespace {
 
 const char s_helpText[] = R"(Usage: ovo-fieldhost free PATH
 
-Says how much the user may still write on the volume that holds PATH.
+Prints how much the user can still write on the volume that holds PATH.
 
 Options:
   -h, --help  Shows this text.

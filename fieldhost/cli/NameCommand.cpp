@@ -1,8 +1,8 @@
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
+#include "fieldhost/cli/DirectoryListing.h"
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/FolderListing.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/filesystem/CFileSystemHelper.h"
 
@@ -16,23 +16,23 @@ namespace {
 
 const char s_nameHelpText[] = R"(Usage: ovo-fieldhost name --dir D --ext E [--prefix P]
 
-Prints a path in the folder D whose name no file there has: date and time, or P, and a number.
-Nothing is created.
+Prints the path of a file that does not exist yet in the directory D. Its name is the date and time,
+or P, and a number. Nothing is created.
 
 Options:
-  --dir D      The folder.
+  --dir D      The directory.
   --ext E      The extension, with or without its point; "" for none.
-  --prefix P   Stands in place of date and time. What a drive does not take is replaced by "_".
+  --prefix P   Used instead of date and time. Characters that a drive does not accept become "_".
   -h, --help   Shows this text.
 
 Exit codes:
   0  done
   2  the command line was not understood
-  4  D is no folder, or which names it holds cannot be read)";
+  4  D is not a directory, or the names in it cannot be read)";
 
 const char s_safeNameHelpText[] = R"(Usage: ovo-fieldhost safe-name TEXT
 
-Prints TEXT as the name of a file that any removable drive takes.
+Prints TEXT as a file name that any removable drive accepts.
 
 Options:
   -h, --help   Shows this text.
@@ -50,10 +50,10 @@ int runName(const CommandLine &line, Console &console)
     }
     const QString directory = line.value("dir");
     if (!QFileInfo(directory).isDir()) {
-        console.printError(QStringLiteral("%1 is no folder.").arg(quoted(directory)));
+        console.printError(QStringLiteral("%1 is not a directory.").arg(quoted(directory)));
         return ExitDestinationRefused;
     }
-    const auto unreadable = listFolder(directory, Depth::Folder).unreadable;
+    const auto unreadable = listDirectory(directory, Depth::Directory).unreadable;
     if (!unreadable.isEmpty()) {
         console.printError(QStringLiteral("Which names are taken in %1 cannot be read (%2).")
                                .arg(quoted(directory), systemText(unreadable.first().error)));
@@ -79,7 +79,11 @@ int runSafeName(const CommandLine &line, Console &console)
 } // namespace
 
 const Command nameCommand = {
-    "name",  "Finds a name that no file in a folder has.", s_nameHelpText, "dir= ext= prefix=", "",
+    "name",
+    "Finds a name that no file in a directory has.",
+    s_nameHelpText,
+    "dir= ext= prefix=",
+    "",
     runName,
 };
 

@@ -21,12 +21,12 @@ namespace {
 
 const char s_helpText[] = R"(Usage: ovo-fieldhost record [options] CLIP --duration SECONDS
 
-Has the simulated crawler drive through a pipe, look around every ten seconds and record CLIP.
-Writes what a recording leaves beside the video, the clip information file: when and with what it
-was made, and distance, pan and tilt over time. The video itself is not made.
+Lets the simulated crawler drive through a pipe, look around every ten seconds and record CLIP.
+Writes the clip information file that belongs to the video: when and with what it was made, and
+distance, pan and tilt over time. The video itself is not made.
 
-  CLIP  Path of the video. Its clip information file lies in the same folder, under its name up to
-        the first dot, with ".txt". One that is there is continued.
+  CLIP  Path of the video. Its clip information file is in the same directory. It has the name of
+        the video up to the first dot, and ".txt". An existing one is continued.
 
 Options:
   --duration SECONDS    Length of the video.
@@ -88,7 +88,7 @@ public:
             bool isNumber = false;
             const double seconds = text.toDouble(&isNumber);
             if (!isNumber || !(seconds >= 0) || seconds * 1000 >= static_cast<double>(duration)) {
-                complain(option, text, QStringLiteral("is no time within the video"));
+                complain(option, text, QStringLiteral("is not a time within the video"));
                 return {};
             }
             times.append(std::llround(seconds * 1000));

@@ -96,7 +96,7 @@ QString setOption(RuleText &rule, Validator &validator, const QString &type, con
     }
     const QString value = option.mid(equals + 1);
     if (!validator.setProperty(key.toLatin1().constData(), value)) {
-        return QStringLiteral("%1 is no value for %2 of the rule %3.")
+        return QStringLiteral("%1 is not a value for %2 of the rule %3.")
             .arg(quoted(value), key, type);
     }
     rule.options.insert(key, value);

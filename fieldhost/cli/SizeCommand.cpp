@@ -1,8 +1,8 @@
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
+#include "fieldhost/cli/DirectoryListing.h"
 #include "fieldhost/cli/ExitCode.h"
-#include "fieldhost/cli/FolderListing.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/fileops/CDirectorySizeFinder.h"
 #include "shared/filesystem/CFileSystemHelper.h"
@@ -22,15 +22,15 @@ Options:
 
 Exit codes:
   0  done
-  1  failed: not all that is in a PATH could be counted; the message names the folders
+  1  failed: not all that is in a PATH could be counted; the message names the directories
   2  the command line was not understood
-  3  a PATH is neither folder nor file; the others are shown all the same)";
+  3  a PATH is neither directory nor file; the others are shown all the same)";
 
-// false when @p bytes is not the size of all that the folder holds
-bool tellUncounted(const QString &folder, qint64 bytes, Console &console)
+// false when @p bytes is not the size of all that the directory holds
+bool tellUncounted(const QString &directory, qint64 bytes, Console &console)
 {
-    const FolderListing listing = listFolder(folder, Depth::Tree);
-    for (const UnreadableFolder &unreadable : listing.unreadable) {
+    const DirectoryListing listing = listDirectory(directory, Depth::Tree);
+    for (const UnreadableDirectory &unreadable : listing.unreadable) {
         console.printError(QStringLiteral("What %1 holds is not counted, or only in part (%2).")
                                .arg(quoted(unreadable.path), systemText(unreadable.error)));
     }
@@ -39,7 +39,7 @@ bool tellUncounted(const QString &folder, qint64 bytes, Console &console)
     if (isOther) {
         console.printError(QStringLiteral("%1 could not be counted as a whole, or has changed "
                                           "meanwhile: a second look finds %2 bytes.")
-                               .arg(quoted(folder))
+                               .arg(quoted(directory))
                                .arg(listing.bytes));
     }
     return listing.unreadable.isEmpty() && !isOther;
@@ -53,7 +53,8 @@ int runSize(const CommandLine &line, Console &console)
     for (const QString &path : paths) {
         const QFileInfo info(path);
         if (!info.isDir() && !info.isFile()) {
-            console.printError(QStringLiteral("%1 is neither folder nor file.").arg(quoted(path)));
+            console.printError(
+                QStringLiteral("%1 is neither directory nor file.").arg(quoted(path)));
             isRefused = true;
             continue;
         }
@@ -73,7 +74,7 @@ int runSize(const CommandLine &line, Console &console)
 } // namespace
 
 const Command sizeCommand = {
-    "size", "Adds up the sizes of the files in folders.", s_helpText, "", "PATH...", runSize,
+    "size", "Adds up the sizes of the files in directories.", s_helpText, "", "PATH...", runSize,
 };
 
 } // namespace Tavro::FieldHost

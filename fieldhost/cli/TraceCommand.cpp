@@ -21,8 +21,8 @@ Reads the clip information file of a video and draws distance, pan and tilt over
 
   CLIP  The video, which need not exist, or its clip information file.
 
-Lines that cannot be read, as a power cut leaves them, are counted and left out. Where the file
-was continued by a second recording, the recordings are drawn one after the other.
+Lines that cannot be read, such as a power cut leaves, are counted and left out. If a second
+recording has continued the file, the recordings are drawn one after the other.
 
 Options:
   --png FILE  Draws them as a picture, too.

@@ -24,16 +24,16 @@ const char s_helpText[] =
 Shows the USB drive, and makes it safe to pull.
 
   list          Shows the USB drives and their mounted partitions. This is the default.
-  root          Prints the folder to offer as the USB drive.
+  root          Prints the directory to offer as the USB drive.
   lock PATH     Mounts the drive and marks the partition that PATH lies on as in use.
   unlock        Unmounts the drive, as soon as nobody uses it, and marks it clean.
   dirty DEVICE  Tells whether the FAT volume on DEVICE, such as /dev/sda1, is marked as in use.
 
-The drive is /dev/sda1, mounted on /media/usbdrive. "list", "root" and "lock" mount it for a look
-where it is not mounted, and unmount it after.
+The drive is /dev/sda1, mounted on /media/usbdrive. If it is not mounted, "list", "root" and "lock"
+mount it temporarily to inspect it.
 
 Options:
-  --dry-run   Runs and writes nothing. Tells what would be run and written instead.
+  --dry-run   Runs and writes nothing. Prints what would be run and written.
   -h, --help  Shows this text.
 
 Exit codes:
@@ -184,7 +184,7 @@ int unlock(const CommandLine &line, Console &console, const QString & /*argument
         return ExitFailed;
     }
     console.print(QStringLiteral("Unmounting, as soon as nobody uses the drive; Ctrl-C gives up."));
-    QDir::setCurrent(QStringLiteral("/")); // a folder of the drive keeps it in use
+    QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
     const QString device = partition ? partition->device.absoluteFilePath() : QString();
     const QByteArray mountedVolume = readFatVolume(device).identity;
     MountedUSBDeviceList::dismountUSB();

@@ -148,7 +148,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
     // it loads the fonts; the platform that has nothing else needs no display
     qputenv("QT_QPA_PLATFORM", "minimal:enable_fonts");
     // it also looks for settings among what belongs to a login; without one it would complain, and
-    // leave a folder in /tmp
+    // leave a directory in /tmp
     const QTemporaryDir instead;
     const bool isLoggedIn = qEnvironmentVariableIsSet("XDG_RUNTIME_DIR");
     if (!isLoggedIn) {
@@ -231,7 +231,7 @@ int main(int argc, char *argv[])
 
     if (const int i = firstUnusableArgument(argc, argv)) {
         Console console;
-        console.printError(QStringLiteral("%1 is not valid UTF-8. A file or folder of this name "
+        console.printError(QStringLiteral("%1 is not valid UTF-8. A file or directory of this name "
                                           "can be used once it is renamed.")
                                .arg(quoted(QByteArray(argv[i]))));
         return ExitUsage;

@@ -31,7 +31,7 @@ QString foldedName(const QString &path)
     return path.normalized(QString::NormalizationForm_C).toCaseFolded();
 }
 
-bool isFolder(const QByteArray &path)
+bool isDirectory(const QByteArray &path)
 {
     struct stat status
     {
@@ -88,11 +88,11 @@ CopyCheck checkCopy(const ExportJob &job, const QString &root)
         check.wholeBytes += copy.status.st_size;
     }
     for (const QString &directory : job.survey.directories) {
-        // the controller goes on without a folder that it could not create, if no file needs it
+        // the controller goes on without a directory that it could not create, if no file needs it
         const QByteArray target = QFile::encodeName(root + QLatin1Char('/') + directory);
-        if (!check.fault && !isFolder(target) && ::mkdir(target.constData(), 0777) != 0) {
+        if (!check.fault && !isDirectory(target) && ::mkdir(target.constData(), 0777) != 0) {
             fail(job.source + directory,
-                 QStringLiteral("the folder cannot be created in the destination (%1)")
+                 QStringLiteral("the directory cannot be created in the destination (%1)")
                      .arg(systemText(errno)));
         }
     }

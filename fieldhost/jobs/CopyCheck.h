@@ -6,7 +6,7 @@
 
 namespace Tavro::FieldHost {
 
-/** The first file or folder that a copy lacks. */
+/** The first file or directory that a copy lacks. */
 struct CopyFault
 {
     QString source;
@@ -22,9 +22,9 @@ struct CopyCheck
 };
 
 /**
- * Looks for every folder and file of @p job's survey at @p root: folders must exist, files have
- * the size that their source has now. A file that is shorter or longer is removed, so that nobody
- * takes it for the source's equal.
+ * Looks for every directory and file of @p job's survey at @p root: directories must exist, files
+ * have the size that their source has now. A file that is shorter or longer is removed, so that
+ * nobody takes it for the source's equal.
  *
  * The controller's result tells what failed. This finds what did not fail and is missing all the
  * same: what the source lost or changed since it was looked through, and what has a name that the

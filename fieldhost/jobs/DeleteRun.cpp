@@ -17,7 +17,7 @@ using Shared::CFileDeleteController;
 
 namespace {
 
-// what is left of a folder, and why; empty when nothing is
+// what is left of a directory, and why; empty when nothing is
 QString failure(const Shared::CFileOperationResult &result)
 {
     QStringList lines;
@@ -26,12 +26,12 @@ QString failure(const Shared::CFileOperationResult &result)
                                result.systemError));
     }
     QStringList unreadable;
-    for (const QString &folder : result.unreadableDirectories) {
-        unreadable.append(
-            withCause(QStringLiteral("The folder %1 cannot be read as a whole").arg(quoted(folder)),
-                      result.path.isEmpty() ? result.systemError : 0));
+    for (const QString &directory : result.unreadableDirectories) {
+        unreadable.append(withCause(
+            QStringLiteral("The directory %1 cannot be read as a whole").arg(quoted(directory)),
+            result.path.isEmpty() ? result.systemError : 0));
     }
-    lines += listed(unreadable, "more folder");
+    lines += listed(unreadable, "more directory");
     if (lines.isEmpty() && !result.isWhole()) {
         lines.append(QStringLiteral("The deletion did not come to its end."));
     }
@@ -44,10 +44,10 @@ QString deleteFile(const QString &path)
     if (::unlink(QFile::encodeName(path).constData()) != 0) {
         return withCause(QStringLiteral("%1 cannot be deleted").arg(quoted(path)), errno);
     }
-    const QByteArray folder = QFile::encodeName(parentOf(absolutePath(path)));
-    const int fd = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const QByteArray directory = QFile::encodeName(parentOf(absolutePath(path)));
+    const int fd = ::open(directory.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0) {
-        ::sync(); // a folder that may be written to and not read
+        ::sync(); // a directory that may be written to and not read
         return {};
     }
     const int error = ::fsync(fd) == 0 ? 0 : errno;

@@ -16,7 +16,7 @@ struct DeleteResult
     bool isAborted = false; // the user ended it before all were deleted
 };
 
-/** Deletes folders, files and links one after the other. */
+/** Deletes directories, files and links one after the other. */
 class DeleteRun : public QObject
 {
     Q_OBJECT
@@ -26,12 +26,12 @@ public:
 
     /** Begins; finished() follows through the event loop. */
     void start();
-    /** Ends it behind the folder that is being deleted, which goes whole. */
+    /** Ends it behind the directory that is being deleted, which goes whole. */
     void abort();
 
-    /** True while the files of a folder are being deleted, whose progress() is known. */
+    /** True while the files of a directory are being deleted, whose progress() is known. */
     bool hasProgress() const;
-    /** Of the folder that is being deleted, as of now. */
+    /** Of the directory that is being deleted, as of now. */
     const Progress &progress();
     /** Complete with finished(). */
     const DeleteResult &result() const { return m_result; }

@@ -99,7 +99,7 @@ void DriveAccess::end()
         return;
     }
     m_begun = false;
-    QDir::setCurrent(QStringLiteral("/")); // a folder of the drive keeps it in use
+    QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
     if (MountedUSBDeviceList::isUSBMounted()) {
         Q_EMIT reported(QStringLiteral("Unmounting the USB drive, as soon as nobody uses it; "
                                        "Ctrl-C leaves it mounted."));

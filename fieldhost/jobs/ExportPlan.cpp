@@ -1,7 +1,7 @@
 #include "fieldhost/jobs/ExportPlan.h"
 
 #include "fieldhost/jobs/Paths.h"
-#include "fieldhost/jobs/StagingFolder.h"
+#include "fieldhost/jobs/StagingDirectory.h"
 #include "fieldhost/jobs/Text.h"
 
 #include <QDir>
@@ -21,7 +21,7 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-// what a folder for the copy inside an existing one adds to the length of a path at most
+// what a directory for the copy inside an existing one adds to the length of a path at most
 constexpr int s_stagingLength = 32;
 
 // "dir/", "." and "..": the user means what is inside
@@ -61,7 +61,7 @@ private:
     bool checkDestination();
     bool checkOverlap(const ExportJob &job);
     bool surveySource(ExportJob &job);
-    bool hold(const QString &folder, std::shared_ptr<const HeldFolder> &held);
+    bool hold(const QString &directory, std::shared_ptr<const HeldDirectory> &held);
     bool checkLandings();
     bool checkMerge(ExportJob &job);
     bool checkPathLengths(const ExportJob &job);
@@ -126,15 +126,15 @@ bool Planner::addSource(const QString &typed)
                 ? QStringLiteral("The source %1 is a link that leads nowhere.").arg(quoted(typed))
                 : QStringLiteral("The source %1 does not exist.").arg(quoted(typed)));
     }
-    job.isFolder = info.isDir();
+    job.isDirectory = info.isDir();
     const bool contents = meansContents(typed);
-    if (contents && !job.isFolder) {
+    if (contents && !job.isDirectory) {
         return refuse(Refusal::Source,
-                      QStringLiteral("The source %1 is not a folder.").arg(quoted(typed)));
+                      QStringLiteral("The source %1 is not a directory.").arg(quoted(typed)));
     }
     const QString name = job.source.mid(job.source.lastIndexOf(QLatin1Char('/')) + 1);
     job.landing = contents || name.isEmpty() ? m_plan.destination : below(m_plan.destination, name);
-    if (job.isFolder) {
+    if (job.isDirectory) {
         job.source = below(job.source, QString());
     }
     m_plan.jobs.push_back(std::move(job));
@@ -159,7 +159,7 @@ bool Planner::checkOverlap(const ExportJob &job)
         return refuse(Refusal::Destination,
                       QStringLiteral("%1 would be copied onto itself.").arg(quoted(source)));
     }
-    if (job.isFolder && isSameOrBelow(landing, source)) {
+    if (job.isDirectory && isSameOrBelow(landing, source)) {
         return refuse(Refusal::Destination,
                       QStringLiteral("The destination %1 lies inside the source %2, so the copy "
                                      "would hold itself.")
@@ -181,7 +181,7 @@ bool Planner::checkDestination()
     if (info.exists() && !info.isDir()) {
         return refuse(
             Refusal::Destination,
-            QStringLiteral("The destination %1 is not a folder.").arg(quoted(destination)));
+            QStringLiteral("The destination %1 is not a directory.").arg(quoted(destination)));
     }
     const QString existing = nearestExisting(destination);
     const QFileInfo existingInfo(existing);
@@ -193,7 +193,7 @@ bool Planner::checkDestination()
     }
     if (!existingInfo.isDir()) {
         return refuse(Refusal::Destination,
-                      QStringLiteral("The destination %1 cannot be created: %2 is not a folder.")
+                      QStringLiteral("The destination %1 cannot be created: %2 is not a directory.")
                           .arg(quoted(destination), quoted(existing)));
     }
     if (::faccessat(AT_FDCWD, QFile::encodeName(existing).constData(), W_OK | X_OK, AT_EACCESS)
@@ -202,13 +202,13 @@ bool Planner::checkDestination()
                       QStringLiteral("Nothing can be written to %1 (%2).")
                           .arg(quoted(existing), systemText(errno)));
     }
-    if (info.exists() && StagingFolder::isFilled(destination) && !m_intoExisting) {
+    if (info.exists() && StagingDirectory::isFilled(destination) && !m_intoExisting) {
         return refuse(
             Refusal::Destination,
             QStringLiteral(
                 "The destination %1 exists and is not empty.\n"
-                "An abort removes the folders of a copy whole, with all that they held, so by "
-                "default the copy goes to a new or empty folder. Name one, or give "
+                "An abort removes the directories of a copy whole, with all that they held, so by "
+                "default the copy goes to a new or empty directory. Name one, or give "
                 "--into-existing: then what is there stays until all of the copy is whole, and "
                 "only files of the same name are replaced.")
                 .arg(quoted(destination)));
@@ -216,13 +216,13 @@ bool Planner::checkDestination()
     return hold(existing, m_plan.held);
 }
 
-bool Planner::hold(const QString &folder, std::shared_ptr<const HeldFolder> &held)
+bool Planner::hold(const QString &directory, std::shared_ptr<const HeldDirectory> &held)
 {
-    held = std::make_shared<HeldFolder>(folder);
+    held = std::make_shared<HeldDirectory>(directory);
     return held->error() == 0
         || refuse(Refusal::Destination,
-                  QStringLiteral("The folder %1 cannot be opened (%2).")
-                      .arg(quoted(folder), systemText(held->error())));
+                  QStringLiteral("The directory %1 cannot be opened (%2).")
+                      .arg(quoted(directory), systemText(held->error())));
 }
 
 bool Planner::checkLandings()
@@ -243,19 +243,20 @@ bool Planner::checkLandings()
         if (!job.landingExists) {
             continue;
         }
-        if (info.exists() && info.isDir() == job.isFolder) {
+        if (info.exists() && info.isDir() == job.isDirectory) {
             // a drive may be mounted there, or a link lead to one
-            if (job.isFolder && !onOneVolume(job.landing, m_plan.destination)
+            if (job.isDirectory && !onOneVolume(job.landing, m_plan.destination)
                 && !hold(job.landing, job.held)) {
                 return false;
             }
             continue;
         }
         return refuse(Refusal::Destination,
-                      (job.isFolder ? QStringLiteral("The folder %1 cannot be copied to %2, which "
-                                                     "is not a folder.")
-                                    : QStringLiteral("The file %1 cannot be copied to %2, which "
-                                                     "is not a file."))
+                      (job.isDirectory
+                           ? QStringLiteral("The directory %1 cannot be copied to %2, which "
+                                            "is not a directory.")
+                           : QStringLiteral("The file %1 cannot be copied to %2, which "
+                                            "is not a file."))
                           .arg(quoted(job.source), quoted(job.landing)));
     }
     return true;
@@ -263,7 +264,7 @@ bool Planner::checkLandings()
 
 bool Planner::surveySource(ExportJob &job)
 {
-    job.survey = job.isFolder ? surveyDirectory(job.source, m_canceled) : surveyFile(job.source);
+    job.survey = job.isDirectory ? surveyDirectory(job.source, m_canceled) : surveyFile(job.source);
     if (job.survey.canceled) {
         m_plan.refusal = Refusal::Canceled;
         return false;
@@ -290,13 +291,13 @@ bool Planner::checkMerge(ExportJob &job)
         const QString target = below(job.landing, directory);
         if (existsOrIsLink(target) && !QFileInfo(target).isDir()) {
             return refuse(Refusal::Destination,
-                          QStringLiteral("The folder %1 cannot take the place of %2, which is "
-                                         "not a folder.")
+                          QStringLiteral("The directory %1 cannot take the place of %2, which is "
+                                         "not a directory.")
                               .arg(quoted(job.source + directory), quoted(target)));
         }
         if (QFileInfo(target).isDir() && !onOneVolume(target, job.landing)) {
             return refuse(Refusal::Destination,
-                          QStringLiteral("The folder %1 is on another volume than %2, so a copy "
+                          QStringLiteral("The directory %1 is on another volume than %2, so a copy "
                                          "cannot be moved to it. Export to it alone.")
                               .arg(quoted(target), quoted(job.landing)));
         }
@@ -309,7 +310,7 @@ bool Planner::checkMerge(ExportJob &job)
         if (QFileInfo(target).isDir()) {
             return refuse(Refusal::Destination,
                           QStringLiteral("The file %1 cannot take the place of %2, which is a "
-                                         "folder.")
+                                         "directory.")
                               .arg(quoted(job.source + file.path), quoted(target)));
         }
         ++job.replacedFiles;
@@ -360,20 +361,21 @@ bool Planner::checkCollisions()
         }
     }
     for (const ExportJob &job : m_plan.jobs) {
-        QStringList folders;
-        if (job.isFolder) {
-            folders.append(job.landing);
+        QStringList directories;
+        if (job.isDirectory) {
+            directories.append(job.landing);
         }
         for (const QString &directory : qAsConst(job.survey.directories)) {
-            folders.append(below(job.landing, directory));
+            directories.append(below(job.landing, directory));
         }
-        for (const QString &folder : qAsConst(folders)) {
-            if (fileSources.contains(folder)) {
-                return refuse(Refusal::Destination,
-                              QStringLiteral("The file %1 and a folder of %2 would both be copied "
-                                             "to %3.")
-                                  .arg(quoted(fileSources.value(folder)), quoted(job.source),
-                                       quoted(folder)));
+        for (const QString &directory : qAsConst(directories)) {
+            if (fileSources.contains(directory)) {
+                return refuse(
+                    Refusal::Destination,
+                    QStringLiteral("The file %1 and a directory of %2 would both be copied "
+                                   "to %3.")
+                        .arg(quoted(fileSources.value(directory)), quoted(job.source),
+                             quoted(directory)));
             }
         }
     }
@@ -415,7 +417,7 @@ ExportPlan planExport(const QStringList &sources, const QString &destination, bo
 
 QString targetPath(const ExportJob &job, const SurveyedFile &file, const QString &root)
 {
-    return job.isFolder ? below(root, file.path) : root;
+    return job.isDirectory ? below(root, file.path) : root;
 }
 
 } // namespace Tavro::FieldHost

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fieldhost/jobs/HeldFolder.h"
+#include "fieldhost/jobs/HeldDirectory.h"
 #include "fieldhost/jobs/SourceSurvey.h"
 
 #include <QString>
@@ -15,11 +15,11 @@ namespace Tavro::FieldHost {
 /** One SOURCE of the command line and where it goes. */
 struct ExportJob
 {
-    QString source; // absolute; a folder's ends in "/"
-    bool isFolder = false;
+    QString source; // absolute; a directory's ends in "/"
+    bool isDirectory = false;
     QString landing; // absolute, without "/" at its end: where the copy is to be found
     bool landingExists = false;
-    std::shared_ptr<const HeldFolder> held; // the landing, or what it is or will be below
+    std::shared_ptr<const HeldDirectory> held; // the landing, or what it is or will be below
     SourceSurvey survey;
     int replacedFiles = 0; // files at the destination that the copy replaces
 };
@@ -37,7 +37,7 @@ enum class Refusal {
 struct ExportPlan
 {
     QString destination; // absolute
-    std::shared_ptr<const HeldFolder> held; // it, or as much of it as exists
+    std::shared_ptr<const HeldDirectory> held; // it, or as much of it as exists
     std::vector<ExportJob> jobs;
     qint64 files = 0;
     qint64 bytes = 0;

@@ -17,18 +17,18 @@ ExportRun::ExportRun(ExportPlan plan, bool verify, QObject *parent)
     , m_plan(std::move(plan))
     , m_verify(verify)
 {
-    Step folders;
+    Step directories;
     std::vector<Step> files;
     for (const ExportJob &job : m_plan.jobs) {
         m_tasks.push_back(std::unique_ptr<Task>(new Task{job, StagedCopy(job)}));
-        if (job.isFolder) {
-            folders.push_back(m_tasks.back().get());
+        if (job.isDirectory) {
+            directories.push_back(m_tasks.back().get());
         } else {
             files.push_back({m_tasks.back().get()});
         }
     }
-    if (!folders.empty()) {
-        m_steps.push_back(folders);
+    if (!directories.empty()) {
+        m_steps.push_back(directories);
     }
     m_steps.insert(m_steps.end(), files.begin(), files.end());
 
@@ -71,13 +71,13 @@ void ExportRun::clearRemains()
 {
     QStringList places{m_plan.held->reach(m_plan.destination)};
     for (const auto &task : m_tasks) {
-        if (task->job.isFolder && task->job.landingExists) {
+        if (task->job.isDirectory && task->job.landingExists) {
             places.append(task->copy.landing());
         }
     }
     places.removeDuplicates();
     for (const QString &place : qAsConst(places)) {
-        const QStringList staying = StagingFolder::discardAbandoned(place);
+        const QStringList staying = StagingDirectory::discardAbandoned(place);
         for (const QString &path : staying) {
             Q_EMIT warned(
                 QStringLiteral("Warning: an earlier export did not come to its end, and has left "
@@ -90,7 +90,7 @@ void ExportRun::clearRemains()
 void ExportRun::beginStep()
 {
     const Step &step = m_steps.at(m_step);
-    if (!step.front()->job.isFolder) {
+    if (!step.front()->job.isDirectory) {
         m_controller.copyDatabaseFile(step.front()->job.source, step.front()->copy.root());
     } else {
         QStringList sources;
@@ -218,12 +218,12 @@ QString ExportRun::failure() const
                          result.systemError);
     }
     QStringList sentences;
-    for (const QString &folder : result.unreadableDirectories) {
-        sentences.append(withCause(
-            QStringLiteral("The folder %1 cannot be read as a whole").arg(quoted(shown(folder))),
-            result.systemError));
+    for (const QString &directory : result.unreadableDirectories) {
+        sentences.append(withCause(QStringLiteral("The directory %1 cannot be read as a whole")
+                                       .arg(quoted(shown(directory))),
+                                   result.systemError));
     }
-    return listed(sentences, "more folder").join(QLatin1Char('\n'));
+    return listed(sentences, "more directory").join(QLatin1Char('\n'));
 }
 
 void ExportRun::settle()
@@ -348,9 +348,10 @@ void ExportRun::failWithoutDrive()
 {
     QStringList &problems = m_result.problems;
     discard(false); // on the drive, as far as it can still be reached
-    problems.append(QStringLiteral("Failed: the drive was taken away, or the folder moved: %1 is "
-                                   "not what it was when the copy began.")
-                        .arg(quoted(m_plan.destination)));
+    problems.append(
+        QStringLiteral("Failed: the drive was taken away, or the directory moved: %1 is "
+                       "not what it was when the copy began.")
+            .arg(quoted(m_plan.destination)));
     problems.append(QStringLiteral("Nothing was written anywhere else. What the drive holds of "
                                    "the copy is not whole."));
     finish(ExportResult::End::Failed);
@@ -366,7 +367,7 @@ void ExportRun::finish(ExportResult::End end)
 QStringList ExportRun::discard(bool stagedOnly)
 {
     QStringList removed;
-    // the last first: folders made for one copy may hold those of the next
+    // the last first: directories made for one copy may hold those of the next
     for (auto task = m_tasks.rbegin(); task != m_tasks.rend(); ++task) {
         StagedCopy &copy = (*task)->copy;
         if (stagedOnly && !copy.isStaged()) {
@@ -386,7 +387,7 @@ bool ExportRun::anyStaged() const
                        [](const auto &task) { return task->copy.isStaged(); });
 }
 
-// paths of the destination go by way of a held folder
+// paths of the destination go by way of a held directory
 QString ExportRun::shown(const QString &path) const
 {
     for (const auto &task : m_tasks) {

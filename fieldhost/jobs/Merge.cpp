@@ -20,7 +20,7 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-constexpr int s_batch = 64; // files of one folder that share the flushes; each is kept open
+constexpr int s_batch = 64; // files of one directory that share the flushes; each is kept open
 
 constexpr long s_xfsMagic = 0x58465342;
 
@@ -49,10 +49,10 @@ private:
     int m_fd;
 };
 
-int flushFolder(const QString &path)
+int flushDirectory(const QString &path)
 {
-    const Descriptor folder(path, O_RDONLY | O_DIRECTORY);
-    return folder.get() >= 0 && ::fsync(folder.get()) == 0 ? 0 : errno;
+    const Descriptor directory(path, O_RDONLY | O_DIRECTORY);
+    return directory.get() >= 0 && ::fsync(directory.get()) == 0 ? 0 : errno;
 }
 
 int rename(const QString &from, const QString &to)
@@ -64,9 +64,9 @@ int rename(const QString &from, const QString &to)
 
 } // namespace
 
-int flushVolume(const QString &folder)
+int flushVolume(const QString &directory)
 {
-    const Descriptor descriptor(folder, O_RDONLY | O_DIRECTORY);
+    const Descriptor descriptor(directory, O_RDONLY | O_DIRECTORY);
     // FAT writes all with syncfs(), and has the drive empty its cache with fsync() only
     return descriptor.get() >= 0 && ::syncfs(descriptor.get()) == 0
             && ::fsync(descriptor.get()) == 0
@@ -87,9 +87,9 @@ bool Merge::run()
     struct statfs system
     {
     };
-    const QString folder = m_job.isFolder ? m_place : parentOf(m_place);
-    if (::statfs(QFile::encodeName(folder).constData(), &system) != 0) {
-        return fail(folder, errno);
+    const QString directory = m_job.isDirectory ? m_place : parentOf(m_place);
+    if (::statfs(QFile::encodeName(directory).constData(), &system) != 0) {
+        return fail(directory, errno);
     }
     switch (static_cast<long>(system.f_type)) {
     case EXT4_SUPER_MAGIC: // and ext2, ext3
@@ -107,7 +107,7 @@ bool Merge::run()
         m_renaming = Renaming::ByAnotherName;
     }
 
-    if (!createFolders()) {
+    if (!createDirectories()) {
         return false;
     }
     const auto &files = m_job.survey.files;
@@ -127,12 +127,12 @@ bool Merge::run()
     return true;
 }
 
-bool Merge::createFolders()
+bool Merge::createDirectories()
 {
     for (const QString &directory : qAsConst(m_job.survey.directories)) {
-        const QString folder = below(m_place, directory);
-        if (::mkdir(QFile::encodeName(folder).constData(), 0777) != 0 && errno != EEXIST) {
-            return fail(folder, errno);
+        const QString path = below(m_place, directory);
+        if (::mkdir(QFile::encodeName(path).constData(), 0777) != 0 && errno != EEXIST) {
+            return fail(path, errno);
         }
     }
     return flush();
@@ -166,10 +166,10 @@ bool Merge::placeFiles(int first, int end)
     }
     // Where both entries can be on the device for a time, a check of the volume would cut one of
     // them off; where the old file can be gone before its name is, it would remove the name.
-    const QString folder =
+    const QString directory =
         parentOf(at(m_renaming == Renaming::InPlace ? m_copy : m_place, files.at(first).path));
-    if (const int error = flushFolder(folder)) {
-        return fail(folder, error);
+    if (const int error = flushDirectory(directory)) {
+        return fail(directory, error);
     }
     if (!flush()) {
         return false;
@@ -201,9 +201,9 @@ bool Merge::setAside(const QString &file)
 
 bool Merge::flush()
 {
-    const QString folder = m_job.isFolder ? m_place : parentOf(m_place);
-    const int error = flushVolume(folder);
-    return error == 0 || fail(folder, error);
+    const QString directory = m_job.isDirectory ? m_place : parentOf(m_place);
+    const int error = flushVolume(directory);
+    return error == 0 || fail(directory, error);
 }
 
 bool Merge::fail(const QString &path, int error)
@@ -233,7 +233,7 @@ QString Merge::error() const
 // all files have the same root, but for a single one
 QString Merge::at(const QString &root, const QString &file) const
 {
-    if (m_job.isFolder) {
+    if (m_job.isDirectory) {
         return below(root, file);
     }
     return root == m_backups ? below(root, m_place.mid(m_place.lastIndexOf(QLatin1Char('/')) + 1))

@@ -7,8 +7,8 @@
 
 namespace Tavro::FieldHost {
 
-/** Waits until what is in the file system of @p folder is on the device; returns an errno. */
-int flushVolume(const QString &folder);
+/** Waits until what is in the file system of @p directory is on the device; returns an errno. */
+int flushVolume(const QString &directory);
 
 /**
  * Moves a whole copy to its place, by the list of what was copied, so that a power cut leaves
@@ -41,7 +41,7 @@ public:
 private:
     enum class Renaming { Atomic, InPlace, ByAnotherName };
 
-    bool createFolders();
+    bool createDirectories();
     bool placeFiles(int first, int end);
     bool setAside(const QString &file);
     bool fail(const QString &path, int error);

@@ -19,9 +19,10 @@ QString parentOf(const QString &path)
     return slash > 0 ? path.left(slash) : QStringLiteral("/");
 }
 
-QString below(const QString &folder, const QString &name)
+QString below(const QString &directory, const QString &name)
 {
-    return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
+    return directory.endsWith(QLatin1Char('/')) ? directory + name
+                                                : directory + QLatin1Char('/') + name;
 }
 
 bool existsOrIsLink(const QString &path)
@@ -45,9 +46,9 @@ QString absolutePath(const QString &typed)
     return resolved.isEmpty() ? QDir::cleanPath(path) : resolved;
 }
 
-bool isSameOrBelow(const QString &path, const QString &folder)
+bool isSameOrBelow(const QString &path, const QString &directory)
 {
-    return path == folder || path.startsWith(below(folder, QString()));
+    return path == directory || path.startsWith(below(directory, QString()));
 }
 
 QString nearestExisting(QString path)
@@ -58,7 +59,7 @@ QString nearestExisting(QString path)
     return path;
 }
 
-int openFolder(const QString &path)
+int openDirectory(const QString &path)
 {
     return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
 }

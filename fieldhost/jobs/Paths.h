@@ -8,11 +8,11 @@
 
 namespace Tavro::FieldHost {
 
-/** The folder that an absolute, clean path lies in; "/" for that itself. */
+/** The directory that an absolute, clean path lies in; "/" for that itself. */
 QString parentOf(const QString &path);
 
-/** @p name in @p folder, which may end in "/". */
-QString below(const QString &folder, const QString &name);
+/** @p name in @p directory, which may end in "/". */
+QString below(const QString &directory, const QString &name);
 
 /** Whether there is anything of that name, a link that leads nowhere included. */
 bool existsOrIsLink(const QString &path);
@@ -20,19 +20,20 @@ bool existsOrIsLink(const QString &path);
 /** A path as typed, made absolute and clean. */
 QString absolutePath(const QString &typed);
 
-/** Whether a path is a folder's own or lies below it; both absolute and clean. */
-bool isSameOrBelow(const QString &path, const QString &folder);
+/** Whether a path is a directory's own or lies below it; both absolute and clean. */
+bool isSameOrBelow(const QString &path, const QString &directory);
 
 /** The longest beginning of an absolute path that there is. */
 QString nearestExisting(QString path);
 
-/** A descriptor of the folder @p path for reading; -1, with errno, when there is none to be had. */
-int openFolder(const QString &path);
+/** A descriptor of the directory @p path for reading; -1, with errno, when there is none to be had.
+ */
+int openDirectory(const QString &path);
 
 /**
- * Hands each entry of the folder @p descriptor, but for "." and "..", to @p visit, and closes it.
- * Returns the errno of what kept entries from being listed; 0 when all were. Of -1, as openFolder()
- * has just answered it, none is.
+ * Hands each entry of the directory @p descriptor, but for "." and "..", to @p visit, and closes
+ * it. Returns the errno of what kept entries from being listed; 0 when all were. Of -1, as
+ * openDirectory() has just answered it, none is.
  */
 int visitEntries(int descriptor, const std::function<void(const dirent &entry)> &visit);
 

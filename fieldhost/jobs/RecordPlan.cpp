@@ -11,7 +11,7 @@ QString objectionToPlace(const RecordPlan &plan)
 {
     const QFileInfo clip(plan.clip);
     if (clip.fileName().isEmpty() || clip.isDir()) {
-        return QStringLiteral("%1 is a folder, not a clip.").arg(quoted(plan.clip));
+        return QStringLiteral("%1 is a directory, not a clip.").arg(quoted(plan.clip));
     }
     if (clip.baseName().isEmpty()) {
         return QStringLiteral("%1 has no name before its first dot.").arg(quoted(plan.clip));
@@ -22,15 +22,16 @@ QString objectionToPlace(const RecordPlan &plan)
         return QStringLiteral("%1 is the name of a clip information file, not of a clip.")
             .arg(quoted(plan.clip));
     }
-    const QFileInfo folder(info.path());
-    if (!folder.isDir()) {
-        return QStringLiteral("There is no folder %1.").arg(quoted(folder.filePath()));
+    const QFileInfo directory(info.path());
+    if (!directory.isDir()) {
+        return QStringLiteral("There is no directory %1.").arg(quoted(directory.filePath()));
     }
     if (info.exists() && (!info.isFile() || !info.isReadable() || !info.isWritable())) {
         return QStringLiteral("%1 is there and cannot be continued.").arg(quoted(path));
     }
-    if (!info.exists() && !folder.isWritable()) {
-        return QStringLiteral("The folder %1 cannot be written to.").arg(quoted(folder.filePath()));
+    if (!info.exists() && !directory.isWritable()) {
+        return QStringLiteral("The directory %1 cannot be written to.")
+            .arg(quoted(directory.filePath()));
     }
     return {};
 }

@@ -16,10 +16,10 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-struct Folder
+struct Directory
 {
     QString path; // relative, ends in "/" unless it is the root, which is empty
-    int parent; // index of the folder it was found in, -1 for the root
+    int parent; // index of the directory it was found in, -1 for the root
     dev_t device = 0;
     ino_t inode = 0;
 };
@@ -43,25 +43,25 @@ public:
 
 private:
     void visit(int index);
-    void look(int directoryFd, const QByteArray &name, const QString &folder);
+    void look(int directoryFd, const QByteArray &name, const QString &directory);
     void sortIn(int index);
     bool landsWhereItShould(const QString &path);
     bool leadsBack(int index, const struct stat &status) const;
     void addProblem(const QString &path, const QString &cause);
-    void addProblem(const QString &folder, const QByteArray &name, const QString &cause);
+    void addProblem(const QString &directory, const QByteArray &name, const QString &cause);
 
     const QString m_root;
     const std::function<bool()> &m_canceled;
-    QVector<Folder> m_folders; // first in, first out: the order of the copy
-    std::vector<Entry> m_foundFolders;
+    QVector<Directory> m_directories; // first in, first out: the order of the copy
+    std::vector<Entry> m_foundDirectories;
     std::vector<Entry> m_foundFiles;
     SourceSurvey m_survey;
 };
 
 SourceSurvey Walk::run()
 {
-    m_folders.append({QString(), -1});
-    for (int i = 0; i < m_folders.size(); ++i) {
+    m_directories.append({QString(), -1});
+    for (int i = 0; i < m_directories.size(); ++i) {
         if (m_canceled()) {
             m_survey.canceled = true;
             break;
@@ -73,49 +73,51 @@ SourceSurvey Walk::run()
 
 void Walk::visit(int index)
 {
-    const QString folder = m_folders.at(index).path;
-    const int fd = openFolder(m_root + folder);
+    const QString directory = m_directories.at(index).path;
+    const int fd = openDirectory(m_root + directory);
     struct stat status
     {
     };
     if (fd < 0 || ::fstat(fd, &status) != 0) {
-        addProblem(folder, QStringLiteral("the folder cannot be read (%1)").arg(systemText(errno)));
+        addProblem(directory,
+                   QStringLiteral("the directory cannot be read (%1)").arg(systemText(errno)));
         ::close(fd);
         return;
     }
-    m_folders[index].device = status.st_dev;
-    m_folders[index].inode = status.st_ino;
-    if (leadsBack(m_folders.at(index).parent, status)) {
-        addProblem(folder,
-                   QStringLiteral("the link leads back to a folder that holds it, "
+    m_directories[index].device = status.st_dev;
+    m_directories[index].inode = status.st_ino;
+    if (leadsBack(m_directories.at(index).parent, status)) {
+        addProblem(directory,
+                   QStringLiteral("the link leads back to a directory that holds it, "
                                   "so the copy would never end"));
         ::close(fd);
         return;
     }
 
-    m_foundFolders.clear();
+    m_foundDirectories.clear();
     m_foundFiles.clear();
     const int error = visitEntries(fd, [&](const dirent &entry) {
         if (entry.d_name[0] == '.') {
             ++m_survey.hiddenEntries;
         } else {
-            look(fd, entry.d_name, folder);
+            look(fd, entry.d_name, directory);
         }
     });
     if (error != 0) {
-        addProblem(folder, QStringLiteral("the folder cannot be read (%1)").arg(systemText(error)));
+        addProblem(directory,
+                   QStringLiteral("the directory cannot be read (%1)").arg(systemText(error)));
     }
     sortIn(index);
 }
 
-void Walk::look(int directoryFd, const QByteArray &name, const QString &folder)
+void Walk::look(int directoryFd, const QByteArray &name, const QString &directory)
 {
     struct stat own
     {
     };
     if (::fstatat(directoryFd, name.constData(), &own, AT_SYMLINK_NOFOLLOW) != 0) {
         if (errno != ENOENT) { // else removed since it was listed
-            addProblem(folder, name, systemText(errno));
+            addProblem(directory, name, systemText(errno));
         }
         return;
     }
@@ -126,10 +128,10 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &folder)
         return;
     }
     const bool isFile = S_ISREG(status.st_mode);
-    const bool isFolder = S_ISDIR(status.st_mode);
-    if (!isFile && !isFolder) {
+    const bool isDirectory = S_ISDIR(status.st_mode);
+    if (!isFile && !isDirectory) {
         if (isLink) {
-            addProblem(folder, name,
+            addProblem(directory, name,
                        QStringLiteral("the link leads to a pipe, a socket or a device"));
         } else {
             ++m_survey.specialEntries;
@@ -138,16 +140,16 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &folder)
     }
     const QString text = nameFromBytes(name);
     if (text.isNull()) {
-        addProblem(folder, name,
+        addProblem(directory, name,
                    QStringLiteral("the name is not valid UTF-8; it can be copied once renamed"));
         return;
     }
-    if (isFolder) {
-        m_foundFolders.push_back({text, status});
+    if (isDirectory) {
+        m_foundDirectories.push_back({text, status});
         return;
     }
     if (::faccessat(directoryFd, name.constData(), R_OK, AT_EACCESS) != 0) {
-        addProblem(folder + text,
+        addProblem(directory + text,
                    QStringLiteral("the file cannot be read (%1)").arg(systemText(errno)));
         return;
     }
@@ -160,18 +162,18 @@ void Walk::sortIn(int index)
     const auto byName = [](const Entry &a, const Entry &b) {
         return a.name.toLower() < b.name.toLower();
     };
-    std::stable_sort(m_foundFolders.begin(), m_foundFolders.end(), byName);
+    std::stable_sort(m_foundDirectories.begin(), m_foundDirectories.end(), byName);
     std::stable_sort(m_foundFiles.begin(), m_foundFiles.end(), byName);
-    const QString folder = m_folders.at(index).path;
-    for (const Entry &entry : m_foundFolders) {
-        const QString path = folder + entry.name;
+    const QString directory = m_directories.at(index).path;
+    for (const Entry &entry : m_foundDirectories) {
+        const QString path = directory + entry.name;
         if (landsWhereItShould(path)) {
             m_survey.directories.append(path);
-            m_folders.append({path + QLatin1Char('/'), index});
+            m_directories.append({path + QLatin1Char('/'), index});
         }
     }
     for (const Entry &entry : m_foundFiles) {
-        const QString path = folder + entry.name;
+        const QString path = directory + entry.name;
         if (landsWhereItShould(path)) {
             m_survey.files.append({path, entry.status.st_size});
             m_survey.bytes += entry.status.st_size;
@@ -194,8 +196,9 @@ bool Walk::landsWhereItShould(const QString &path)
 
 bool Walk::leadsBack(int index, const struct stat &status) const
 {
-    for (int i = index; i >= 0; i = m_folders.at(i).parent) {
-        if (m_folders.at(i).inode == status.st_ino && m_folders.at(i).device == status.st_dev) {
+    for (int i = index; i >= 0; i = m_directories.at(i).parent) {
+        if (m_directories.at(i).inode == status.st_ino
+            && m_directories.at(i).device == status.st_dev) {
             return true;
         }
     }
@@ -211,9 +214,9 @@ void Walk::addProblem(const QString &path, const QString &cause)
     m_survey.problems.append({quoted(shown), cause});
 }
 
-void Walk::addProblem(const QString &folder, const QByteArray &name, const QString &cause)
+void Walk::addProblem(const QString &directory, const QByteArray &name, const QString &cause)
 {
-    m_survey.problems.append({quoted((m_root + folder).toUtf8() + name), cause});
+    m_survey.problems.append({quoted((m_root + directory).toUtf8() + name), cause});
 }
 
 } // namespace
@@ -234,7 +237,7 @@ SourceSurvey surveyFile(const QString &path)
         survey.problems.append({quoted(path), systemText(errno)});
     } else if (!S_ISREG(status.st_mode)) {
         survey.problems.append(
-            {quoted(path), QStringLiteral("neither a folder nor a regular file")});
+            {quoted(path), QStringLiteral("neither a directory nor a regular file")});
     } else if (::faccessat(AT_FDCWD, name.constData(), R_OK, AT_EACCESS) != 0) {
         survey.problems.append(
             {quoted(path), QStringLiteral("the file cannot be read (%1)").arg(systemText(errno))});

@@ -28,7 +28,7 @@ struct SourceSurvey
     QStringList directories; // relative, parents first
     QVector<SurveyedFile> files; // in the order in which they are copied
     qint64 bytes = 0;
-    int hiddenEntries = 0; // a hidden folder counts as one
+    int hiddenEntries = 0; // a hidden directory counts as one
     int brokenLinks = 0;
     int specialEntries = 0; // pipes, sockets, devices
     QVector<SourceProblem> problems;

@@ -27,7 +27,7 @@ bool endsInBlank(const QString &path)
 StagedCopy::StagedCopy(const ExportJob &job)
     : m_job(job)
     , m_landing(job.held->reach(job.landing))
-    , m_place(job.isFolder ? m_landing : job.held->reach(parentOf(job.landing)))
+    , m_place(job.isDirectory ? m_landing : job.held->reach(parentOf(job.landing)))
     , m_root(m_landing)
 {
 }
@@ -36,36 +36,36 @@ StagedCopy::~StagedCopy() = default;
 
 bool StagedCopy::prepare()
 {
-    const bool blankFile = !m_job.isFolder && endsInBlank(m_job.landing);
-    if (!createFolders(m_place)) {
+    const bool blankFile = !m_job.isDirectory && endsInBlank(m_job.landing);
+    if (!createDirectories(m_place)) {
         return false;
     }
     if (!m_job.landingExists && !blankFile) {
         return true;
     }
     int error = 0;
-    m_staging = StagingFolder::create(m_place, error);
+    m_staging = StagingDirectory::create(m_place, error);
     if (!m_staging) {
-        return fail(QStringLiteral("A folder for the copy cannot be created in %1: %2.")
+        return fail(QStringLiteral("A directory for the copy cannot be created in %1: %2.")
                         .arg(quoted(m_job.held->shown(m_place)), systemText(error)));
     }
     m_root = m_staging->rootFor(m_job.landing.mid(m_job.landing.lastIndexOf(QLatin1Char('/')) + 1),
-                                m_job.isFolder);
-    return createFolders(m_job.isFolder ? m_root : parentOf(m_root));
+                                m_job.isDirectory);
+    return createDirectories(m_job.isDirectory ? m_root : parentOf(m_root));
 }
 
-bool StagedCopy::createFolders(const QString &path)
+bool StagedCopy::createDirectories(const QString &path)
 {
     QStringList missing;
-    for (QString folder = path; !existsOrIsLink(folder); folder = parentOf(folder)) {
-        missing.prepend(folder);
+    for (QString directory = path; !existsOrIsLink(directory); directory = parentOf(directory)) {
+        missing.prepend(directory);
     }
-    for (const QString &folder : qAsConst(missing)) {
-        if (::mkdir(QFile::encodeName(folder).constData(), 0777) != 0) {
-            return fail(QStringLiteral("The folder %1 cannot be created: %2.")
-                            .arg(quoted(m_job.held->shown(folder)), systemText(errno)));
+    for (const QString &directory : qAsConst(missing)) {
+        if (::mkdir(QFile::encodeName(directory).constData(), 0777) != 0) {
+            return fail(QStringLiteral("The directory %1 cannot be created: %2.")
+                            .arg(quoted(m_job.held->shown(directory)), systemText(errno)));
         }
-        m_created.append(folder);
+        m_created.append(directory);
     }
     return true;
 }
@@ -73,7 +73,7 @@ bool StagedCopy::createFolders(const QString &path)
 bool StagedCopy::settle()
 {
     if (m_staging) {
-        // the last of the folders and empty files
+        // the last of the directories and empty files
         if (!m_staging->beginMerge() || flushVolume(m_place) != 0) {
             return fail(QStringLiteral("The copy cannot be moved to its place: %1: %2.")
                             .arg(quoted(m_job.held->shown(m_place)), systemText(errno)));
@@ -111,7 +111,7 @@ QStringList StagedCopy::discard()
         m_staging.reset();
     } else if (!m_job.landingExists && !m_isMerged) {
         removed.append(m_job.landing);
-        if (m_job.isFolder) {
+        if (m_job.isDirectory) {
             QDir(m_landing).removeRecursively();
         } else {
             QFile::remove(m_landing);
@@ -121,7 +121,7 @@ QStringList StagedCopy::discard()
             fail(QStringLiteral("%1 could not be removed.").arg(quoted(m_job.landing)));
         }
     }
-    // those below a folder just removed are gone; what holds another job's files stays
+    // those below a directory just removed are gone; what holds another job's files stays
     while (!m_created.isEmpty()) {
         ::rmdir(QFile::encodeName(m_created.takeLast()).constData());
     }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fieldhost/jobs/ExportPlan.h"
-#include "fieldhost/jobs/StagingFolder.h"
+#include "fieldhost/jobs/StagingDirectory.h"
 
 #include <QString>
 #include <QStringList>
@@ -14,10 +14,10 @@ namespace Tavro::FieldHost {
  * The place at the destination where the controller copies one job.
  *
  * Where the copy's landing is new, that is the place. Where something is there already, or the
- * controller would not write to exactly that name, the place is in a new hidden folder beside or
+ * controller would not write to exactly that name, the place is in a new hidden directory beside or
  * below it on the same file system: neither an abort nor a failure can then touch what was there.
  *
- * All of it is reached by way of the job's held folder.
+ * All of it is reached by way of the job's held directory.
  */
 class StagedCopy
 {
@@ -27,9 +27,10 @@ public:
     explicit StagedCopy(const ExportJob &job);
     ~StagedCopy();
 
-    /** Creates the folders that the copy needs. False, with a sentence in error(), if it cannot. */
+    /** Creates the directories that the copy needs. False, with a sentence in error(), if it
+     * cannot. */
     bool prepare();
-    /** Path to hand to the controller; of a folder without "/" at its end. */
+    /** Path to hand to the controller; of a directory without "/" at its end. */
     QString root() const { return m_root; }
     /** Where the copy is to be found in the end. */
     QString landing() const { return m_landing; }
@@ -42,7 +43,7 @@ public:
      */
     bool settle();
     /**
-     * Removes the copy and every folder created for it, but not what has been moved to its
+     * Removes the copy and every directory created for it, but not what has been moved to its
      * landing. Returns what was removed, if anything; a sentence in error() if something stays.
      */
     QStringList discard();
@@ -50,14 +51,14 @@ public:
     QString error() const { return m_error; }
 
 private:
-    bool createFolders(const QString &path);
+    bool createDirectories(const QString &path);
     bool fail(const QString &sentence);
 
     const ExportJob &m_job;
     const QString m_landing;
-    const QString m_place; // the folder that the landing is, or lies in
+    const QString m_place; // the directory that the landing is, or lies in
     QString m_root;
-    std::unique_ptr<StagingFolder> m_staging;
+    std::unique_ptr<StagingDirectory> m_staging;
     bool m_isMerged = false;
     QStringList m_created; // parents first
     QString m_error;

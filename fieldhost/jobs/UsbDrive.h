@@ -16,7 +16,7 @@ bool isOnUsbDrive(const QString &path);
 
 /**
  * The mounted partition that a lock of @p path takes. If isUSBMounted(), asking runs no command;
- * otherwise the drive is mounted for the look.
+ * otherwise the drive is mounted temporarily to inspect it.
  */
 std::optional<Shared::mountItem> partitionOf(const QString &path);
 

@@ -173,10 +173,10 @@ void tst_Clock::wrongCommandLinesSetNothing_data()
         << QStringLiteral("\"1969-12-31\" is before 1970, when the system's time begins.");
     QTest::newRow("a date in another order")
         << words("set-date 21.11.2026")
-        << QStringLiteral("\"21.11.2026\" is no date. One reads as 2026-11-21 does.");
+        << QStringLiteral("\"21.11.2026\" is not a date such as 2026-11-21.");
     QTest::newRow("an hour that is none")
         << words("set-time 24:00")
-        << QStringLiteral("\"24:00\" is no time of day. One reads as 13:05 or 13:05:30 do, "
+        << QStringLiteral("\"24:00\" is not a time of day such as 13:05:30, "
                           "from 00:00 to 23:59:59.");
     QTest::newRow("a word too many")
         << words("show me") << QStringLiteral("\"clock show\" takes no \"me\".");

@@ -36,7 +36,7 @@ void tst_CommandLine::helpListsTheCommands()
         QCOMPARE(outcome.exitCode, int(Done));
         QVERIFY(outcome.output.startsWith(QLatin1String("Usage: ovo-fieldhost COMMAND ...\n")));
         const QString text = outcome.output.simplified();
-        QVERIFY(text.contains(QLatin1String(" export Copies folders and files durably")));
+        QVERIFY(text.contains(QLatin1String(" export Copies directories and files durably")));
         QVERIFY(text.contains(QLatin1String(" locale Shows how a project shows numbers")));
         QVERIFY(text.contains(QLatin1String(" convert Converts a length")));
         QVERIFY(text.contains(QLatin1String(" countries Lists the countries")));
@@ -172,7 +172,7 @@ void tst_CommandLine::anArgumentThatIsNotUtf8IsShownAndRefused()
     QVERIFY(shell.waitForFinished());
     QCOMPARE(shell.exitCode(), int(Usage));
     QCOMPARE(shell.readAllStandardError(),
-             QByteArray("\"b\\xffd\" is not valid UTF-8. A file or folder of this name can be "
+             QByteArray("\"b\\xffd\" is not valid UTF-8. A file or directory of this name can be "
                         "used once it is renamed.\n"));
 }
 

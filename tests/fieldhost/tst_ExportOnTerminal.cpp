@@ -17,9 +17,9 @@ namespace {
 enum Exit { Done = 0, Aborted = 6 };
 
 // the state of a copy held by a Handshake: "data.bin" is written, "later.txt" is still to come
-QString makeSource(const QTemporaryDir &folder)
+QString makeSource(const QTemporaryDir &directory)
 {
-    QString source = folder.filePath(QStringLiteral("source"));
+    QString source = directory.filePath(QStringLiteral("source"));
     makeFile(source + QStringLiteral("/data.bin"), someBytes(100'000));
     makeFile(source + QStringLiteral("/later.txt"));
     return source;

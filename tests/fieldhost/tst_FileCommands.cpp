@@ -38,7 +38,7 @@ private Q_SLOTS:
     void unreadableFileIsNamed();
     void nameIsTheNextThatIsFree();
     void nameOfDateAndTimeNeedsNoPrefix();
-    void nameNeedsAFolder();
+    void nameNeedsADirectory();
     void nameNeedsToKnowTheNamesThatAreTaken_data();
     void nameNeedsToKnowTheNamesThatAreTaken();
     void textIsMadeAName_data();
@@ -160,7 +160,7 @@ void tst_FileCommands::sizeOfNothingIsRefused()
     QCOMPARE(outcome.exitCode, int(SourceRefused));
     QCOMPARE(outcome.output, QStringLiteral("5 B (5 bytes): \"%1\"\n").arg(path("file")));
     QCOMPARE(outcome.errors,
-             QStringLiteral("\"%1\" is neither folder nor file.\n").arg(path("missing")));
+             QStringLiteral("\"%1\" is neither directory nor file.\n").arg(path("missing")));
 }
 
 void tst_FileCommands::sizeTellsWhatItCouldNotLookInto()
@@ -174,8 +174,8 @@ void tst_FileCommands::sizeTellsWhatItCouldNotLookInto()
     program.dropRights();
     program.begin({QStringLiteral("size"), path("tree"), path("tree/closed")});
     const Outcome outcome = program.end();
-    for (const char *folder : {"tree/closed", "tree/unreachable"}) {
-        QVERIFY(QFile::setPermissions(path(folder),
+    for (const char *directory : {"tree/closed", "tree/unreachable"}) {
+        QVERIFY(QFile::setPermissions(path(directory),
                                       QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     }
     if (outcome.exitCode == Program::cannotDropRights) {
@@ -254,20 +254,21 @@ void tst_FileCommands::nameOfDateAndTimeNeedsNoPrefix()
     QVERIFY2(form.match(outcome.output).hasMatch(), qPrintable(outcome.output));
 }
 
-void tst_FileCommands::nameNeedsAFolder()
+void tst_FileCommands::nameNeedsADirectory()
 {
     const Outcome outcome =
         Program::run({QStringLiteral("name"), QStringLiteral("--dir"), path("missing"),
                       QStringLiteral("--ext"), QStringLiteral("jpg")});
     QCOMPARE(outcome.exitCode, int(DestinationRefused));
-    QCOMPARE(outcome.errors, QStringLiteral("\"%1\" is no folder.\n").arg(path("missing")));
+    QCOMPARE(outcome.errors, QStringLiteral("\"%1\" is not a directory.\n").arg(path("missing")));
 }
 
 void tst_FileCommands::nameNeedsToKnowTheNamesThatAreTaken_data()
 {
     QTest::addColumn<int>("rights");
-    QTest::newRow("a folder that may not be read") << int(QFile::ExeOwner | QFile::WriteOwner);
-    QTest::newRow("a folder that may not be entered") << int(QFile::ReadOwner | QFile::WriteOwner);
+    QTest::newRow("a directory that may not be read") << int(QFile::ExeOwner | QFile::WriteOwner);
+    QTest::newRow("a directory that may not be entered")
+        << int(QFile::ReadOwner | QFile::WriteOwner);
 }
 
 void tst_FileCommands::nameNeedsToKnowTheNamesThatAreTaken()

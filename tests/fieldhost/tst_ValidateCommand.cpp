@@ -172,7 +172,8 @@ void tst_ValidateCommand::whatIsNotUnderstoodIsRefused_data()
         "The rule int has no option \"objectName\".");
     row("rule without options", "--rule|notempty:top=1|5", "The rule notempty has no options.");
     row("key without value", "--rule|int:top|5", "The option top lacks its value: top=...");
-    row("no value for the key", "--rule|int:top=x|5", "\"x\" is no value for top of the rule int.");
+    row("no value for the key", "--rule|int:top=x|5",
+        "\"x\" is not a value for top of the rule int.");
     row("pattern that is none", "--rule|regexp:pattern=(|5",
         "The pattern \"(\" cannot be compiled: unexpected end.");
     row("second rule", "--rule|int|--rule|no|5", "There is no rule \"no\".");

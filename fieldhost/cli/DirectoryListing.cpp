@@ -1,4 +1,4 @@
-#include "fieldhost/cli/FolderListing.h"
+#include "fieldhost/cli/DirectoryListing.h"
 
 #include "fieldhost/jobs/Paths.h"
 
@@ -14,11 +14,11 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-// the size of what is no folder; an errno is left when that cannot be told
-qint64 sizeOf(int folder, const char *name)
+// the size of what is no directory; an errno is left when that cannot be told
+qint64 sizeOf(int directory, const char *name)
 {
     struct stat info = {};
-    if (::fstatat(folder, name, &info, AT_SYMLINK_NOFOLLOW) != 0) {
+    if (::fstatat(directory, name, &info, AT_SYMLINK_NOFOLLOW) != 0) {
         errno = errno == ENOENT ? 0 : errno; // gone
         return 0;
     }
@@ -26,7 +26,7 @@ qint64 sizeOf(int folder, const char *name)
     return S_ISREG(info.st_mode) ? info.st_size : 0;
 }
 
-void look(int fd, const QByteArray &path, Depth depth, FolderListing &found)
+void look(int fd, const QByteArray &path, Depth depth, DirectoryListing &found)
 {
     const auto note = [&found, &path](int error) {
         if (error != 0) {
@@ -39,11 +39,11 @@ void look(int fd, const QByteArray &path, Depth depth, FolderListing &found)
         return;
     }
     note(visitEntries(fd, [&](const dirent &entry) {
-        const bool mayBeFolder = entry.d_type == DT_DIR || entry.d_type == DT_UNKNOWN;
-        if (depth == Depth::Tree && mayBeFolder) {
+        const bool mayBeDirectory = entry.d_type == DT_DIR || entry.d_type == DT_UNKNOWN;
+        if (depth == Depth::Tree && mayBeDirectory) {
             const int below =
                 ::openat(fd, entry.d_name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-            // no folder after all, or gone
+            // no directory after all, or gone
             if (below >= 0 || (errno != ENOTDIR && errno != ELOOP && errno != ENOENT)) {
                 look(below, path + '/' + entry.d_name, depth, found);
             }
@@ -55,10 +55,10 @@ void look(int fd, const QByteArray &path, Depth depth, FolderListing &found)
 
 } // namespace
 
-FolderListing listFolder(const QString &folder, Depth depth)
+DirectoryListing listDirectory(const QString &directory, Depth depth)
 {
-    FolderListing found;
-    look(openFolder(folder), QFile::encodeName(folder), depth, found);
+    DirectoryListing found;
+    look(openDirectory(directory), QFile::encodeName(directory), depth, found);
     return found;
 }
 

@@ -1,4 +1,4 @@
-#include "fieldhost/jobs/StagingFolder.h"
+#include "fieldhost/jobs/StagingDirectory.h"
 
 #include "fieldhost/jobs/Paths.h"
 #include "shared/filesystem/CFileSystemHelper.h"
@@ -37,25 +37,26 @@ mode_t typeOf(const QString &path)
     return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & S_IFMT : 0;
 }
 
-// Hands each entry of a folder to visit; false when that does, or when not all could be listed.
-bool forEachEntry(const QString &folder, const std::function<bool(const QString &name)> &visit)
+// Hands each entry of a directory to visit; false when that does, or when not all could be listed.
+bool forEachEntry(const QString &directory, const std::function<bool(const QString &name)> &visit)
 {
     bool isWhole = true;
-    const int error = visitEntries(openFolder(folder), [&](const dirent &entry) {
+    const int error = visitEntries(openDirectory(directory), [&](const dirent &entry) {
         isWhole = visit(QFile::decodeName(entry.d_name)) && isWhole;
     });
     return error == 0 && isWhole;
 }
 
-bool removeFolder(const QString &path)
+bool removeDirectory(const QString &path)
 {
     return ::rmdir(QFile::encodeName(path).constData()) == 0;
 }
 
-bool removeEmptyFolders(const QString &path)
+bool removeEmptyDirectories(const QString &path)
 {
-    forEachEntry(path, [&](const QString &name) { return removeEmptyFolders(below(path, name)); });
-    return removeFolder(path);
+    forEachEntry(path,
+                 [&](const QString &name) { return removeEmptyDirectories(below(path, name)); });
+    return removeDirectory(path);
 }
 
 // On FAT a power cut can leave a file with both of its names, of which removing one frees the data
@@ -67,7 +68,7 @@ bool mayBeOneFile(const QString &a, const QString &b)
     return !ok || isEqual;
 }
 
-/** How the files of a staging folder are cleared. */
+/** How the files of a staging directory are cleared. */
 struct Clearing
 {
     bool putsBack; // those whose place is empty
@@ -88,41 +89,41 @@ bool clearFile(const QString &file, const QString &place, Clearing how)
     return isSafe && ::unlink(name.constData()) == 0;
 }
 
-// Files below folder belong to the same paths below place.
-bool clearFolder(const QString &folder, const QString &place, Clearing how)
+// Files below directory belong to the same paths below place.
+bool clearDirectory(const QString &directory, const QString &place, Clearing how)
 {
-    if (!existsOrIsLink(folder)) {
+    if (!existsOrIsLink(directory)) {
         return true;
     }
-    const bool isClear = forEachEntry(folder, [&](const QString &name) {
-        const QString entry = below(folder, name);
-        return typeOf(entry) == S_IFDIR ? clearFolder(entry, below(place, name), how)
+    const bool isClear = forEachEntry(directory, [&](const QString &name) {
+        const QString entry = below(directory, name);
+        return typeOf(entry) == S_IFDIR ? clearDirectory(entry, below(place, name), how)
                                         : clearFile(entry, below(place, name), how);
     });
-    return isClear && removeFolder(folder);
+    return isClear && removeDirectory(directory);
 }
 
 } // namespace
 
-std::unique_ptr<StagingFolder> StagingFolder::create(const QString &place, int &error)
+std::unique_ptr<StagingDirectory> StagingDirectory::create(const QString &place, int &error)
 {
     QByteArray path = QFile::encodeName(below(place, s_prefix + QStringLiteral("XXXXXX")));
     if (!::mkdtemp(path.data())) {
         error = errno;
         return nullptr;
     }
-    auto folder = adopt(QFile::decodeName(path));
-    if (!folder) {
+    auto directory = adopt(QFile::decodeName(path));
+    if (!directory) {
         error = errno;
         ::rmdir(path.constData());
         return nullptr;
     }
-    folder->m_isOurs = true;
-    return folder;
+    directory->m_isOurs = true;
+    return directory;
 }
 
 // null when somebody else has it
-std::unique_ptr<StagingFolder> StagingFolder::adopt(const QString &path)
+std::unique_ptr<StagingDirectory> StagingDirectory::adopt(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
     const int lock = ::open(name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
@@ -135,7 +136,7 @@ std::unique_ptr<StagingFolder> StagingFolder::adopt(const QString &path)
     // between its creation and its lock it looks abandoned
     if (lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) == 0 && ::fstat(lock, &locked) == 0
         && ::lstat(name.constData(), &named) == 0 && locked.st_ino == named.st_ino) {
-        return std::unique_ptr<StagingFolder>(new StagingFolder(path, lock));
+        return std::unique_ptr<StagingDirectory>(new StagingDirectory(path, lock));
     }
     const int error = errno;
     if (lock >= 0) {
@@ -145,47 +146,47 @@ std::unique_ptr<StagingFolder> StagingFolder::adopt(const QString &path)
     return nullptr;
 }
 
-StagingFolder::~StagingFolder()
+StagingDirectory::~StagingDirectory()
 {
     ::close(m_lock);
 }
 
-QString StagingFolder::rootFor(const QString &name, bool isFolder) const
+QString StagingDirectory::rootFor(const QString &name, bool isDirectory) const
 {
-    // a folder keeps its name, because the controller shows it; a file is written by one that
+    // a directory keeps its name, because the controller shows it; a file is written by one that
     // ends in no blank, because the controller takes blanks at the end away
-    return isFolder ? m_path + QStringLiteral("/folder/") + name
-                    : m_path + QStringLiteral("/file/") + name + QStringLiteral("/data");
+    return isDirectory ? m_path + QStringLiteral("/folder/") + name
+                       : m_path + QStringLiteral("/file/") + name + QStringLiteral("/data");
 }
 
-QString StagingFolder::backups() const
+QString StagingDirectory::backups() const
 {
     return m_path + QStringLiteral("/old");
 }
 
-bool StagingFolder::beginMerge()
+bool StagingDirectory::beginMerge()
 {
     return ::mkdir(QFile::encodeName(backups()).constData(), 0777) == 0;
 }
 
-bool StagingFolder::removeEmpty()
+bool StagingDirectory::removeEmpty()
 {
-    return removeEmptyFolders(m_path);
+    return removeEmptyDirectories(m_path);
 }
 
-bool StagingFolder::discard()
+bool StagingDirectory::discard()
 {
     if (!existsOrIsLink(backups())) {
         return QDir(m_path).removeRecursively();
     }
     const QString place = parentOf(m_path);
-    bool isClear = clearFolder(backups(), place, {true, !m_isOurs});
-    const QString folders = m_path + QStringLiteral("/folder");
-    if (existsOrIsLink(folders)) {
+    bool isClear = clearDirectory(backups(), place, {true, !m_isOurs});
+    const QString copies = m_path + QStringLiteral("/folder");
+    if (existsOrIsLink(copies)) {
         isClear =
-            forEachEntry(folders,
+            forEachEntry(copies,
                          [&](const QString &name) {
-                             return clearFolder(below(folders, name), place, {false, !m_isOurs});
+                             return clearDirectory(below(copies, name), place, {false, !m_isOurs});
                          })
             && isClear;
     }
@@ -203,14 +204,14 @@ bool StagingFolder::discard()
     return removeEmpty() && isClear;
 }
 
-bool StagingFolder::isFilled(const QString &folder)
+bool StagingDirectory::isFilled(const QString &directory)
 {
-    return !forEachEntry(folder, [&](const QString &name) {
-        return isStagingName(name) && adopt(below(folder, name));
+    return !forEachEntry(directory, [&](const QString &name) {
+        return isStagingName(name) && adopt(below(directory, name));
     });
 }
 
-QStringList StagingFolder::discardAbandoned(const QString &place)
+QStringList StagingDirectory::discardAbandoned(const QString &place)
 {
     QStringList staying;
     QStringList found;
@@ -221,8 +222,8 @@ QStringList StagingFolder::discardAbandoned(const QString &place)
         return true;
     });
     for (const QString &path : qAsConst(found)) {
-        const auto folder = adopt(path);
-        if (folder && !folder->discard()) {
+        const auto directory = adopt(path);
+        if (directory && !directory->discard()) {
             staying.append(path);
         }
     }

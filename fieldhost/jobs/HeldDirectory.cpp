@@ -1,4 +1,4 @@
-#include "fieldhost/jobs/HeldFolder.h"
+#include "fieldhost/jobs/HeldDirectory.h"
 
 #include "fieldhost/jobs/Paths.h"
 
@@ -14,14 +14,14 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-QString throughDescriptor(int folder)
+QString throughDescriptor(int directory)
 {
-    return QStringLiteral("/proc/self/fd/%1").arg(folder);
+    return QStringLiteral("/proc/self/fd/%1").arg(directory);
 }
 
 } // namespace
 
-HeldFolder::HeldFolder(const QString &path)
+HeldDirectory::HeldDirectory(const QString &path)
     : m_path(path)
     , m_folder(::open(QFile::encodeName(path).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC))
 {
@@ -31,26 +31,26 @@ HeldFolder::HeldFolder(const QString &path)
     }
 }
 
-HeldFolder::~HeldFolder()
+HeldDirectory::~HeldDirectory()
 {
     if (m_folder >= 0) {
         ::close(m_folder);
     }
 }
 
-QString HeldFolder::reach(const QString &path) const
+QString HeldDirectory::reach(const QString &path) const
 {
     const bool isRoot = m_path.size() == 1; // of the file system: "/" is part of what follows it
     return throughDescriptor(m_folder) + path.mid(isRoot ? 0 : m_path.size());
 }
 
-QString HeldFolder::shown(const QString &path) const
+QString HeldDirectory::shown(const QString &path) const
 {
     const QString hold = throughDescriptor(m_folder);
     return isSameOrBelow(path, hold) ? below(m_path, path.mid(hold.size() + 1)) : path;
 }
 
-bool HeldFolder::isInPlace() const
+bool HeldDirectory::isInPlace() const
 {
     struct stat held
     {
