@@ -30,9 +30,9 @@ void tst_NearestWord::fewestChangesWin_data()
                                     << "size";
     QTest::newRow("the first of two equally near") << "free"
                                                    << "fres";
-    QTest::newRow("two letters swapped") << "szie"
-                                         << "size";
-    QTest::newRow("more than a third is wrong") << "sise!"
+    QTest::newRow("two letters swapped") << "fers"
+                                         << "fres";
+    QTest::newRow("more than a third is wrong") << "sixes"
                                                 << "";
     QTest::newRow("a third of a long word is wrong") << "Expord"
                                                      << "export";
