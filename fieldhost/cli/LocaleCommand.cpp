@@ -14,8 +14,6 @@
 
 #include <QLocale>
 
-#include <optional>
-
 namespace Tavro::FieldHost {
 
 using Logging::LogLevel;
@@ -49,15 +47,6 @@ Exit codes:
   0  shown
   1  the catalog cannot be used; the message names file, place and cause
   2  the command line was not understood)";
-
-/** What the user has said. */
-struct Request
-{
-    std::optional<QString> catalogFile;
-    std::optional<QString> country;
-    std::optional<QString> language;
-    std::optional<QString> device;
-};
 
 QString textOf(const CatalogError &error)
 {
@@ -126,12 +115,12 @@ bool isDistanceUnit(const QString &text)
         || text == CLocaleSupport::distanceUnits_inch;
 }
 
-/** The host with its project, open or not, as the request has it. */
+/** The host with its project, open or not, as the command line has it. */
 class LocaleRun
 {
 public:
-    LocaleRun(const Request &request, Console &console)
-        : m_request(request)
+    LocaleRun(const CommandLine &line, Console &console)
+        : m_line(line)
         , m_console(console)
     {
     }
@@ -145,7 +134,7 @@ private:
     QString summary() const;
     QString distanceText() const;
 
-    const Request &m_request;
+    const CommandLine &m_line;
     Console &m_console;
     CatalogFiles m_catalogs;
     const CatalogDescriptor *m_catalog = nullptr;
@@ -157,8 +146,8 @@ private:
 ExitCode LocaleRun::run()
 {
     GlobalLocaleData::instance()->setDeviceLocale(
-        m_request.device ? *localeOfName(*m_request.device) : QLocale::system());
-    if (m_request.catalogFile && !loadCatalog()) {
+        m_line.isSet("device") ? *localeOfName(m_line.value("device")) : QLocale::system());
+    if (m_line.isSet("catalog") && !loadCatalog()) {
         return ExitFailed;
     }
     openProject();
@@ -173,7 +162,7 @@ ExitCode LocaleRun::run()
 bool LocaleRun::loadCatalog()
 {
     CatalogError error;
-    m_catalog = m_catalogs.load(*m_request.catalogFile, error);
+    m_catalog = m_catalogs.load(m_line.value("catalog"), error);
     if (!m_catalog) {
         m_console.printError(textOf(error));
         return false;
@@ -186,14 +175,18 @@ bool LocaleRun::loadCatalog()
 
 void LocaleRun::openProject()
 {
-    m_country = m_request.country.value_or(m_country);
-    m_language = m_request.language.value_or(m_language);
+    if (m_line.isSet("country")) {
+        m_country = m_line.value("country");
+    }
+    if (m_line.isSet("language")) {
+        m_language = m_line.value("language");
+    }
     CProjectLocaleData *project = CProjectLocaleData::instance();
     if (m_catalog) {
         warnOfUnknownCodes();
         project->onNewTemplateLoaded(m_catalog->templateId, m_catalogs, m_catalogs, m_catalog->id,
                                      m_country, m_language);
-    } else if (m_request.country || m_request.language) {
+    } else if (m_line.isSet("country") || m_line.isSet("language")) {
         project->setLocale(m_country, m_language);
     }
 }
@@ -251,19 +244,19 @@ QString LocaleRun::distanceText() const
 }
 
 // why the codes are not understood; empty when they are
-QString objectionTo(const Request &request)
+QString objectionTo(const CommandLine &line)
 {
-    if (request.country && !isCountryCode(*request.country)) {
+    if (line.isSet("country") && !isCountryCode(line.value("country"))) {
         return QStringLiteral("There is no country code %1.%2")
-            .arg(quoted(*request.country), nearestCountry(*request.country));
+            .arg(quoted(line.value("country")), nearestCountry(line.value("country")));
     }
-    if (request.language && !isLanguageCode(*request.language)) {
+    if (line.isSet("language") && !isLanguageCode(line.value("language"))) {
         return QStringLiteral("There is no language code %1.%2")
-            .arg(quoted(*request.language), nearestLanguage(*request.language));
+            .arg(quoted(line.value("language")), nearestLanguage(line.value("language")));
     }
-    if (request.device && !localeOfName(*request.device)) {
-        const QString nearest = nearestLocaleName(*request.device);
-        return QStringLiteral("There is no locale %1.").arg(quoted(*request.device))
+    if (line.isSet("device") && !localeOfName(line.value("device"))) {
+        const QString nearest = nearestLocaleName(line.value("device"));
+        return QStringLiteral("There is no locale %1.").arg(quoted(line.value("device")))
             + (nearest.isEmpty() ? QString()
                                  : QStringLiteral(" The nearest one is \"%1\".").arg(nearest));
     }
@@ -272,18 +265,13 @@ QString objectionTo(const Request &request)
 
 int runLocale(const CommandLine &line, Console &console)
 {
-    const auto valueOf = [&line](const char *option) {
-        return line.isSet(option) ? std::optional(line.value(option)) : std::nullopt;
-    };
-    const Request request = {valueOf("catalog"), valueOf("country"), valueOf("language"),
-                             valueOf("device")};
-    const QString objection = objectionTo(request);
+    const QString objection = objectionTo(line);
     if (!objection.isEmpty()) {
         return line.refuse(objection);
     }
     // that a project locale is set is what this command is about
     HostLog::setThreshold(LogLevel::Warning);
-    return LocaleRun(request, console).run();
+    return LocaleRun(line, console).run();
 }
 
 } // namespace

@@ -8,8 +8,6 @@
 #include "fieldhost/jobs/UsbDrive.h"
 #include "shared/usb/USBDriveCleanAccessManager.h"
 
-#include <QDir>
-
 namespace Tavro::FieldHost {
 
 using Shared::MountedUSBDeviceList;
@@ -184,30 +182,12 @@ int unlock(const CommandLine &line, Console &console, const QString & /*argument
         return ExitFailed;
     }
     console.print(QStringLiteral("Unmounting, as soon as nobody uses the drive; Ctrl-C gives up."));
-    QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
-    const QString device = partition ? partition->device.absoluteFilePath() : QString();
-    const QByteArray mountedVolume = readFatVolume(device).identity;
-    MountedUSBDeviceList::dismountUSB();
-    if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
-        console.print(QStringLiteral("Unmounted. There was no dirty byte to clear."));
+    const UnmountResult result = unmountUsbDrive(partition);
+    if (result.isClean) {
+        console.print(result.sentence);
         return ExitDone;
     }
-    if (readFatVolume(device).identity != mountedVolume) {
-        console.printError(QStringLiteral("Unmounted. Another drive is in its place now, or none, "
-                                          "and was not touched: the drive that was mounted is "
-                                          "still marked as in use."));
-        return ExitFailed;
-    }
-    if (USBDriveCleanAccessManager::clearDirtyFlag(device, partition->fileSystemType)) {
-        console.print(QStringLiteral("Unmounted and marked clean: %1.").arg(described(*partition)));
-        return ExitDone;
-    }
-    const QString missingWrite = missingWriteRight(device);
-    console.printError(
-        QStringLiteral("Unmounted, and still marked as in use. %1")
-            .arg(missingWrite.isEmpty()
-                     ? QStringLiteral("%1 did not take the mark back.").arg(described(*partition))
-                     : missingWrite));
+    console.printError(result.sentence);
     return ExitFailed;
 }
 

@@ -126,17 +126,12 @@ int run(const QStringList &arguments)
     return refuseCommand(first, console);
 }
 
-bool isOption(const char *argument, const QByteArray &option)
-{
-    return option == argument || QByteArray(argument).startsWith(option + '=');
-}
-
 bool drawsPictures(int argc, char **argv)
 {
     const Command *command = argc > 1 ? findCommand(QString::fromLocal8Bit(argv[1])) : nullptr;
     return command && command->pictureOption
         && std::any_of(argv + 2, argv + argc, [command](const char *argument) {
-               return isOption(argument, command->pictureOption);
+               return QByteArray(argument).startsWith(command->pictureOption);
            });
 }
 

@@ -11,11 +11,6 @@ FieldValidator::FieldValidator(QObject *parent)
 
 FieldValidator::~FieldValidator() = default;
 
-TextValidator *FieldValidator::rules() const
-{
-    return m_rules;
-}
-
 void FieldValidator::setRules(TextValidator *rules)
 {
     if (rules == m_rules) {
@@ -30,11 +25,6 @@ void FieldValidator::setRules(TextValidator *rules)
     }
     Q_EMIT rulesChanged();
     Q_EMIT changed();
-}
-
-bool FieldValidator::isBlocking() const
-{
-    return m_isBlocking;
 }
 
 void FieldValidator::setBlocking(bool blocking)

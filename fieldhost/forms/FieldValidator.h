@@ -26,11 +26,11 @@ public:
     ~FieldValidator() override;
 
     /** Whose rules count; without them every text is acceptable. Belongs to somebody else. */
-    Shared::TextValidator *rules() const;
+    Shared::TextValidator *rules() const { return m_rules; }
     /** The text is judged anew, and whenever a rule is added. */
     void setRules(Shared::TextValidator *rules);
     /** Whether keys that make a text wrong do nothing; true at first. */
-    bool isBlocking() const;
+    bool isBlocking() const { return m_isBlocking; }
     /** The text is judged anew. */
     void setBlocking(bool blocking);
 

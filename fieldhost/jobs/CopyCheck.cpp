@@ -1,5 +1,6 @@
 #include "fieldhost/jobs/CopyCheck.h"
 
+#include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 
 #include <QFile>
@@ -17,26 +18,13 @@ namespace {
 struct Copy
 {
     QString source;
-    struct stat status;
+    FileStatus status;
 };
-
-bool isSameFile(const struct stat &a, const struct stat &b)
-{
-    return a.st_ino == b.st_ino && a.st_dev == b.st_dev;
-}
 
 // what differs between names that some file systems take for one: case and composition
 QString foldedName(const QString &path)
 {
     return path.normalized(QString::NormalizationForm_C).toCaseFolded();
-}
-
-bool isDirectory(const QByteArray &path)
-{
-    struct stat status
-    {
-    };
-    return ::lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 } // namespace
@@ -54,20 +42,17 @@ CopyCheck checkCopy(const ExportJob &job, const QString &root)
     for (const SurveyedFile &file : job.survey.files) {
         const QString source = job.source + file.path;
         const QString target = targetPath(job, file, root);
-        const QByteArray targetName = QFile::encodeName(target);
-        struct stat original
-        {
-        };
-        Copy copy{source, {}};
-        const bool hasSource = ::stat(QFile::encodeName(source).constData(), &original) == 0;
-        if (::lstat(targetName.constData(), &copy.status) != 0 || !S_ISREG(copy.status.st_mode)) {
+        const FileStatus original = targetStatusOf(source);
+        const bool hasSource = original.st_mode != 0;
+        const Copy copy{source, statusOf(target)};
+        if (!S_ISREG(copy.status.st_mode)) {
             fail(source,
                  hasSource ? QStringLiteral("it is not in the destination")
                            : QStringLiteral("it is no longer in the source"));
             continue;
         }
         if (hasSource && original.st_size != copy.status.st_size) {
-            ::unlink(targetName.constData());
+            ::unlink(QFile::encodeName(target).constData());
             fail(source,
                  QStringLiteral("reading it gave %1 where its size says %2; it may have changed "
                                 "while it was copied")
@@ -89,8 +74,9 @@ CopyCheck checkCopy(const ExportJob &job, const QString &root)
     }
     for (const QString &directory : job.survey.directories) {
         // the controller goes on without a directory that it could not create, if no file needs it
-        const QByteArray target = QFile::encodeName(root + QLatin1Char('/') + directory);
-        if (!check.fault && !isDirectory(target) && ::mkdir(target.constData(), 0777) != 0) {
+        const QString target = root + QLatin1Char('/') + directory;
+        if (!check.fault && !S_ISDIR(statusOf(target).st_mode)
+            && ::mkdir(QFile::encodeName(target).constData(), 0777) != 0) {
             fail(job.source + directory,
                  QStringLiteral("the directory cannot be created in the destination (%1)")
                      .arg(systemText(errno)));

@@ -34,14 +34,9 @@ bool meansContents(const QString &typed)
 
 bool onOneVolume(const QString &a, const QString &b)
 {
-    struct stat first
-    {
-    };
-    struct stat second
-    {
-    };
-    return ::stat(QFile::encodeName(a).constData(), &first) == 0
-        && ::stat(QFile::encodeName(b).constData(), &second) == 0 && first.st_dev == second.st_dev;
+    const FileStatus first = targetStatusOf(a);
+    const FileStatus second = targetStatusOf(b);
+    return first.st_mode != 0 && second.st_mode != 0 && first.st_dev == second.st_dev;
 }
 
 class Planner
@@ -145,16 +140,8 @@ bool Planner::checkOverlap(const ExportJob &job)
 {
     const QString source = QFileInfo(job.source).canonicalFilePath();
     const QString landing = futureCanonicalPath(job.landing);
-    struct stat a
-    {
-    };
-    struct stat b
-    {
-    };
-    const bool same = source == landing
-        || (::stat(QFile::encodeName(job.source).constData(), &a) == 0
-            && ::stat(QFile::encodeName(job.landing).constData(), &b) == 0 && a.st_dev == b.st_dev
-            && a.st_ino == b.st_ino);
+    const bool same =
+        source == landing || isSameFile(targetStatusOf(job.source), targetStatusOf(job.landing));
     if (same) {
         return refuse(Refusal::Destination,
                       QStringLiteral("%1 would be copied onto itself.").arg(quoted(source)));

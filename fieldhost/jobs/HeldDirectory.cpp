@@ -23,44 +23,37 @@ QString throughDescriptor(int directory)
 
 HeldDirectory::HeldDirectory(const QString &path)
     : m_path(path)
-    , m_folder(::open(QFile::encodeName(path).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC))
+    , m_descriptor(::open(QFile::encodeName(path).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC))
 {
-    if (m_folder < 0
-        || ::access(QFile::encodeName(throughDescriptor(m_folder)).constData(), F_OK) != 0) {
+    if (m_descriptor < 0
+        || ::access(QFile::encodeName(throughDescriptor(m_descriptor)).constData(), F_OK) != 0) {
         m_error = errno;
     }
 }
 
 HeldDirectory::~HeldDirectory()
 {
-    if (m_folder >= 0) {
-        ::close(m_folder);
+    if (m_descriptor >= 0) {
+        ::close(m_descriptor);
     }
 }
 
 QString HeldDirectory::reach(const QString &path) const
 {
     const bool isRoot = m_path.size() == 1; // of the file system: "/" is part of what follows it
-    return throughDescriptor(m_folder) + path.mid(isRoot ? 0 : m_path.size());
+    return throughDescriptor(m_descriptor) + path.mid(isRoot ? 0 : m_path.size());
 }
 
 QString HeldDirectory::shown(const QString &path) const
 {
-    const QString hold = throughDescriptor(m_folder);
+    const QString hold = throughDescriptor(m_descriptor);
     return isSameOrBelow(path, hold) ? below(m_path, path.mid(hold.size() + 1)) : path;
 }
 
 bool HeldDirectory::isInPlace() const
 {
-    struct stat held
-    {
-    };
-    struct stat named
-    {
-    };
-    return ::fstat(m_folder, &held) == 0
-        && ::stat(QFile::encodeName(m_path).constData(), &named) == 0 && held.st_dev == named.st_dev
-        && held.st_ino == named.st_ino;
+    FileStatus held = {};
+    return ::fstat(m_descriptor, &held) == 0 && isSameFile(held, targetStatusOf(m_path));
 }
 
 } // namespace Tavro::FieldHost

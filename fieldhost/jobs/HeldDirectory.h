@@ -34,7 +34,7 @@ public:
 
 private:
     const QString m_path;
-    int m_folder = -1;
+    int m_descriptor = -1;
     int m_error = 0;
 };
 

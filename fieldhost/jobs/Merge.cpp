@@ -22,6 +22,8 @@ namespace {
 
 constexpr int s_batch = 64; // files of one directory that share the flushes; each is kept open
 
+using FileSystem = struct statfs;
+
 constexpr long s_xfsMagic = 0x58465342;
 
 class Descriptor
@@ -84,9 +86,7 @@ Merge::Merge(const ExportJob &job, QString copy, QString place, QString backups)
 
 bool Merge::run()
 {
-    struct statfs system
-    {
-    };
+    FileSystem system = {};
     const QString directory = m_job.isDirectory ? m_place : parentOf(m_place);
     if (::statfs(QFile::encodeName(directory).constData(), &system) != 0) {
         return fail(directory, errno);
@@ -184,10 +184,8 @@ bool Merge::placeFiles(int first, int end)
 bool Merge::setAside(const QString &file)
 {
     const QString place = at(m_place, file);
-    struct stat status
-    {
-    };
-    if (::lstat(QFile::encodeName(place).constData(), &status) != 0) {
+    const FileStatus status = statusOf(place);
+    if (status.st_mode == 0) {
         return errno == ENOENT || fail(place, errno);
     }
     if (S_ISDIR(status.st_mode)) {

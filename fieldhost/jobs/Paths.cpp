@@ -8,7 +8,6 @@
 #include <memory>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Tavro::FieldHost {
@@ -25,12 +24,26 @@ QString below(const QString &directory, const QString &name)
                                                 : directory + QLatin1Char('/') + name;
 }
 
+FileStatus statusOf(const QString &path)
+{
+    FileStatus status = {};
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status : FileStatus();
+}
+
+FileStatus targetStatusOf(const QString &path)
+{
+    FileStatus status = {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status : FileStatus();
+}
+
+bool isSameFile(const FileStatus &a, const FileStatus &b)
+{
+    return a.st_mode != 0 && b.st_mode != 0 && a.st_ino == b.st_ino && a.st_dev == b.st_dev;
+}
+
 bool existsOrIsLink(const QString &path)
 {
-    struct stat status
-    {
-    };
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+    return statusOf(path).st_mode != 0;
 }
 
 QString absolutePath(const QString &typed)

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include <dirent.h>
+#include <sys/stat.h>
 
 namespace Tavro::FieldHost {
 
@@ -13,6 +14,15 @@ QString parentOf(const QString &path);
 
 /** @p name in @p directory, which may end in "/". */
 QString below(const QString &directory, const QString &name);
+
+/** What the system says of a file; st_mode is 0, and an errno is left, when it says nothing. */
+using FileStatus = struct stat;
+/** Of what has that name, which a link has itself. */
+FileStatus statusOf(const QString &path);
+/** Of what the path leads to, links followed. */
+FileStatus targetStatusOf(const QString &path);
+/** Whether both are there and the same. */
+bool isSameFile(const FileStatus &a, const FileStatus &b);
 
 /** Whether there is anything of that name, a link that leads nowhere included. */
 bool existsOrIsLink(const QString &path);

@@ -20,14 +20,13 @@ struct Directory
 {
     QString path; // relative, ends in "/" unless it is the root, which is empty
     int parent; // index of the directory it was found in, -1 for the root
-    dev_t device = 0;
-    ino_t inode = 0;
+    FileStatus status = {};
 };
 
 struct Entry
 {
     QString name;
-    struct stat status;
+    qint64 size;
 };
 
 class Walk
@@ -46,7 +45,7 @@ private:
     void look(int directoryFd, const QByteArray &name, const QString &directory);
     void sortIn(int index);
     bool landsWhereItShould(const QString &path);
-    bool leadsBack(int index, const struct stat &status) const;
+    bool leadsBack(int index, const FileStatus &status) const;
     void addProblem(const QString &path, const QString &cause);
     void addProblem(const QString &directory, const QByteArray &name, const QString &cause);
 
@@ -75,17 +74,14 @@ void Walk::visit(int index)
 {
     const QString directory = m_directories.at(index).path;
     const int fd = openDirectory(m_root + directory);
-    struct stat status
-    {
-    };
+    FileStatus status = {};
     if (fd < 0 || ::fstat(fd, &status) != 0) {
         addProblem(directory,
                    QStringLiteral("the directory cannot be read (%1)").arg(systemText(errno)));
         ::close(fd);
         return;
     }
-    m_directories[index].device = status.st_dev;
-    m_directories[index].inode = status.st_ino;
+    m_directories[index].status = status;
     if (leadsBack(m_directories.at(index).parent, status)) {
         addProblem(directory,
                    QStringLiteral("the link leads back to a directory that holds it, "
@@ -112,9 +108,7 @@ void Walk::visit(int index)
 
 void Walk::look(int directoryFd, const QByteArray &name, const QString &directory)
 {
-    struct stat own
-    {
-    };
+    FileStatus own = {};
     if (::fstatat(directoryFd, name.constData(), &own, AT_SYMLINK_NOFOLLOW) != 0) {
         if (errno != ENOENT) { // else removed since it was listed
             addProblem(directory, name, systemText(errno));
@@ -122,7 +116,7 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &director
         return;
     }
     const bool isLink = S_ISLNK(own.st_mode);
-    struct stat status = own;
+    FileStatus status = own;
     if (isLink && ::fstatat(directoryFd, name.constData(), &status, 0) != 0) {
         ++m_survey.brokenLinks;
         return;
@@ -145,7 +139,7 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &director
         return;
     }
     if (isDirectory) {
-        m_foundDirectories.push_back({text, status});
+        m_foundDirectories.push_back({text, status.st_size});
         return;
     }
     if (::faccessat(directoryFd, name.constData(), R_OK, AT_EACCESS) != 0) {
@@ -153,7 +147,7 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &director
                    QStringLiteral("the file cannot be read (%1)").arg(systemText(errno)));
         return;
     }
-    m_foundFiles.push_back({text, status});
+    m_foundFiles.push_back({text, status.st_size});
 }
 
 void Walk::sortIn(int index)
@@ -175,8 +169,8 @@ void Walk::sortIn(int index)
     for (const Entry &entry : m_foundFiles) {
         const QString path = directory + entry.name;
         if (landsWhereItShould(path)) {
-            m_survey.files.append({path, entry.status.st_size});
-            m_survey.bytes += entry.status.st_size;
+            m_survey.files.append({path, entry.size});
+            m_survey.bytes += entry.size;
         }
     }
 }
@@ -194,11 +188,10 @@ bool Walk::landsWhereItShould(const QString &path)
     return false;
 }
 
-bool Walk::leadsBack(int index, const struct stat &status) const
+bool Walk::leadsBack(int index, const FileStatus &status) const
 {
     for (int i = index; i >= 0; i = m_directories.at(i).parent) {
-        if (m_directories.at(i).inode == status.st_ino
-            && m_directories.at(i).device == status.st_dev) {
+        if (isSameFile(m_directories.at(i).status, status)) {
             return true;
         }
     }
@@ -229,16 +222,13 @@ SourceSurvey surveyDirectory(const QString &root, const std::function<bool()> &c
 SourceSurvey surveyFile(const QString &path)
 {
     SourceSurvey survey;
-    const QByteArray name = QFile::encodeName(path);
-    struct stat status
-    {
-    };
-    if (::stat(name.constData(), &status) != 0) {
+    const FileStatus status = targetStatusOf(path);
+    if (status.st_mode == 0) {
         survey.problems.append({quoted(path), systemText(errno)});
     } else if (!S_ISREG(status.st_mode)) {
         survey.problems.append(
             {quoted(path), QStringLiteral("neither a directory nor a regular file")});
-    } else if (::faccessat(AT_FDCWD, name.constData(), R_OK, AT_EACCESS) != 0) {
+    } else if (::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), R_OK, AT_EACCESS) != 0) {
         survey.problems.append(
             {quoted(path), QStringLiteral("the file cannot be read (%1)").arg(systemText(errno))});
     } else {

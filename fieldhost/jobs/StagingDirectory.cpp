@@ -31,10 +31,7 @@ bool isStagingName(const QString &name)
 // the type bits of what has the name, which a link has of its own; 0 when nothing has it
 mode_t typeOf(const QString &path)
 {
-    struct stat status
-    {
-    };
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & S_IFMT : 0;
+    return statusOf(path).st_mode & S_IFMT;
 }
 
 // Hands each entry of a directory to visit; false when that does, or when not all could be listed.
@@ -127,15 +124,10 @@ std::unique_ptr<StagingDirectory> StagingDirectory::adopt(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
     const int lock = ::open(name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    struct stat locked
-    {
-    };
-    struct stat named
-    {
-    };
+    FileStatus locked = {};
     // between its creation and its lock it looks abandoned
     if (lock >= 0 && ::flock(lock, LOCK_EX | LOCK_NB) == 0 && ::fstat(lock, &locked) == 0
-        && ::lstat(name.constData(), &named) == 0 && locked.st_ino == named.st_ino) {
+        && isSameFile(locked, statusOf(path))) {
         return std::unique_ptr<StagingDirectory>(new StagingDirectory(path, lock));
     }
     const int error = errno;

@@ -1,9 +1,11 @@
 #include "fieldhost/jobs/UsbDrive.h"
 
+#include "fieldhost/jobs/FatVolume.h"
 #include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/usb/USBDriveCleanAccessManager.h"
 
+#include <QDir>
 #include <QFile>
 #include <QStringList>
 
@@ -134,6 +136,32 @@ QString whyNotMarked(const QString &path)
         sentences.append(missing);
     }
     return sentences.join(QLatin1Char(' '));
+}
+
+UnmountResult unmountUsbDrive(const std::optional<mountItem> &partition)
+{
+    QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
+    const QString device = partition ? partition->device.absoluteFilePath() : QString();
+    const QByteArray mountedVolume = readFatVolume(device).identity;
+    MountedUSBDeviceList::dismountUSB();
+    if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
+        return {true, QStringLiteral("Unmounted. There was no dirty byte to clear.")};
+    }
+    if (readFatVolume(device).identity != mountedVolume) {
+        return {false,
+                QStringLiteral("Unmounted. Another drive is in its place now, or none, and was not "
+                               "touched: the drive that was mounted is still marked as in use.")};
+    }
+    if (Shared::USBDriveCleanAccessManager::clearDirtyFlag(device, partition->fileSystemType)) {
+        return {true, QStringLiteral("Unmounted and marked clean: %1.").arg(described(*partition))};
+    }
+    const QString missing = missingWriteRight(device);
+    return {
+        false,
+        QStringLiteral("Unmounted, and still marked as in use. %1")
+            .arg(missing.isEmpty()
+                     ? QStringLiteral("%1 did not take the mark back.").arg(described(*partition))
+                     : missing)};
 }
 
 bool isFat(const QString &fileSystemType)

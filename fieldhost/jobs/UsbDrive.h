@@ -33,6 +33,19 @@ QString missingReadRight(const QString &device);
 /** Why a lock of @p path has answered false, in a sentence or two. */
 QString whyNotMarked(const QString &path);
 
+/** What became of a drive that was to be unmounted and marked clean. */
+struct UnmountResult
+{
+    bool isClean = false; // or has no mark
+    QString sentence; // for the user
+};
+
+/**
+ * Unmounts the drive, as soon as nobody uses it, and clears the mark of @p partition, which is
+ * where it is mounted. Writes to no other volume that has taken its place meanwhile.
+ */
+UnmountResult unmountUsbDrive(const std::optional<Shared::mountItem> &partition);
+
 /** True for file systems of the FAT family, whose files have less than 4 GiB. */
 bool isFat(const QString &fileSystemType);
 
