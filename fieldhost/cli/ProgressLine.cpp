@@ -37,7 +37,7 @@ QString progressLine(const Progress &progress, const QString &directory, const Q
          {QStringList{bytes, percent, rate, left, remark},
           QStringList{bytes, percent, left, remark}, QStringList{percent, left, remark}}) {
         line = joined(parts);
-        if (columnsOf(line) <= columns) {
+        if (columns == 0 || columnsOf(line) <= columns) {
             break;
         }
     }

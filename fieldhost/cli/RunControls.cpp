@@ -2,8 +2,6 @@
 
 #include "fieldhost/cli/Console.h"
 
-#include <limits>
-
 namespace Tavro::FieldHost {
 
 namespace {
@@ -48,8 +46,7 @@ void RunControls::refresh()
         return;
     }
     const bool isLive = m_console.isLive();
-    // the last column stays free
-    const QString line = m_line(isLive ? Console::columns() - 1 : std::numeric_limits<int>::max());
+    const QString line = m_line(isLive ? Console::columns() - 1 : 0); // the last column stays free
     if (isLive && !line.isEmpty()) {
         m_console.setLiveLine(line);
     } else if (!line.isEmpty()) {

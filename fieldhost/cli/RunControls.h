@@ -22,7 +22,10 @@ class RunControls : public QObject
     Q_OBJECT
 
 public:
-    /** Puts the line of progress together for that many columns; empty when there is none. */
+    /**
+     * Puts the line of progress together for that many columns, 0 where no terminal limits it;
+     * empty when there is none.
+     */
     using Line = std::function<QString(int columns)>;
 
     explicit RunControls(Console &console);

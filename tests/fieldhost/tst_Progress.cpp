@@ -27,7 +27,10 @@ private Q_SLOTS:
     void percentAndTimeStayInANarrowLine();
 
 private:
-    QString text() const { return Tavro::FieldHost::progressLine(m_progress, {}, {}, 100); }
+    QString text() const
+    {
+        return Tavro::FieldHost::progressLine(m_progress, QStringLiteral("directory"), {}, 0);
+    }
 
     qint64 m_now = 0;
     Progress m_progress{[this] { return m_now; }};
