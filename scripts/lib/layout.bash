@@ -16,7 +16,7 @@ declare -A uses_of=(
     [view3d]='host'
 )
 
-# The same for fieldhost/, whose folders besides use shared/ and host/ as they are installed.
+# The same for the directories of fieldhost/. All of them may use shared/ and host/, as installed.
 declare -A fieldhost_uses_of=(
     [catalog]=''
     [cli]='catalog forms jobs services'
@@ -74,7 +74,7 @@ check_arrows()
             echo "$file:$line: $included is not installed, so no host can use it"
         elif [[ $included == fieldhost/* ]]; then
             if [[ ! -v "fieldhost_uses_of[$from]" ]]; then
-                echo "$file:$line: the folder $from is not in the table of scripts/lib/layout.bash"
+                echo "$file:$line: fieldhost/$from is not in the table of scripts/lib/layout.bash"
             elif [[ $to != "$from" && " ${fieldhost_uses_of[$from]} " != *" $to "* ]]; then
                 echo "$file:$line: fieldhost/$from may not use fieldhost/$to"
             fi
