@@ -30,7 +30,8 @@ CommandLine::CommandLine(const Command &command, Console &console)
 {
     m_parser.addOption(
         QCommandLineOption(QStringList{QStringLiteral("h"), QStringLiteral("help")}));
-    for (const QString &option : words(command.options)) {
+    const QStringList options = words(command.options);
+    for (const QString &option : options) {
         const bool hasValue = option.endsWith(QLatin1Char('='));
         m_parser.addOption(
             hasValue ? QCommandLineOption(option.chopped(1), QString(), QStringLiteral("value"))
@@ -61,16 +62,15 @@ std::optional<int> CommandLine::parse(const QStringList &typed)
 QString CommandLine::objection() const
 {
     const QStringList given = arguments();
-    QStringList names;
+    QStringList names = words(m_command.arguments);
     int needed = 0;
     bool isRepeated = false;
-    for (QString name : words(m_command.arguments)) {
+    for (QString &name : names) {
         if (name.endsWith(QLatin1String("..."))) {
             name.chop(3);
             isRepeated = true;
         }
         needed += name.startsWith(QLatin1Char('[')) ? 0 : 1;
-        names.append(name);
     }
     if (given.size() < needed) {
         return QStringLiteral("A %1 is missing.").arg(names.at(given.size()));
