@@ -209,7 +209,7 @@ int runExport(const CommandLine &line, Console &console)
         }
         return carryOut(plan, line.isSet("verify"), console, controls);
     }
-    for (const QString &reason : plan.reasons) {
+    for (const QString &reason : qAsConst(plan.reasons)) {
         console.printError(reason);
     }
     return exitCodeOf(plan.refusal);
