@@ -11,21 +11,7 @@ CatalogFiles::~CatalogFiles() = default;
 
 const CatalogDescriptor *CatalogFiles::load(const QString &path, CatalogError &error)
 {
-    const TakenIds taken = {
-        [this](const QString &id) {
-            const CatalogDescriptor *other = catalogByUniqueId(id);
-            return other ? other->file : QString();
-        },
-        [this](const QString &id) {
-            for (const auto &[catalogId, descriptor] : m_catalogs) {
-                if (descriptor.templateId == id) {
-                    return descriptor.file;
-                }
-            }
-            return QString();
-        },
-    };
-    const std::optional<Catalog> catalog = readCatalog(path, taken, error);
+    const std::optional<Catalog> catalog = readCatalog(path, m_catalogs, error);
     if (!catalog) {
         return nullptr;
     }

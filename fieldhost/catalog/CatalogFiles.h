@@ -1,7 +1,6 @@
 #pragma once
 
 #include "fieldhost/catalog/CatalogDescriptor.h"
-#include "fieldhost/catalog/CatalogError.h"
 #include "fieldhost/catalog/OvoCATManagementExport.h"
 #include "host/CCatalogTemplate.h"
 #include "host/CCatalogTemplateRegistry.h"

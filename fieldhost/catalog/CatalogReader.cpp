@@ -62,9 +62,9 @@ QString kindOf(const QJsonValue &value)
 class CatalogBuilder
 {
 public:
-    CatalogBuilder(const QString &file, const TakenIds &taken)
+    CatalogBuilder(const QString &file, const Catalogs &others)
         : m_file(file)
-        , m_taken(taken)
+        , m_others(others)
     {
     }
 
@@ -82,7 +82,7 @@ public:
                      {"country", Presence::Required},
                      {"language", Presence::Required},
                      {"template", Presence::Required}});
-        catalog.descriptor.id = idOf(root, QStringLiteral("catalog"), m_taken.catalog);
+        catalog.descriptor.id = idOf(root, QStringLiteral("catalog"), &CatalogDescriptor::id);
         catalog.descriptor.name = textOf(root, "name");
         catalog.descriptor.countryCode = textOf(root, "country");
         catalog.descriptor.languageCode = textOf(root, "language");
@@ -93,7 +93,7 @@ public:
                          {"unit", Presence::Optional},
                          {"views", Presence::Required}});
             catalog.descriptor.templateId =
-                idOf(*node, QStringLiteral("template"), m_taken.catalogTemplate);
+                idOf(*node, QStringLiteral("template"), &CatalogDescriptor::templateId);
             catalog.catalogTemplate =
                 QSharedPointer<CatalogTemplate>::create(unitOf(*node), viewsOf(*node));
         }
@@ -149,14 +149,15 @@ private:
         }
     }
 
-    QString idOf(const JsonNode &object, const QString &what,
-                 const std::function<QString(const QString &)> &fileThatHas)
+    QString idOf(const JsonNode &object, const QString &what, QString CatalogDescriptor::*idOfOther)
     {
         QString id = textOf(object, "id");
-        const QString other = fileThatHas(id);
-        if (!other.isEmpty()) {
-            fail(object.member(QStringLiteral("id"))->offset,
-                 QStringLiteral("the %1 id \"%2\" is taken by \"%3\"").arg(what, id, other));
+        for (const auto &[key, other] : m_others) {
+            if (other.*idOfOther == id) {
+                fail(object.member(QStringLiteral("id"))->offset,
+                     QStringLiteral("the %1 id \"%2\" is taken by \"%3\"")
+                         .arg(what, id, other.file));
+            }
         }
         return id;
     }
@@ -229,7 +230,7 @@ private:
     }
 
     const QString &m_file;
-    const TakenIds &m_taken;
+    const Catalogs &m_others;
     JsonMistake m_mistake;
 };
 
@@ -266,7 +267,7 @@ QByteArray contentOf(const QString &path, QString &cause)
 
 } // namespace
 
-std::optional<Catalog> readCatalog(const QString &path, const TakenIds &taken, CatalogError &error)
+std::optional<Catalog> readCatalog(const QString &path, const Catalogs &others, CatalogError &error)
 {
     error = {};
     error.file = path;
@@ -282,7 +283,7 @@ std::optional<Catalog> readCatalog(const QString &path, const TakenIds &taken, C
     const JsonNode root = parseJson(content, mistake);
     Catalog catalog;
     if (mistake.cause.isEmpty()) {
-        CatalogBuilder builder(path, taken);
+        CatalogBuilder builder(path, others);
         catalog = builder.build(root);
         mistake = builder.mistake();
     }

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "fieldhost/catalog/CatalogDescriptor.h"
-#include "fieldhost/catalog/CatalogError.h"
 #include "fieldhost/catalog/CatalogTemplate.h"
 
 #include <QSharedPointer>
 #include <QString>
 
-#include <functional>
+#include <map>
 #include <optional>
 
 namespace Tavro::FieldHost {
@@ -19,14 +18,14 @@ struct Catalog
     QSharedPointer<CatalogTemplate> catalogTemplate; // null until the whole file is read
 };
 
-/** Ids that a catalog may not have; each function gives the file that has the id, or nothing. */
-struct TakenIds
-{
-    std::function<QString(const QString &id)> catalog;
-    std::function<QString(const QString &id)> catalogTemplate;
-};
+/** The catalogs that are there, by their ids. */
+using Catalogs = std::map<QString, CatalogDescriptor>;
 
-/** Reads the catalog file @p path; nothing when it cannot be used, and then @p error says why. */
-std::optional<Catalog> readCatalog(const QString &path, const TakenIds &taken, CatalogError &error);
+/**
+ * Reads the catalog file @p path, whose ids none of @p others may have; nothing when it cannot be
+ * used, and then @p error says why.
+ */
+std::optional<Catalog> readCatalog(const QString &path, const Catalogs &others,
+                                   CatalogError &error);
 
 } // namespace Tavro::FieldHost

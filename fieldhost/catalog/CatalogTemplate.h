@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <utility>
 #include <vector>
 
 namespace Tavro::FieldHost {
@@ -14,7 +15,11 @@ namespace Tavro::FieldHost {
 class CatalogColumn : public Templates::CColumnDefinition
 {
 public:
-    CatalogColumn(const QString &key, const QString &unit);
+    CatalogColumn(QString key, QString unit)
+        : m_key(std::move(key))
+        , m_unit(std::move(unit))
+    {
+    }
 
     QString key() const override { return m_key; }
     QString unit() const override { return m_unit; }
@@ -28,11 +33,19 @@ private:
 class CatalogView : public Templates::CProgramView
 {
 public:
-    CatalogView(const QString &key, std::vector<CatalogColumn> columns);
+    CatalogView(QString key, std::vector<CatalogColumn> columns)
+        : m_key(std::move(key))
+        , m_columns(std::move(columns))
+    {
+    }
 
     QString key() const override { return m_key; }
     int columnCount() const override { return static_cast<int>(m_columns.size()); }
-    const Templates::CColumnDefinition *column(int index) const override;
+    const Templates::CColumnDefinition *column(int index) const override
+    {
+        return index >= 0 && index < columnCount() ? &m_columns[static_cast<size_t>(index)]
+                                                   : nullptr;
+    }
 
 private:
     QString m_key;
@@ -43,11 +56,19 @@ private:
 class CatalogTemplate : public Templates::CCatalogTemplate
 {
 public:
-    CatalogTemplate(const QString &unit, std::vector<CatalogView> views);
+    CatalogTemplate(QString unit, std::vector<CatalogView> views)
+        : m_unit(std::move(unit))
+        , m_views(std::move(views))
+    {
+    }
 
     QString unit() const override { return m_unit; }
     int programViewCount() const override { return static_cast<int>(m_views.size()); }
-    const Templates::CProgramView *programView(int index) const override;
+    const Templates::CProgramView *programView(int index) const override
+    {
+        return index >= 0 && index < programViewCount() ? &m_views[static_cast<size_t>(index)]
+                                                        : nullptr;
+    }
 
 private:
     QString m_unit;

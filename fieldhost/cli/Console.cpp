@@ -1,6 +1,6 @@
 #include "fieldhost/cli/Console.h"
 
-#include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/Width.h"
 #include "fieldhost/services/HostLog.h"
 #include "fieldhost/services/Printable.h"
 

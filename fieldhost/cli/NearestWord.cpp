@@ -1,7 +1,10 @@
 #include "fieldhost/cli/NearestWord.h"
 
+#include "fieldhost/jobs/Text.h"
+
+#include <QVector>
+
 #include <algorithm>
-#include <vector>
 
 namespace Tavro::FieldHost {
 
@@ -9,31 +12,46 @@ namespace {
 
 int distance(const QString &a, const QString &b)
 {
-    std::vector<int> row(static_cast<size_t>(b.size()) + 1);
-    for (size_t j = 0; j < row.size(); ++j) {
-        row[j] = static_cast<int>(j);
-    }
-    for (const QChar letter : a) {
-        int diagonal = row[0]++;
-        for (size_t j = 1; j < row.size(); ++j) {
-            const bool same = letter == b.at(static_cast<int>(j) - 1);
-            const int replaced = diagonal + (same ? 0 : 1);
-            diagonal = row[j];
-            row[j] = std::min({replaced, row[j] + 1, row[j - 1] + 1});
+    // of the beginnings of both, by their lengths
+    QVector<QVector<int>> table(a.size() + 1, QVector<int>(b.size() + 1));
+    for (int i = 0; i <= a.size(); ++i) {
+        for (int j = 0; j <= b.size(); ++j) {
+            if (i == 0 || j == 0) {
+                table[i][j] = i + j;
+                continue;
+            }
+            const int replaced = table[i - 1][j - 1] + (a.at(i - 1) == b.at(j - 1) ? 0 : 1);
+            int &least = table[i][j];
+            least = std::min({replaced, table[i - 1][j] + 1, table[i][j - 1] + 1});
+            if (i > 1 && j > 1 && a.at(i - 1) == b.at(j - 2) && a.at(i - 2) == b.at(j - 1)) {
+                least = qMin(least, table[i - 2][j - 2] + 1);
+            }
         }
     }
-    return row.back();
+    return table.last().last();
 }
 
 } // namespace
 
-QString nearest(const QString &word, const QStringList &words)
+QString nearest(const QString &word, const QStringList &words, int most)
 {
-    const auto nearest =
-        std::min_element(words.begin(), words.end(), [&word](const QString &a, const QString &b) {
-            return distance(word, a) < distance(word, b);
-        });
-    return nearest == words.end() ? QString() : *nearest;
+    int least = most < 0 ? qMax(word.size() / 3, 1) : most;
+    QString found;
+    for (const QString &candidate : words) {
+        const int changes = distance(word, candidate);
+        if (changes < least || (changes == least && found.isNull())) {
+            least = changes;
+            found = candidate;
+        }
+    }
+    return word.isEmpty() ? QString() : found;
+}
+
+QString suggestion(const QString &word, const QStringList &words)
+{
+    const QString found = nearest(word, words);
+    return found.isEmpty() ? QString()
+                           : QStringLiteral(" The nearest one is %1.").arg(quoted(found));
 }
 
 } // namespace Tavro::FieldHost

@@ -1,9 +1,10 @@
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
-#include "fieldhost/cli/Text.h"
-#include "fieldhost/cli/export/SourceSurvey.h"
+#include "fieldhost/jobs/Paths.h"
+#include "fieldhost/jobs/Text.h"
 #include "fieldhost/services/FieldApplication.h"
 
 #include <QFile>
@@ -55,15 +56,6 @@ const Command *findCommand(const QString &name)
     return nullptr;
 }
 
-QString nearestCommand(const QString &name)
-{
-    QStringList names;
-    for (const Command *command : s_commands) {
-        names += QLatin1String(command->name);
-    }
-    return nearest(name, names);
-}
-
 QString helpText()
 {
     int width = 0;
@@ -81,21 +73,46 @@ QString helpText()
                          "  -h, --help     Shows this text; after a COMMAND, that of the "
                          "command with its exit codes.\n"
                          "  -v, --version  Shows the version.\n\n"
+                         "\"ovo-fieldhost help COMMAND\" shows the text of a command, too.\n\n"
                          "A command that has done its work ends with 1 when what it says cannot "
                          "be written.");
 }
 
+int refuseCommand(const QString &name, Console &console)
+{
+    QStringList names;
+    for (const Command *command : s_commands) {
+        names += QLatin1String(command->name);
+    }
+    console.printError(QStringLiteral("There is no command %1.%2\nTry: ovo-fieldhost --help")
+                           .arg(quoted(name), suggestion(name, names)));
+    return ExitUsage;
+}
+
+int help(const QString &name, Console &console)
+{
+    const Command *command = findCommand(name);
+    if (!command && !name.isEmpty()) {
+        return refuseCommand(name, console);
+    }
+    console.print(command ? QString::fromUtf8(command->help) : helpText());
+    return ExitDone;
+}
+
 int run(const QStringList &arguments)
 {
+    Console console;
     const QString first = arguments.value(1);
     if (const Command *command = findCommand(first)) {
-        return command->run(arguments);
+        CommandLine line(*command, console);
+        const auto over = line.parse(arguments.mid(2));
+        return over ? *over : command->run(line, console);
     }
-
-    Console console;
+    if (first == QLatin1String("help")) {
+        return help(arguments.value(2), console);
+    }
     if (first == QLatin1String("-h") || first == QLatin1String("--help")) {
-        console.print(helpText());
-        return ExitDone;
+        return help(QString(), console);
     }
     if (first == QLatin1String("-v") || first == QLatin1String("--version")) {
         console.print(
@@ -104,17 +121,9 @@ int run(const QStringList &arguments)
     }
     if (first.isEmpty()) {
         console.printError(QStringLiteral("A COMMAND is missing.\n\n") + helpText());
-    } else {
-        console.printError(QStringLiteral("There is no command %1. The nearest one is \"%2\".\n"
-                                          "Try: ovo-fieldhost --help")
-                               .arg(quoted(first), nearestCommand(first)));
+        return ExitUsage;
     }
-    return ExitUsage;
-}
-
-bool isOption(const char *argument, const QByteArray &option)
-{
-    return option == argument || QByteArray(argument).startsWith(option + '=');
+    return refuseCommand(first, console);
 }
 
 bool drawsPictures(int argc, char **argv)
@@ -122,7 +131,7 @@ bool drawsPictures(int argc, char **argv)
     const Command *command = argc > 1 ? findCommand(QString::fromLocal8Bit(argv[1])) : nullptr;
     return command && command->pictureOption
         && std::any_of(argv + 2, argv + argc, [command](const char *argument) {
-               return isOption(argument, command->pictureOption);
+               return QByteArray(argument).startsWith(command->pictureOption);
            });
 }
 
@@ -134,7 +143,7 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
     // it loads the fonts; the platform that has nothing else needs no display
     qputenv("QT_QPA_PLATFORM", "minimal:enable_fonts");
     // it also looks for settings among what belongs to a login; without one it would complain, and
-    // leave a folder in /tmp
+    // leave a directory in /tmp
     const QTemporaryDir instead;
     const bool isLoggedIn = qEnvironmentVariableIsSet("XDG_RUNTIME_DIR");
     if (!isLoggedIn) {
@@ -217,7 +226,7 @@ int main(int argc, char *argv[])
 
     if (const int i = firstUnusableArgument(argc, argv)) {
         Console console;
-        console.printError(QStringLiteral("%1 is not valid UTF-8. A file or folder of this name "
+        console.printError(QStringLiteral("%1 is not valid UTF-8. A file or directory of this name "
                                           "can be used once it is renamed.")
                                .arg(quoted(QByteArray(argv[i]))));
         return ExitUsage;

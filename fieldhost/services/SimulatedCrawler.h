@@ -5,17 +5,14 @@
 #include "fieldhost/services/SimulatedRecorder.h"
 #include "fieldhost/services/SimulatedVideoCreation.h"
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
 
 namespace Tavro::FieldHost {
 
 /**
  * A crawler with camera and recorder, all of which follow one clock.
  *
- * The clock moves by tick() alone, so a test decides what time it is; start() has it follow the
- * real time instead.
+ * The clock moves by tick() alone, so whoever calls it decides what time it is.
  */
 class SimulatedCrawler : public QObject
 {
@@ -25,34 +22,25 @@ public:
     explicit SimulatedCrawler(QObject *parent = nullptr);
 
     /** The parts are the crawler's own and live as long as it does. */
-    SimulatedDistanceCounter *distanceCounter() const;
-    SimulatedPanTilt *panTilt() const;
-    SimulatedRecorder *recorder() const;
-    SimulatedVideoCreation *videoCreation() const;
+    SimulatedDistanceCounter *distanceCounter() const { return m_distanceCounter; }
+    SimulatedPanTilt *panTilt() const { return m_panTilt; }
+    SimulatedRecorder *recorder() const { return m_recorder; }
+    SimulatedVideoCreation *videoCreation() const { return m_videoCreation; }
 
     /** Metres per second; negative when it backs out of the pipe. */
-    double speed() const;
+    double speed() const { return m_speed; }
     /** Drives at @p speed from now on. */
-    void setSpeed(double speed);
+    void setSpeed(double speed) { m_speed = speed; }
 
     /** Lets @p milliseconds pass: the video grows first, then the crawler has moved. */
     void tick(qint64 milliseconds);
 
-    /** Has the clock follow the real time, in steps of some 40 ms. */
-    void start();
-    /** Halts the clock. */
-    void stop();
-
 private:
-    void followRealTime();
-
     SimulatedDistanceCounter *const m_distanceCounter; // children of this object
     SimulatedPanTilt *const m_panTilt;
     SimulatedRecorder *const m_recorder;
     SimulatedVideoCreation *const m_videoCreation;
     double m_speed = 0;
-    QTimer m_timer;
-    QElapsedTimer m_sinceTick;
 };
 
 } // namespace Tavro::FieldHost

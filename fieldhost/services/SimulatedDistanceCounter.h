@@ -12,9 +12,15 @@ class SimulatedDistanceCounter : public AppLogic::CDistanceCounter
 public:
     using CDistanceCounter::CDistanceCounter;
 
-    double distanceValue() const override;
+    double distanceValue() const override { return m_distance; }
     /** Shows @p distance, in metres; announced when it differs. */
-    void setDistance(double distance);
+    void setDistance(double distance)
+    {
+        if (distance != m_distance) {
+            m_distance = distance;
+            Q_EMIT distanceValueChanged(m_distance);
+        }
+    }
 
 private:
     double m_distance = 0;

@@ -12,17 +12,33 @@ class SimulatedPanTilt : public AppLogic::PanTiltProvider
 public:
     using PanTiltProvider::PanTiltProvider;
 
-    double getPan() const override;
-    double getTilt() const override;
-    double getCameraConstant() const override;
-    double getDistanceOffset() const override;
+    double getPan() const override { return m_pan; }
+    double getTilt() const override { return m_tilt; }
+    double getCameraConstant() const override { return m_cameraConstant; }
+    double getDistanceOffset() const override { return m_distanceOffset; }
 
     /** Turns the head; announced when it differs. */
-    void setPan(double pan);
+    void setPan(double pan)
+    {
+        if (pan != m_pan) {
+            m_pan = pan;
+            Q_EMIT panChanged(m_pan);
+        }
+    }
     /** Tilts the head; announced when it differs. */
-    void setTilt(double tilt);
+    void setTilt(double tilt)
+    {
+        if (tilt != m_tilt) {
+            m_tilt = tilt;
+            Q_EMIT tiltChanged(m_tilt);
+        }
+    }
     /** Replaces the calibration of the camera in use, which nothing announces. */
-    void setCalibration(double cameraConstant, double distanceOffset);
+    void setCalibration(double cameraConstant, double distanceOffset)
+    {
+        m_cameraConstant = cameraConstant;
+        m_distanceOffset = distanceOffset;
+    }
 
 private:
     double m_pan = 0;

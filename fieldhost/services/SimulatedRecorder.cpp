@@ -2,16 +2,6 @@
 
 namespace Tavro::FieldHost {
 
-int SimulatedRecorder::state() const
-{
-    return m_state;
-}
-
-qint64 SimulatedRecorder::duration() const
-{
-    return m_duration;
-}
-
 void SimulatedRecorder::record()
 {
     if (m_state != Idle) {

@@ -20,8 +20,8 @@ public:
 
     using CVideoRecorder::CVideoRecorder;
 
-    int state() const override;
-    qint64 duration() const override;
+    int state() const override { return m_state; }
+    qint64 duration() const override { return m_duration; }
 
     /** Begins a video: duration 0. Nothing when one is under way. */
     void record();

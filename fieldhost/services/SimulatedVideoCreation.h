@@ -19,16 +19,24 @@ public:
 
     using CVideoCreationHandler::CVideoCreationHandler;
 
-    int state() const override;
-    Multimedia::CVideoRecorder *videoRecorder() const override;
-    Database::CDomainObjectPointer currentSharedItem() const override;
+    int state() const override { return m_state; }
+    Multimedia::CVideoRecorder *videoRecorder() const override { return m_recorder; }
+    Database::CDomainObjectPointer currentSharedItem() const override { return m_item; }
 
     /** The recorder to use, not owned; null when the device has none. */
-    void setVideoRecorder(Multimedia::CVideoRecorder *recorder);
+    void setVideoRecorder(Multimedia::CVideoRecorder *recorder) { m_recorder = recorder; }
     /** Begins the creation of a video that belongs to @p item. */
-    void begin(const Database::CDomainObjectPointer &item);
+    void begin(const Database::CDomainObjectPointer &item)
+    {
+        m_item = item;
+        m_state = Creating;
+    }
     /** The video is stored, or given up. */
-    void end();
+    void end()
+    {
+        m_state = NoVideo;
+        m_item.reset();
+    }
 
 private:
     State m_state = NoVideo;

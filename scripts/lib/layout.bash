@@ -16,6 +16,15 @@ declare -A uses_of=(
     [view3d]='host'
 )
 
+# The same for the directories of fieldhost/. All of them may use shared/ and host/, as installed.
+declare -A fieldhost_uses_of=(
+    [catalog]=''
+    [cli]='catalog forms jobs services'
+    [forms]=''
+    [jobs]='catalog services'
+    [services]=''
+)
+
 # includes_of FOLDER: "file:line:included path" of all includes of this project's own headers
 includes_of()
 {
@@ -57,6 +66,22 @@ check_arrows()
             fi
         fi
     done < <(includes_of shared; includes_of host)
+
+    while IFS=: read -r file line included; do
+        from=$(cut --delimiter=/ --fields=2 <<<"$file")
+        to=$(cut --delimiter=/ --fields=2 <<<"$included")
+        if [[ $included == */detail/* ]]; then
+            echo "$file:$line: $included is not installed, so no host can use it"
+        elif [[ $included == fieldhost/* ]]; then
+            if [[ ! -v "fieldhost_uses_of[$from]" ]]; then
+                echo "$file:$line: fieldhost/$from is not in the table of scripts/lib/layout.bash"
+            elif [[ $to != "$from" && " ${fieldhost_uses_of[$from]} " != *" $to "* ]]; then
+                echo "$file:$line: fieldhost/$from may not use fieldhost/$to"
+            fi
+        elif [[ $(area_of "$included") == elsewhere ]]; then
+            echo "$file:$line: \"$included\" is neither of fieldhost/ nor of shared/ or host/"
+        fi
+    done < <(includes_of fieldhost)
 
     grep --recursive --line-number --extended-regexp \
         '^ *# *include *[<"].*(fieldhost|tests|benchmarks)/' shared host \

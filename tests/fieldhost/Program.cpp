@@ -88,10 +88,10 @@ void Program::setupChildProcess()
         refuseFurtherClones();
     }
     // the program starts with what the bounding set leaves, although it belongs to root
-    if (m_dropRights && ::geteuid() == 0
-        && (::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE) != 0
-            || ::prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH) != 0)) {
-        ::_exit(cannotDropRights);
+    for (const int right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH, CAP_SYS_TIME}) {
+        if (m_dropRights && ::geteuid() == 0 && ::prctl(PR_CAPBSET_DROP, right) != 0) {
+            ::_exit(cannotDropRights);
+        }
     }
 }
 

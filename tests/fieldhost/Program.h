@@ -24,8 +24,8 @@ public:
     Program();
 
     /**
-     * Root's right to read everything is taken from the program. Where the system refuses that,
-     * the program ends with exit code cannotDropRights.
+     * Root's rights to read everything and to set clocks are taken from the program. Where the
+     * system refuses that, the program ends with exit code cannotDropRights.
      */
     void dropRights();
     static constexpr int cannotDropRights = 125;

@@ -24,7 +24,7 @@ public:
 /**
  * A stick with one partition, /dev/sda1: a block device of 64 KiB that holds nothing but a boot
  * sector. The fake "mount" mounts it on /media/usbdrive as far as the mount table goes; what is
- * copied there lands in that folder.
+ * copied there lands in that directory.
  */
 class TestDrive
 {

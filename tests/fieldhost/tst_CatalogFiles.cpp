@@ -425,8 +425,8 @@ void tst_CatalogFiles::whatCannotBeReadHasNoPlace_data()
                                                << "there is no such file";
     QTest::newRow("no name") << ""
                              << "there is no such file";
-    QTest::newRow("a folder") << "folder"
-                              << "it is not a file";
+    QTest::newRow("a directory") << "directory"
+                                 << "it is not a file";
     QTest::newRow("a pipe that nobody writes to") << "pipe"
                                                   << "it is not a file";
     QTest::newRow("too large") << "large.json"
@@ -438,7 +438,7 @@ void tst_CatalogFiles::whatCannotBeReadHasNoPlace()
     QFETCH(QString, name);
 
     QVERIFY(QFile::link(path("none"), path("link.json")));
-    Test::makeFile(path("folder/file"));
+    Test::makeFile(path("directory/file"));
     QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
     QFile large(write("large.json", "{"));
     QVERIFY(large.resize(16 * 1024 * 1024 + 1));

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void setsTheTime();
     void failureIsSaid_data();
     void failureIsSaid();
+    void aMissingRightIsNamed();
     void wrongCommandLinesSetNothing_data();
     void wrongCommandLinesSetNothing();
     void helpNamesEveryExitCode();
@@ -139,6 +140,22 @@ void tst_Clock::failureIsSaid()
         QLatin1String("\nThe clock is not set, or not both clocks are.\n")));
 }
 
+void tst_Clock::aMissingRightIsNamed()
+{
+    m_commands->add(QStringLiteral("date"), "exit 1");
+    Program program;
+    program.dropRights();
+    program.begin({QStringLiteral("clock"), QStringLiteral("set-time"), QStringLiteral("13:05")});
+    const Outcome outcome = program.end();
+    if (outcome.exitCode == Program::cannotDropRights) {
+        QSKIP("the rights of root cannot be given up here");
+    }
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QVERIFY2(outcome.errors.contains(QLatin1String(
+                 "\nSetting a clock needs the rights of root, or the capability CAP_SYS_TIME.\n")),
+             qPrintable(outcome.errors));
+}
+
 void tst_Clock::wrongCommandLinesSetNothing_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -147,23 +164,29 @@ void tst_Clock::wrongCommandLinesSetNothing_data()
     const auto words = [](const char *line) {
         return QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts);
     };
-    QTest::newRow("no date") << words("set-date") << QStringLiteral("The DATE is missing.");
-    QTest::newRow("no time") << words("set-time") << QStringLiteral("The TIME is missing.");
+    QTest::newRow("no date") << words("set-date") << QStringLiteral("A DATE is missing.");
+    QTest::newRow("no time") << words("set-time") << QStringLiteral("A TIME is missing.");
     QTest::newRow("a day that is none")
-        << words("set-date 2026-02-29")
-        << QStringLiteral("\"2026-02-29\" is no date. One reads as 2026-11-21 does.");
+        << words("set-date 2026-02-29") << QStringLiteral("The calendar has no \"2026-02-29\".");
+    QTest::newRow("a day before all time")
+        << words("set-date 1969-12-31")
+        << QStringLiteral("\"1969-12-31\" is before 1970, when the system's time begins.");
     QTest::newRow("a date in another order")
         << words("set-date 21.11.2026")
-        << QStringLiteral("\"21.11.2026\" is no date. One reads as 2026-11-21 does.");
+        << QStringLiteral("\"21.11.2026\" is not a date such as 2026-11-21.");
     QTest::newRow("an hour that is none")
         << words("set-time 24:00")
-        << QStringLiteral("\"24:00\" is no time of day. One reads as 13:05 or 13:05:30 do.");
-    QTest::newRow("a word too many") << words("show me") << QStringLiteral("\"me\" is too much.");
+        << QStringLiteral("\"24:00\" is not a time of day such as 13:05:30, "
+                          "from 00:00 to 23:59:59.");
+    QTest::newRow("a word too many")
+        << words("show me") << QStringLiteral("\"clock show\" takes no \"me\".");
     QTest::newRow("a value too many")
-        << words("set-time 13:05 pm") << QStringLiteral("\"pm\" is too much.");
+        << words("set-time 13:05 pm") << QStringLiteral("\"clock set-time\" takes no \"pm\".");
     QTest::newRow("an unknown action")
         << words("settime 13:05")
-        << QStringLiteral("The clock cannot \"settime\". The nearest it can is \"set-time\".");
+        << QStringLiteral("\"clock\" knows no \"settime\". The nearest one is \"set-time\".");
+    QTest::newRow("an action that is near to none")
+        << words("adjust") << QStringLiteral("\"clock\" knows no \"adjust\".");
     QTest::newRow("an unknown option") << words("--utc") << QStringLiteral("Unknown option 'utc'.");
 }
 

@@ -1,6 +1,6 @@
 #include "fieldhost/catalog/CatalogFiles.h"
-#include "fieldhost/input/ColumnInputType.h"
-#include "fieldhost/input/FieldRules.h"
+#include "fieldhost/forms/ColumnInputType.h"
+#include "fieldhost/forms/FieldRules.h"
 #include "host/CCatalogTemplate.h"
 #include "host/CColumnDefinition.h"
 #include "host/CProgramView.h"

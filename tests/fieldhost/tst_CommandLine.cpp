@@ -20,6 +20,9 @@ private Q_SLOTS:
     void aMissingCommandIsAUsageError();
     void anUnknownCommandNamesTheNearest_data();
     void anUnknownCommandNamesTheNearest();
+    void nothingIsOfferedThatIsNotNear_data();
+    void nothingIsOfferedThatIsNotNear();
+    void helpIsACommand();
     void exportHelpListsEveryExitCode();
     void exportNeedsItsArguments_data();
     void exportNeedsItsArguments();
@@ -33,7 +36,7 @@ void tst_CommandLine::helpListsTheCommands()
         QCOMPARE(outcome.exitCode, int(Done));
         QVERIFY(outcome.output.startsWith(QLatin1String("Usage: ovo-fieldhost COMMAND ...\n")));
         const QString text = outcome.output.simplified();
-        QVERIFY(text.contains(QLatin1String(" export Copies folders and files durably")));
+        QVERIFY(text.contains(QLatin1String(" export Copies directories and files durably")));
         QVERIFY(text.contains(QLatin1String(" locale Shows how a project shows numbers")));
         QVERIFY(text.contains(QLatin1String(" convert Converts a length")));
         QVERIFY(text.contains(QLatin1String(" countries Lists the countries")));
@@ -82,6 +85,44 @@ void tst_CommandLine::anUnknownCommandNamesTheNearest()
                  .arg(typed));
 }
 
+void tst_CommandLine::nothingIsOfferedThatIsNotNear_data()
+{
+    QTest::addColumn<QString>("typed");
+
+    for (const char *typed : {"cp", "rm", "ls", "move", "list", "date"}) {
+        QTest::newRow(typed) << QString::fromLatin1(typed);
+    }
+}
+
+void tst_CommandLine::nothingIsOfferedThatIsNotNear()
+{
+    QFETCH(QString, typed);
+
+    const Outcome outcome = Program::run({typed});
+    QCOMPARE(outcome.exitCode, int(Usage));
+    QCOMPARE(outcome.errors,
+             QStringLiteral("There is no command \"%1\".\nTry: ovo-fieldhost --help\n").arg(typed));
+}
+
+void tst_CommandLine::helpIsACommand()
+{
+    const QString help = QStringLiteral("help");
+    const QString option = QStringLiteral("--help");
+    const Outcome all = Program::run({help});
+    QCOMPARE(all.exitCode, int(Done));
+    QCOMPARE(all.output, Program::run({option}).output);
+    for (const char *name : {"export", "safe-name", "convert"}) {
+        const Outcome one = Program::run({help, QLatin1String(name)});
+        QCOMPARE(one.exitCode, int(Done));
+        QCOMPARE(one.output, Program::run({QLatin1String(name), option}).output);
+        QCOMPARE(one.errors, QString());
+    }
+    const Outcome none = Program::run({help, QStringLiteral("exprt")});
+    QCOMPARE(none.exitCode, int(Usage));
+    QVERIFY(none.errors.startsWith(
+        QLatin1String("There is no command \"exprt\". The nearest one is \"export\".\n")));
+}
+
 void tst_CommandLine::exportHelpListsEveryExitCode()
 {
     const Outcome outcome = Program::run({QStringLiteral("export"), QStringLiteral("--help")});
@@ -101,8 +142,7 @@ void tst_CommandLine::exportNeedsItsArguments_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("reason");
 
-    QTest::newRow("nothing") << QStringList()
-                             << QStringLiteral("A SOURCE and a DESTINATION are missing.");
+    QTest::newRow("nothing") << QStringList() << QStringLiteral("A SOURCE is missing.");
     QTest::newRow("one path") << QStringList{QStringLiteral("a")}
                               << QStringLiteral("A DESTINATION is missing.");
     QTest::newRow("an empty path") << QStringList{QString(), QStringLiteral("b")}
@@ -132,7 +172,7 @@ void tst_CommandLine::anArgumentThatIsNotUtf8IsShownAndRefused()
     QVERIFY(shell.waitForFinished());
     QCOMPARE(shell.exitCode(), int(Usage));
     QCOMPARE(shell.readAllStandardError(),
-             QByteArray("\"b\\xffd\" is not valid UTF-8. A file or folder of this name can be "
+             QByteArray("\"b\\xffd\" is not valid UTF-8. A file or directory of this name can be "
                         "used once it is renamed.\n"));
 }
 

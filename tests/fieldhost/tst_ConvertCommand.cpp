@@ -63,6 +63,10 @@ void tst_ConvertCommand::lengthsAreConverted_data()
                                                   << "2.5 m = 250 cm";
     QTest::newRow("less than nothing") << "-3 m cm"
                                        << "-3 m = -300 cm";
+    QTest::newRow("less than nothing behind --") << "-- -3 m cm"
+                                                 << "-3 m = -300 cm";
+    QTest::newRow("less than nothing, without a zero") << "-,5 m cm"
+                                                       << "-0.5 m = -50 cm";
     QTest::newRow("nothing") << "0 m ft"
                              << "0 m = 0 ft";
     QTest::newRow("many zeros") << "1e12 m mm"
@@ -96,19 +100,16 @@ void tst_ConvertCommand::whatIsNotUnderstoodIsRefused_data()
     const auto noNumber = [number](const char *text) {
         return QString::fromLatin1(number).arg(QLatin1String(text));
     };
-    QTest::newRow("nothing") << QStringList() << "VALUE, FROM and TO are needed, and nothing else.";
-    QTest::newRow("no target") << typed("1 m")
-                               << "VALUE, FROM and TO are needed, and nothing else.";
-    QTest::newRow("too much") << typed("1 m ft mm")
-                              << "VALUE, FROM and TO are needed, and nothing else.";
+    QTest::newRow("nothing") << QStringList() << "A VALUE is missing.";
+    QTest::newRow("no target") << typed("1 m") << "A TO is missing.";
+    QTest::newRow("too much") << typed("1 m ft mm") << R"(There is an argument too many: "mm".)";
     QTest::newRow("a word") << typed("one m ft") << noNumber("one");
     QTest::newRow("two decimal marks") << typed("1.234,5 m ft") << noNumber("1.234,5");
     QTest::newRow("an empty number") << typed(" m ft") << noNumber("");
     QTest::newRow("not a number") << typed("nan m ft") << noNumber("nan");
     QTest::newRow("infinity") << typed("inf m ft") << noNumber("inf");
-    QTest::newRow("a number out of range") << typed("1e999 m ft") << noNumber("1e999");
-    QTest::newRow("an unknown option")
-        << typed("--fast m ft") << R"("--fast" is neither an option nor a number.)";
+    QTest::newRow("a number out of range") << typed("1e999 m ft") << R"("1e999" is too large.)";
+    QTest::newRow("an unknown option") << typed("--fast m ft") << "Unknown option 'fast'.";
     // the library would say 0
     QTest::newRow("an unknown source unit")
         << typed("1 feet m")
@@ -121,6 +122,9 @@ void tst_ConvertCommand::whatIsNotUnderstoodIsRefused_data()
     QTest::newRow("an unknown unit to itself")
         << typed("1 cn cn")
         << R"(There is no unit "cn". The nearest one is "cm", of m, ft, inch, mm, cm.)";
+    QTest::newRow("a unit that is near to none")
+        << typed("1 furlong m")
+        << R"(There is no unit "furlong". The units are m, ft, inch, mm, cm.)";
     QTest::newRow("a unit in capitals")
         << typed("1 MM m")
         << R"(There is no unit "MM". The nearest one is "mm", of m, ft, inch, mm, cm.)";

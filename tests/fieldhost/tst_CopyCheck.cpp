@@ -1,4 +1,4 @@
-#include "fieldhost/cli/export/CopyCheck.h"
+#include "fieldhost/jobs/CopyCheck.h"
 #include "tests/support/FileTree.h"
 
 #include <QDir>
@@ -27,8 +27,8 @@ private Q_SLOTS:
     void aVanishedSourceIsTheCause();
     void aCopyWhoseSourceIsGoneIsKept();
     void aSourceThatGrewIsTheCause();
-    void aLostFolderIsCreated();
-    void aFolderThatCannotBeCreatedIsNamed();
+    void aLostDirectoryIsCreated();
+    void aDirectoryThatCannotBeCreatedIsNamed();
     void twoNamesOfOneFileAreNoticed();
     void namesThatDifferInCaseOnlyAreTwoFilesHere();
 
@@ -57,7 +57,7 @@ ExportJob tst_CopyCheck::job() const
 {
     ExportJob job;
     job.source = m_source;
-    job.isFolder = true;
+    job.isDirectory = true;
     job.landing = m_copy;
     job.survey = surveyDirectory(m_source, [] { return false; });
     return job;
@@ -130,14 +130,14 @@ void tst_CopyCheck::aSourceThatGrewIsTheCause()
     QVERIFY(!QFile::exists(m_copy + QStringLiteral("/a")));
 }
 
-void tst_CopyCheck::aLostFolderIsCreated()
+void tst_CopyCheck::aLostDirectoryIsCreated()
 {
     QVERIFY(QDir().mkpath(m_source + QStringLiteral("empty/inside")));
     QVERIFY(!checkCopy(job(), m_copy).fault);
     QVERIFY(QDir(m_copy + QStringLiteral("/empty/inside")).exists());
 }
 
-void tst_CopyCheck::aFolderThatCannotBeCreatedIsNamed()
+void tst_CopyCheck::aDirectoryThatCannotBeCreatedIsNamed()
 {
     QVERIFY(QDir().mkpath(m_source + QStringLiteral("empty")));
     makeFile(m_copy + QStringLiteral("/empty"));
@@ -145,7 +145,7 @@ void tst_CopyCheck::aFolderThatCannotBeCreatedIsNamed()
     QVERIFY(check.fault);
     QCOMPARE(check.fault->source, m_source + QStringLiteral("empty"));
     QCOMPARE(check.fault->cause,
-             QStringLiteral("the folder cannot be created in the destination (File exists)"));
+             QStringLiteral("the directory cannot be created in the destination (File exists)"));
 }
 
 void tst_CopyCheck::twoNamesOfOneFileAreNoticed()

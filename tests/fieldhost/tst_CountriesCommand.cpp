@@ -61,7 +61,7 @@ void tst_CountriesCommand::nothingMayFollow()
     const Outcome outcome = countries({QStringLiteral("CH")});
     QCOMPARE(outcome.exitCode, int(Usage));
     QCOMPARE(outcome.errors,
-             QStringLiteral("\"CH\" is too much: nothing follows.\n"
+             QStringLiteral("There is an argument too many: \"CH\".\n"
                             "Try: ovo-fieldhost countries --help\n"));
     QCOMPARE(outcome.output, QString());
 }

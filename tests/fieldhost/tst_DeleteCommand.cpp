@@ -29,11 +29,11 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void foldersFilesAndLinksAreDeleted();
+    void directoriesFilesAndLinksAreDeleted();
     void withoutATerminalNothingGoesUnasked();
     void oneMissingPathKeepsAll();
-    void currentFolderIsRefused_data();
-    void currentFolderIsRefused();
+    void currentDirectoryIsRefused_data();
+    void currentDirectoryIsRefused();
     void linkWithASlashGoesAlone();
     void whatIsStillThereIsNamed();
     void theCauseIsNamed();
@@ -61,7 +61,7 @@ void tst_DeleteCommand::cleanup()
     m_folder.reset();
 }
 
-void tst_DeleteCommand::foldersFilesAndLinksAreDeleted()
+void tst_DeleteCommand::directoriesFilesAndLinksAreDeleted()
 {
     makeFile(path("tree/sub/a"), "1");
     makeFile(path("tree/.b"), "1");
@@ -100,7 +100,7 @@ void tst_DeleteCommand::oneMissingPathKeepsAll()
     QVERIFY(exists("tree/a"));
 }
 
-void tst_DeleteCommand::currentFolderIsRefused_data()
+void tst_DeleteCommand::currentDirectoryIsRefused_data()
 {
     QTest::addColumn<QString>("typed");
     for (const char *typed : {".", "./", "..", "/", "../here"}) {
@@ -108,7 +108,7 @@ void tst_DeleteCommand::currentFolderIsRefused_data()
     }
 }
 
-void tst_DeleteCommand::currentFolderIsRefused()
+void tst_DeleteCommand::currentDirectoryIsRefused()
 {
     QFETCH(QString, typed);
     makeFile(path("here/a"), "1");
@@ -117,7 +117,7 @@ void tst_DeleteCommand::currentFolderIsRefused()
     program.begin({s_delete, typed}); // without --yes, should it not be refused
     const Outcome outcome = program.end();
     QCOMPARE(outcome.exitCode, int(SourceRefused));
-    QVERIFY(outcome.errors.contains(QLatin1String(" is, or holds, the current folder.\n")));
+    QVERIFY(outcome.errors.contains(QLatin1String(" is, or holds, the current directory.\n")));
     QVERIFY(exists("here/a"));
 }
 
@@ -147,7 +147,7 @@ void tst_DeleteCommand::whatIsStillThereIsNamed()
              QStringLiteral("Failed: \"%1\", or part of it, is still there.\n"
                             "\"%1\" cannot be deleted: Invalid or incomplete multibyte or wide "
                             "character.\n"
-                            "The folder \"%1\" cannot be read as a whole.\n"
+                            "The directory \"%1\" cannot be read as a whole.\n"
                             "Failed: 1 of 2 not deleted.\n")
                  .arg(path("one")));
     QVERIFY(!exists("two"));
@@ -186,9 +186,10 @@ void tst_DeleteCommand::theCauseIsNamed()
     QVERIFY2(
         outcome.errors.contains(left.arg(path("closed/file")) + cause.arg(path("closed/file"))),
         qPrintable(outcome.errors));
-    QVERIFY2(outcome.errors.contains(QStringLiteral("The folder \"%1\" cannot be read as a whole")
-                                         .arg(path("unreadable/sub"))),
-             qPrintable(outcome.errors));
+    QVERIFY2(
+        outcome.errors.contains(QStringLiteral("The directory \"%1\" cannot be read as a whole")
+                                    .arg(path("unreadable/sub"))),
+        qPrintable(outcome.errors));
     QVERIFY(outcome.errors.endsWith(QLatin1String("Failed: 3 of 3 not deleted.\n")));
 }
 
@@ -212,7 +213,7 @@ void tst_DeleteCommand::terminalAsksAndYDeletes()
 {
     makeFile(path("tree/a"), someBytes(2048));
     TerminalProgram program({s_delete, path("tree")});
-    QVERIFY(program.waitFor("(folder of 2.0 KiB)\r\n"));
+    QVERIFY(program.waitFor("(directory of 2.0 KiB)\r\n"));
     QVERIFY(program.waitFor("Delete? y deletes, any other key does not\r\n"));
     QVERIFY(exists("tree/a"));
     program.type("y");

@@ -38,13 +38,13 @@ class tst_Export : public QObject
 private Q_SLOTS:
     void init();
 
-    void aFolderLandsUnderItsName();
+    void aDirectoryLandsUnderItsName();
     void contentsLandInTheDestinationItself_data();
     void contentsLandInTheDestinationItself();
     void aFileLandsUnderItsName();
     void severalSourcesLandSideBySide();
-    void missingFoldersOfTheDestinationAreCreated();
-    void anEmptyFolderIsCopied();
+    void missingDirectoriesOfTheDestinationAreCreated();
+    void anEmptyDirectoryIsCopied();
     void whatIsLeftOutIsTold();
     void namesOfAllKindsArrive_data();
     void namesOfAllKindsArrive();
@@ -64,8 +64,8 @@ private Q_SLOTS:
 
     void aFilledDestinationIsRefused();
     void anEmptyDestinationIsNot();
-    void aDestinationThatIsNoFolderIsRefused_data();
-    void aDestinationThatIsNoFolderIsRefused();
+    void aDestinationThatIsNoDirectoryIsRefused_data();
+    void aDestinationThatIsNoDirectoryIsRefused();
     void aDestinationWithoutRightsIsRefused();
     void sourceAndDestinationMustNotOverlap_data();
     void sourceAndDestinationMustNotOverlap();
@@ -77,8 +77,8 @@ private Q_SLOTS:
     void intoExistingKeepsWhatIsThere();
     void intoExistingReplacesFilesOfTheSameName();
     void intoExistingReplacesASingleFile();
-    void intoExistingRefusesAFolderInAFilesPlace();
-    void intoExistingRefusesAFileInAFoldersPlace();
+    void intoExistingRefusesADirectoryInAFilesPlace();
+    void intoExistingRefusesAFileInADirectoriesPlace();
     void intoExistingRefusesAnotherKindOfLanding();
 
 private:
@@ -100,7 +100,7 @@ void tst_Export::init()
     makeFile(m_source + QStringLiteral("/sub/zero"));
 }
 
-void tst_Export::aFolderLandsUnderItsName()
+void tst_Export::aDirectoryLandsUnderItsName()
 {
     const Outcome outcome = Program::run({s_export, m_source, m_destination});
     QCOMPARE(outcome.exitCode, int(Done));
@@ -122,9 +122,9 @@ void tst_Export::contentsLandInTheDestinationItself_data()
     QTest::addColumn<QString>("source");
 
     QTest::newRow("a slash at the end") << QStringLiteral("../source/");
-    QTest::newRow("the current folder") << QStringLiteral(".");
+    QTest::newRow("the current directory") << QStringLiteral(".");
     QTest::newRow("a dot at the end") << QStringLiteral("../source/.");
-    QTest::newRow("the parent folder") << QStringLiteral("sub/..");
+    QTest::newRow("the parent directory") << QStringLiteral("sub/..");
 }
 
 void tst_Export::contentsLandInTheDestinationItself()
@@ -175,14 +175,14 @@ void tst_Export::severalSourcesLandSideBySide()
     QCOMPARE(treeOf(m_destination), expected);
 }
 
-void tst_Export::missingFoldersOfTheDestinationAreCreated()
+void tst_Export::missingDirectoriesOfTheDestinationAreCreated()
 {
     const QString deep = m_destination + QStringLiteral("/a/b/c");
     QCOMPARE(Program::run({s_export, m_source, deep}).exitCode, int(Done));
     QCOMPARE(treeOf(deep + QStringLiteral("/source")), treeOf(m_source));
 }
 
-void tst_Export::anEmptyFolderIsCopied()
+void tst_Export::anEmptyDirectoryIsCopied()
 {
     QVERIFY(QDir().mkpath(path(QStringLiteral("empty"))));
     const Outcome outcome = Program::run({s_export, path(QStringLiteral("empty")), m_destination});
@@ -195,7 +195,7 @@ void tst_Export::whatIsLeftOutIsTold()
 {
     const QMap<QString, QByteArray> before = treeOf(m_source);
     makeFile(m_source + QStringLiteral("/.hidden"));
-    makeFile(m_source + QStringLiteral("/sub/.folder/inside"));
+    makeFile(m_source + QStringLiteral("/sub/.directory/inside"));
     QVERIFY(QFile::link(QStringLiteral("nowhere"), m_source + QStringLiteral("/broken")));
     QVERIFY(::mkfifo(QFile::encodeName(m_source + QStringLiteral("/pipe")).constData(), 0600) == 0);
     const Outcome outcome = Program::run({s_export, m_source, m_destination});
@@ -232,9 +232,9 @@ void tst_Export::namesOfAllKindsArrive()
 {
     QFETCH(QString, name);
 
-    // as folder, as file in it, as source that is a file, and as the destination
+    // as directory, as file in it, as source that is a file, and as the destination
     const QString place = path(QStringLiteral("place"));
-    makeFile(place + QLatin1Char('/') + name + QLatin1Char('/') + name, "in the folder");
+    makeFile(place + QLatin1Char('/') + name + QLatin1Char('/') + name, "in the directory");
     makeFile(path(QStringLiteral("files/")) + name + QStringLiteral("2").left(name.size() < 255),
              "alone");
     const QString file = QDir(path(QStringLiteral("files"))).entryList(QDir::Files).constFirst();
@@ -246,7 +246,7 @@ void tst_Export::namesOfAllKindsArrive()
     program.begin(
         {s_export, QStringLiteral("--"), name, path(QStringLiteral("again/")) + name, destination});
     Outcome outcome = program.end();
-    // a folder and a file of one name cannot both land there
+    // a directory and a file of one name cannot both land there
     QCOMPARE(outcome.exitCode, int(DestinationRefused));
 
     program.begin(
@@ -262,7 +262,7 @@ void tst_Export::namesOfAllKindsArrive()
     QCOMPARE(outcome.errors, QString());
     QCOMPARE(outcome.exitCode, int(Done));
     QCOMPARE(contentOf(destination + QLatin1Char('/') + name + QLatin1Char('/') + name),
-             QByteArray("in the folder"));
+             QByteArray("in the directory"));
 
     program.begin({s_export, QStringLiteral("--"), path(QStringLiteral("again/")) + name,
                    destination + QStringLiteral("/x")});
@@ -354,7 +354,8 @@ void tst_Export::aMissingSourceIsRefused_data()
         << QStringLiteral("broken")
         << QStringLiteral("The source \"broken\" is a link that leads nowhere.\n");
     QTest::newRow("a file with a slash")
-        << QStringLiteral("a.bin/") << QStringLiteral("The source \"a.bin/\" is not a folder.\n");
+        << QStringLiteral("a.bin/")
+        << QStringLiteral("The source \"a.bin/\" is not a directory.\n");
 }
 
 void tst_Export::aMissingSourceIsRefused()
@@ -378,7 +379,7 @@ void tst_Export::aSourceThatIsNoFileIsRefused()
     const Outcome outcome = Program::run({s_export, QStringLiteral("/dev/null"), m_destination});
     QCOMPARE(outcome.exitCode, int(SourceRefused));
     QCOMPARE(outcome.errors,
-             QStringLiteral("\"/dev/null\": neither a folder nor a regular file.\n"
+             QStringLiteral("\"/dev/null\": neither a directory nor a regular file.\n"
                             "So a copy of \"/dev/null\" could not be whole; nothing was "
                             "copied.\n"));
     QVERIFY(nothingWasWritten());
@@ -394,7 +395,7 @@ void tst_Export::problemsOfASourceAreNamed()
     QCOMPARE(outcome.errors,
              QStringLiteral(
                  "\"%1/n\\xff\": the name is not valid UTF-8; it can be copied once renamed.\n"
-                 "\"%1/loop\": the link leads back to a folder that holds it, so the copy would "
+                 "\"%1/loop\": the link leads back to a directory that holds it, so the copy would "
                  "never end.\n"
                  "\"%1/sub/device\": the link leads to a pipe, a socket or a device.\n"
                  "So a copy of \"%1/\" could not be whole; nothing was copied.\n")
@@ -422,8 +423,8 @@ void tst_Export::anUnreadableFileIsRefused_data()
 
     QTest::newRow("a file") << QStringLiteral("/sub/b.txt")
                             << QStringLiteral("the file cannot be read (Permission denied)");
-    QTest::newRow("a folder") << QStringLiteral("/sub")
-                              << QStringLiteral("the folder cannot be read (Permission denied)");
+    QTest::newRow("a directory") << QStringLiteral(
+        "/sub") << QStringLiteral("the directory cannot be read (Permission denied)");
 }
 
 void tst_Export::anUnreadableFileIsRefused()
@@ -456,8 +457,8 @@ void tst_Export::aFilledDestinationIsRefused()
     QCOMPARE(outcome.output, QString());
     QVERIFY(outcome.errors.startsWith(
         QStringLiteral("The destination \"%1\" exists and is not empty.\n").arg(m_destination)));
-    QVERIFY(outcome.errors.contains(
-        QLatin1String("An abort removes the folders of a copy whole, with all that they held")));
+    QVERIFY(outcome.errors.contains(QLatin1String(
+        "An abort removes the directories of a copy whole, with all that they held")));
     QVERIFY(outcome.errors.contains(s_intoExisting));
     QCOMPARE(treeOf(m_destination).keys(), QStringList{QStringLiteral(".precious")});
 }
@@ -470,24 +471,24 @@ void tst_Export::anEmptyDestinationIsNot()
     QCOMPARE(treeOf(m_destination), treeOf(m_source));
 }
 
-void tst_Export::aDestinationThatIsNoFolderIsRefused_data()
+void tst_Export::aDestinationThatIsNoDirectoryIsRefused_data()
 {
     QTest::addColumn<QString>("destination");
     QTest::addColumn<QString>("reason");
 
     QTest::newRow("a file") << QStringLiteral("a.bin")
-                            << QStringLiteral("The destination \"%1/a.bin\" is not a folder.\n");
+                            << QStringLiteral("The destination \"%1/a.bin\" is not a directory.\n");
     QTest::newRow("below a file")
         << QStringLiteral("a.bin/x")
         << QStringLiteral("The destination \"%1/a.bin/x\" cannot be created: \"%1/a.bin\" is not "
-                          "a folder.\n");
+                          "a directory.\n");
     QTest::newRow("a broken link")
         << QStringLiteral("broken")
         << QStringLiteral("The destination \"%1/broken\" cannot be created: \"%1/broken\" is a "
                           "link that leads nowhere.\n");
 }
 
-void tst_Export::aDestinationThatIsNoFolderIsRefused()
+void tst_Export::aDestinationThatIsNoDirectoryIsRefused()
 {
     QFETCH(QString, destination);
     QFETCH(QString, reason);
@@ -524,9 +525,9 @@ void tst_Export::sourceAndDestinationMustNotOverlap_data()
     QTest::addColumn<QString>("reason");
 
     const QString onto = QStringLiteral("\"%1\" would be copied onto itself.\n");
-    QTest::newRow("a folder into its parent")
+    QTest::newRow("a directory into its parent")
         << QStringList{QStringLiteral("source"), QStringLiteral(".")} << onto;
-    QTest::newRow("contents into their folder")
+    QTest::newRow("contents into their directory")
         << QStringList{QStringLiteral("source/"), QStringLiteral("source")} << onto;
     QTest::newRow("through a link")
         << QStringList{QStringLiteral("link/"), QStringLiteral("source")} << onto;
@@ -542,7 +543,7 @@ void tst_Export::sourceAndDestinationMustNotOverlap_data()
         << QStringList{QStringLiteral("source/sub/"), QStringLiteral("source")}
         << QStringLiteral("The source \"%1/sub\" lies inside the destination \"%1\", so the copy "
                           "could replace parts of its own source.\n");
-    QTest::newRow("a file into its folder")
+    QTest::newRow("a file into its directory")
         << QStringList{QStringLiteral("source/a.bin"), QStringLiteral("source")}
         << QStringLiteral("\"%1/a.bin\" would be copied onto itself.\n");
     QTest::newRow("a file onto another name of it")
@@ -599,10 +600,11 @@ void tst_Export::filesOfTwoSourcesMustNotCollide()
     outcome = Program::run(
         {s_export, m_source + QLatin1Char('/'), path(QStringLiteral("two/")), m_destination});
     QCOMPARE(outcome.exitCode, int(DestinationRefused));
-    QCOMPARE(outcome.errors,
-             QStringLiteral("The file \"%1/two/sub\" and a folder of \"%2/\" would both be copied "
-                            "to \"%3/sub\".\n")
-                 .arg(m_folder->path(), m_source, m_destination));
+    QCOMPARE(
+        outcome.errors,
+        QStringLiteral("The file \"%1/two/sub\" and a directory of \"%2/\" would both be copied "
+                       "to \"%3/sub\".\n")
+            .arg(m_folder->path(), m_source, m_destination));
     QVERIFY(nothingWasWritten());
 }
 
@@ -677,20 +679,21 @@ void tst_Export::intoExistingReplacesASingleFile()
     QCOMPARE(contentOf(m_destination + QStringLiteral("/a.bin")), someBytes(5'000'000));
 }
 
-void tst_Export::intoExistingRefusesAFolderInAFilesPlace()
+void tst_Export::intoExistingRefusesADirectoryInAFilesPlace()
 {
     makeFile(m_destination + QStringLiteral("/sub"), "a file");
     const Outcome outcome =
         Program::run({s_export, s_intoExisting, m_source + QLatin1Char('/'), m_destination});
     QCOMPARE(outcome.exitCode, int(DestinationRefused));
-    QCOMPARE(outcome.errors,
-             QStringLiteral("The folder \"%1/sub\" cannot take the place of \"%2/sub\", which is "
-                            "not a folder.\n")
-                 .arg(m_source, m_destination));
+    QCOMPARE(
+        outcome.errors,
+        QStringLiteral("The directory \"%1/sub\" cannot take the place of \"%2/sub\", which is "
+                       "not a directory.\n")
+            .arg(m_source, m_destination));
     QCOMPARE(treeOf(m_destination).keys(), QStringList{QStringLiteral("sub")});
 }
 
-void tst_Export::intoExistingRefusesAFileInAFoldersPlace()
+void tst_Export::intoExistingRefusesAFileInADirectoriesPlace()
 {
     QVERIFY(QDir().mkpath(m_destination + QStringLiteral("/a.bin")));
     const Outcome outcome =
@@ -698,7 +701,7 @@ void tst_Export::intoExistingRefusesAFileInAFoldersPlace()
     QCOMPARE(outcome.exitCode, int(DestinationRefused));
     QCOMPARE(outcome.errors,
              QStringLiteral("The file \"%1/a.bin\" cannot take the place of \"%2/a.bin\", which "
-                            "is a folder.\n")
+                            "is a directory.\n")
                  .arg(m_source, m_destination));
     QCOMPARE(treeOf(m_destination).keys(), QStringList{QStringLiteral("a.bin/")});
 }
@@ -709,8 +712,8 @@ void tst_Export::intoExistingRefusesAnotherKindOfLanding()
     Outcome outcome = Program::run({s_export, s_intoExisting, m_source, m_destination});
     QCOMPARE(outcome.exitCode, int(DestinationRefused));
     QCOMPARE(outcome.errors,
-             QStringLiteral("The folder \"%1/\" cannot be copied to \"%2/source\", which is not "
-                            "a folder.\n")
+             QStringLiteral("The directory \"%1/\" cannot be copied to \"%2/source\", which is not "
+                            "a directory.\n")
                  .arg(m_source, m_destination));
 
     QVERIFY(QDir().mkpath(m_destination + QStringLiteral("/a.bin")));

@@ -60,7 +60,7 @@ private Q_SLOTS:
     void aSignalAborts();
     void anAbortIntoExistingChangesNothingThere();
     void anAbortRemovesTheCopiesOfAllSources();
-    void anAbortKeepsFoldersThatWereThere();
+    void anAbortKeepsDirectoriesThatWereThere();
 
     void tooSmallADiskIsRefused();
     void aDiskThatFillsUpIsNoticed();
@@ -197,7 +197,7 @@ void tst_ExportFailures::whatIsWholeStays()
     makeFile(path(QStringLiteral("single")), "single");
     Handshake handshake;
     Program program;
-    // folders go first, so the single file is copied after the gate
+    // directories go first, so the single file is copied after the gate
     program.begin({s_export, path(QStringLiteral("single")), m_source, m_destination});
     QVERIFY(handshake.waitUntilHeld());
     QVERIFY(QFile::remove(path(QStringLiteral("single"))));
@@ -276,7 +276,7 @@ void tst_ExportFailures::aKilledExportIsClearedUpByTheNext_data()
     QTest::addColumn<QStringList>("options");
     QTest::newRow("into what exists")
         << QStringLiteral("source/other") << QStringList{s_intoExisting};
-    QTest::newRow("into an empty folder") << QString() << QStringList();
+    QTest::newRow("into an empty directory") << QString() << QStringList();
 }
 
 void tst_ExportFailures::aKilledExportIsClearedUpByTheNext()
@@ -371,7 +371,7 @@ void tst_ExportFailures::aSignalAborts()
     QCOMPARE(outcome.errors, QString());
     QVERIFY(outcome.output.endsWith(
         QStringLiteral("\nAborted. Removed: \"%1/deep/er/source\"\n").arg(m_destination)));
-    QVERIFY(!QFile::exists(m_destination)); // the folders made for it are gone as well
+    QVERIFY(!QFile::exists(m_destination)); // the directories made for it are gone as well
 }
 
 void tst_ExportFailures::anAbortIntoExistingChangesNothingThere()
@@ -412,7 +412,7 @@ void tst_ExportFailures::anAbortRemovesTheCopiesOfAllSources()
     QVERIFY(QDir(m_destination).isEmpty());
 }
 
-void tst_ExportFailures::anAbortKeepsFoldersThatWereThere()
+void tst_ExportFailures::anAbortKeepsDirectoriesThatWereThere()
 {
     QVERIFY(QDir().mkpath(m_destination));
     struct stat before
@@ -474,7 +474,7 @@ void tst_ExportFailures::aDiskThatFillsUpIsNoticed()
 
 void tst_ExportFailures::aDiskWithoutRoomForMoreFilesIsNoticed()
 {
-    // the root, the destination, its folder and one file
+    // the root, the destination, its directory and one file
     SKIP_WITHOUT_DISK("size=1m,nr_inodes=4");
     const Outcome outcome = Program::run({s_export, m_source, m_destination});
     QCOMPARE(outcome.exitCode, int(Failed));

@@ -33,7 +33,7 @@ constexpr qint64 s_mebibyte = 1024LL * 1024;
 /**
  * `ovo-fieldhost export` to a real volume that is unmounted while it is written to.
  *
- * The copy is held where the folder's last byte is written, with a file still to come.
+ * The copy is held where the directory's last byte is written, with a file still to come.
  */
 class tst_ExportTakenAway : public QObject
 {
@@ -47,7 +47,7 @@ private Q_SLOTS:
     void aDriveThatIsCopiedToIsNotUnmounted();
     void nothingLandsBelowTheMountPoint_data();
     void nothingLandsBelowTheMountPoint();
-    void aFolderThatIsReplacedIsNoticed();
+    void aDirectoryThatIsReplacedIsNoticed();
 
 private:
     bool mountDrive() const;
@@ -126,10 +126,10 @@ void tst_ExportTakenAway::nothingLandsBelowTheMountPoint_data()
 {
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QString>("destination");
-    QTest::newRow("a new folder of the drive")
+    QTest::newRow("a new directory of the drive")
         << QStringList() << s_drive + QStringLiteral("/export");
     QTest::newRow("the drive itself") << QStringList{QStringLiteral("--into-existing")} << s_drive;
-    QTest::newRow("a folder that holds something")
+    QTest::newRow("a directory that holds something")
         << QStringList{QStringLiteral("--into-existing")} << s_drive + QStringLiteral("/filled");
 }
 
@@ -150,11 +150,12 @@ void tst_ExportTakenAway::nothingLandsBelowTheMountPoint()
     handshake.letGo();
     const Outcome outcome = program.end();
     QCOMPARE(outcome.exitCode, int(Failed));
-    QVERIFY2(outcome.errors.startsWith(
-                 QStringLiteral("Failed: the drive was taken away, or the folder moved: \"%1\" is "
-                                "not what it was when the copy began.\n")
-                     .arg(destination)),
-             qPrintable(outcome.errors));
+    QVERIFY2(
+        outcome.errors.startsWith(
+            QStringLiteral("Failed: the drive was taken away, or the directory moved: \"%1\" is "
+                           "not what it was when the copy began.\n")
+                .arg(destination)),
+        qPrintable(outcome.errors));
     QVERIFY(!outcome.output.contains(QLatin1String("Done")));
     QCOMPARE(treeOf(s_drive), (QMap<QString, QByteArray>()));
     QVERIFY(mountDrive());
@@ -162,7 +163,7 @@ void tst_ExportTakenAway::nothingLandsBelowTheMountPoint()
     QCOMPARE(after, before);
 }
 
-void tst_ExportTakenAway::aFolderThatIsReplacedIsNoticed()
+void tst_ExportTakenAway::aDirectoryThatIsReplacedIsNoticed()
 {
     const QString destination = s_drive + QStringLiteral("/filled");
     makeFile(destination + QStringLiteral("/old"), "old");
@@ -177,7 +178,7 @@ void tst_ExportTakenAway::aFolderThatIsReplacedIsNoticed()
     const Outcome outcome = program.end();
     QCOMPARE(outcome.exitCode, int(Failed));
     QVERIFY(outcome.errors.startsWith(QLatin1String("Failed: the drive was taken away, or the "
-                                                    "folder moved: ")));
+                                                    "directory moved: ")));
     QCOMPARE(treeOf(destination).keys(), QStringList{QStringLiteral("another")});
     QCOMPARE(treeOf(s_drive + QStringLiteral("/moved")).keys(), QStringList{QStringLiteral("old")});
 }

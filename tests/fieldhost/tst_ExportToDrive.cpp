@@ -39,7 +39,7 @@ private Q_SLOTS:
     void aCopyIsBracketed();
     void aDriveThatIsMountedIsUnmountedAfter();
     void aLinkToTheDriveIsTheDrive();
-    void theProgramsOwnFolderDoesNotKeepTheDrive();
+    void theProgramsOwnDirectoryDoesNotKeepTheDrive();
     void aDestinationElsewhereRunsNothing();
 
     void aRefusedCopyUnlocks();
@@ -120,17 +120,17 @@ void tst_ExportToDrive::aLinkToTheDriveIsTheDrive()
     QCOMPARE(drive.commands.journal().value(3), s_umount);
 }
 
-void tst_ExportToDrive::theProgramsOwnFolderDoesNotKeepTheDrive()
+void tst_ExportToDrive::theProgramsOwnDirectoryDoesNotKeepTheDrive()
 {
     TestDrive drive;
-    const QByteArray folder = QFile::encodeName(m_folder->filePath(QStringLiteral("folder")));
+    const QByteArray directory = QFile::encodeName(m_folder->filePath(QStringLiteral("directory")));
     drive.commands.add(QStringLiteral("umount"),
-                       "readlink /proc/$PPID/cwd > '" + folder + "'; : > /etc/mtab");
+                       "readlink /proc/$PPID/cwd > '" + directory + "'; : > /etc/mtab");
     DriveProgram program;
     program.setWorkingDirectory(QStringLiteral("/media/usbdrive"));
     program.begin({QStringLiteral("export"), source(), QStringLiteral("export")});
     QCOMPARE(program.end().exitCode, int(Done));
-    QCOMPARE(contentOf(QFile::decodeName(folder)), QByteArray("/\n"));
+    QCOMPARE(contentOf(QFile::decodeName(directory)), QByteArray("/\n"));
 }
 
 void tst_ExportToDrive::aDestinationElsewhereRunsNothing()

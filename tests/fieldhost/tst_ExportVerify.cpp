@@ -60,8 +60,8 @@ void tst_ExportVerify::spoil(const QString &file)
 void tst_ExportVerify::wholeCopyIsVerified_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("folder") << QStringLiteral("source");
-    QTest::newRow("contents of a folder") << QStringLiteral("source/");
+    QTest::newRow("directory") << QStringLiteral("source");
+    QTest::newRow("contents of a directory") << QStringLiteral("source/");
     QTest::newRow("single file") << QStringLiteral("source/data.bin");
 }
 
@@ -106,10 +106,10 @@ void tst_ExportVerify::copyThatReplacedAFileIsComparedInItsPlace()
     QVERIFY(handshake.waitUntilHeld());
     // the copy is elsewhere still, but by the time it is compared it is here
     QVERIFY(program.waitForOutput("once all of the copy is whole"));
-    const QString folder = m_destination + QStringLiteral("/source/");
+    const QString directory = m_destination + QStringLiteral("/source/");
     const QString staging =
-        QDir(folder).entryList(QDir::AllDirs | QDir::Hidden | QDir::NoDotAndDotDot).value(0);
-    spoil(folder + staging + QStringLiteral("/folder/source/data.bin"));
+        QDir(directory).entryList(QDir::AllDirs | QDir::Hidden | QDir::NoDotAndDotDot).value(0);
+    spoil(directory + staging + QStringLiteral("/folder/source/data.bin"));
     handshake.letGo();
     const Outcome outcome = program.end();
     QCOMPARE(outcome.exitCode, int(Failed));
@@ -118,8 +118,8 @@ void tst_ExportVerify::copyThatReplacedAFileIsComparedInItsPlace()
                             "from it.\nThe copies that replaced files of the same name stay where "
                             "they are. Export again.\n")
                  .arg(m_source));
-    QCOMPARE(QFile(folder + QStringLiteral("data.bin")).size(), qint64(100'000));
-    QCOMPARE(QDir(folder).entryList(QDir::AllDirs | QDir::Hidden | QDir::NoDotAndDotDot),
+    QCOMPARE(QFile(directory + QStringLiteral("data.bin")).size(), qint64(100'000));
+    QCOMPARE(QDir(directory).entryList(QDir::AllDirs | QDir::Hidden | QDir::NoDotAndDotDot),
              QStringList());
 }
 

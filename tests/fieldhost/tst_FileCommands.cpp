@@ -38,7 +38,7 @@ private Q_SLOTS:
     void unreadableFileIsNamed();
     void nameIsTheNextThatIsFree();
     void nameOfDateAndTimeNeedsNoPrefix();
-    void nameNeedsAFolder();
+    void nameNeedsADirectory();
     void nameNeedsToKnowTheNamesThatAreTaken_data();
     void nameNeedsToKnowTheNamesThatAreTaken();
     void textIsMadeAName_data();
@@ -110,14 +110,15 @@ void tst_FileCommands::argumentsAreAskedFor_data()
     row("size ", "A PATH is empty.");
     row("compare", "A FILE is missing.");
     row("compare a", "A FILE is missing.");
-    row("compare a b c", "There is one FILE too many.");
+    row("compare a b c", "There is an argument too many: \"c\".");
     row("name", "--dir is missing.");
     row("name --dir .", "--ext is missing.");
     row("name --ext jpg", "--dir is missing.");
-    row("name --dir . --ext jpg surplus", "There is one argument too many.");
+    row("name --dir . --ext jpg surplus", "There is an argument too many: \"surplus\".");
     row("safe-name", "A TEXT is missing.");
+    row("safe-name ", "A TEXT is empty.");
     row("free", "A PATH is missing.");
-    row("free a b", "There is one PATH too many.");
+    row("free a b", "There is an argument too many: \"b\".");
     row("delete", "A PATH is missing.");
     row("delete --yes", "A PATH is missing.");
     row("size --frobnicate", "Unknown option 'frobnicate'.");
@@ -159,7 +160,7 @@ void tst_FileCommands::sizeOfNothingIsRefused()
     QCOMPARE(outcome.exitCode, int(SourceRefused));
     QCOMPARE(outcome.output, QStringLiteral("5 B (5 bytes): \"%1\"\n").arg(path("file")));
     QCOMPARE(outcome.errors,
-             QStringLiteral("\"%1\" is neither folder nor file.\n").arg(path("missing")));
+             QStringLiteral("\"%1\" is neither directory nor file.\n").arg(path("missing")));
 }
 
 void tst_FileCommands::sizeTellsWhatItCouldNotLookInto()
@@ -173,8 +174,8 @@ void tst_FileCommands::sizeTellsWhatItCouldNotLookInto()
     program.dropRights();
     program.begin({QStringLiteral("size"), path("tree"), path("tree/closed")});
     const Outcome outcome = program.end();
-    for (const char *folder : {"tree/closed", "tree/unreachable"}) {
-        QVERIFY(QFile::setPermissions(path(folder),
+    for (const char *directory : {"tree/closed", "tree/unreachable"}) {
+        QVERIFY(QFile::setPermissions(path(directory),
                                       QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     }
     if (outcome.exitCode == Program::cannotDropRights) {
@@ -253,20 +254,21 @@ void tst_FileCommands::nameOfDateAndTimeNeedsNoPrefix()
     QVERIFY2(form.match(outcome.output).hasMatch(), qPrintable(outcome.output));
 }
 
-void tst_FileCommands::nameNeedsAFolder()
+void tst_FileCommands::nameNeedsADirectory()
 {
     const Outcome outcome =
         Program::run({QStringLiteral("name"), QStringLiteral("--dir"), path("missing"),
                       QStringLiteral("--ext"), QStringLiteral("jpg")});
     QCOMPARE(outcome.exitCode, int(DestinationRefused));
-    QCOMPARE(outcome.errors, QStringLiteral("\"%1\" is no folder.\n").arg(path("missing")));
+    QCOMPARE(outcome.errors, QStringLiteral("\"%1\" is not a directory.\n").arg(path("missing")));
 }
 
 void tst_FileCommands::nameNeedsToKnowTheNamesThatAreTaken_data()
 {
     QTest::addColumn<int>("rights");
-    QTest::newRow("a folder that may not be read") << int(QFile::ExeOwner | QFile::WriteOwner);
-    QTest::newRow("a folder that may not be entered") << int(QFile::ReadOwner | QFile::WriteOwner);
+    QTest::newRow("a directory that may not be read") << int(QFile::ExeOwner | QFile::WriteOwner);
+    QTest::newRow("a directory that may not be entered")
+        << int(QFile::ReadOwner | QFile::WriteOwner);
 }
 
 void tst_FileCommands::nameNeedsToKnowTheNamesThatAreTaken()

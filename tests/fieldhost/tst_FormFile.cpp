@@ -1,5 +1,5 @@
 #include "fieldhost/catalog/CatalogFiles.h"
-#include "fieldhost/input/FormFile.h"
+#include "fieldhost/forms/FormFile.h"
 #include "host/CCatalogTemplate.h"
 #include "host/CColumnDefinition.h"
 #include "host/CProgramView.h"
@@ -27,8 +27,8 @@ private Q_SLOTS:
 
 void tst_FormFile::everyKeyIsRead()
 {
-    const TemporaryFolder folder;
-    const QString path = folder.filePath(QStringLiteral("form.json"));
+    const TemporaryFolder directory;
+    const QString path = directory.filePath(QStringLiteral("form.json"));
     makeFile(path, R"({"format": 1,
         "codeLists": {"m": [{"code": "A", "text": "Alpha"}, {"code": "B", "text": "Beta"}]},
         "columns": {"C": {"caption": "Cap", "type": "DEC", "mandatory": true, "list": "m",
@@ -57,8 +57,8 @@ void tst_FormFile::everyKeyIsRead()
 
 void tst_FormFile::whatIsLeftOutIsNotSet()
 {
-    const TemporaryFolder folder;
-    const QString path = folder.filePath(QStringLiteral("form.json"));
+    const TemporaryFolder directory;
+    const QString path = directory.filePath(QStringLiteral("form.json"));
     makeFile(path, R"({"format": 1, "columns": {"C": {}}})");
     QString error;
     const auto form = readForm(path, error);
@@ -136,8 +136,8 @@ void tst_FormFile::aMistakeIsNamed()
 {
     QFETCH(QByteArray, content);
 
-    const TemporaryFolder folder;
-    const QString path = folder.filePath(QStringLiteral("form.json"));
+    const TemporaryFolder directory;
+    const QString path = directory.filePath(QStringLiteral("form.json"));
     makeFile(path, content);
     QString error;
     QVERIFY(!readForm(path, error));
@@ -146,8 +146,8 @@ void tst_FormFile::aMistakeIsNamed()
 
 void tst_FormFile::aFileThatIsNoneIsNotOpened()
 {
-    const TemporaryFolder folder;
-    for (const QString &path : {folder.path(), folder.filePath(QStringLiteral("missing"))}) {
+    const TemporaryFolder directory;
+    for (const QString &path : {directory.path(), directory.filePath(QStringLiteral("missing"))}) {
         QString error;
         QVERIFY(!readForm(path, error));
         QCOMPARE(error, QStringLiteral("it cannot be read"));

@@ -197,8 +197,8 @@ void tst_LocaleCommand::inchesAreShownAsMetres()
 
 void tst_LocaleCommand::aCatalogWithoutAUnitLeavesItToTheLocale()
 {
-    const TemporaryFolder folder;
-    const QString file = folder.filePath(QStringLiteral("catalog.json"));
+    const TemporaryFolder directory;
+    const QString file = directory.filePath(QStringLiteral("catalog.json"));
     makeFile(file,
              R"({"format": 1, "id": "c", "name": "n", "country": "USA", "language": "ENG",
                  "template": {"id": "t", "views": []}})");
@@ -231,8 +231,8 @@ void tst_LocaleCommand::oneCodeIsEnough()
 
 void tst_LocaleCommand::unknownCodesOfACatalogAreNamedAndShownAsTheyWork()
 {
-    const TemporaryFolder folder;
-    const QString file = folder.filePath(QStringLiteral("catalog.json"));
+    const TemporaryFolder directory;
+    const QString file = directory.filePath(QStringLiteral("catalog.json"));
     makeFile(file,
              R"({"format": 1, "id": "c", "name": "n", "country": "DE", "language": "Deu",
                  "template": {"id": "t", "unit": "yd", "views": []}})");
@@ -253,8 +253,8 @@ void tst_LocaleCommand::unknownCodesOfACatalogAreNamedAndShownAsTheyWork()
 
 void tst_LocaleCommand::namesInACatalogCannotCommandTheTerminal()
 {
-    const TemporaryFolder folder;
-    const QString file = folder.filePath(QStringLiteral("catalog.json"));
+    const TemporaryFolder directory;
+    const QString file = directory.filePath(QStringLiteral("catalog.json"));
     makeFile(
         file,
         R"({"format": 1, "id": "c", "name": "\u001b[2J", "country": "D\u0007", "language": "DEU",
@@ -288,7 +288,7 @@ void tst_LocaleCommand::unknownCodesAreRefused_data()
     QTest::newRow("an option") << "--land D"
                                << "Unknown option 'land'.";
     QTest::newRow("a word too much") << "CH"
-                                     << "\"CH\" belongs to no option.";
+                                     << "There is an argument too many: \"CH\".";
 }
 
 void tst_LocaleCommand::unknownCodesAreRefused()
@@ -304,8 +304,8 @@ void tst_LocaleCommand::unknownCodesAreRefused()
 
 void tst_LocaleCommand::aMalformedCatalogIsNamedWithPlaceAndCause()
 {
-    const TemporaryFolder folder;
-    const QString file = folder.filePath(QStringLiteral("catalog.json"));
+    const TemporaryFolder directory;
+    const QString file = directory.filePath(QStringLiteral("catalog.json"));
     makeFile(file, "{\n  \"format\": 1,\n  \"id\" \"c\"\n}\n");
     const Outcome outcome = locale(QStringLiteral("--catalog ") + file);
     QCOMPARE(outcome.exitCode, int(Failed));

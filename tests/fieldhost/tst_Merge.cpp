@@ -1,5 +1,5 @@
-#include "fieldhost/cli/export/Merge.h"
-#include "fieldhost/cli/export/StagedCopy.h"
+#include "fieldhost/jobs/Merge.h"
+#include "fieldhost/jobs/StagedCopy.h"
 #include "tests/support/FileTree.h"
 
 #include <QDir>
@@ -39,7 +39,7 @@ private Q_SLOTS:
 
 private:
     static void addFileSystems();
-    ExportJob job(const QString &source, bool isFolder) const;
+    ExportJob job(const QString &source, bool isDirectory) const;
     QString path(const QString &name) const { return m_folder->filePath(name); }
     QString place(const QString &name = QString()) const
     {
@@ -88,16 +88,16 @@ void tst_Merge::cleanup()
     m_folder.reset();
 }
 
-ExportJob tst_Merge::job(const QString &source, bool isFolder) const
+ExportJob tst_Merge::job(const QString &source, bool isDirectory) const
 {
     ExportJob job;
     job.source = path(source);
-    job.isFolder = isFolder;
-    job.landing = isFolder ? place().chopped(1) : place(source);
+    job.isDirectory = isDirectory;
+    job.landing = isDirectory ? place().chopped(1) : place(source);
     job.landingExists = true;
-    job.held = std::make_shared<HeldFolder>(place().chopped(1));
+    job.held = std::make_shared<HeldDirectory>(place().chopped(1));
     job.survey =
-        isFolder ? surveyDirectory(job.source, [] { return false; }) : surveyFile(job.source);
+        isDirectory ? surveyDirectory(job.source, [] { return false; }) : surveyFile(job.source);
     return job;
 }
 
@@ -110,14 +110,15 @@ void tst_Merge::newFilesTakeTheirPlaces()
     makeFile(place(QStringLiteral("a")), "old a");
     makeFile(place(QStringLiteral("sub/b")), "old b");
     makeFile(place(QStringLiteral("sub/other")), "other");
-    const ExportJob folder = job(QStringLiteral("source/"), true);
-    StagedCopy copy(folder);
+    const ExportJob directory = job(QStringLiteral("source/"), true);
+    StagedCopy copy(directory);
     QVERIFY(copy.prepare());
-    for (const SurveyedFile &file : folder.survey.files) {
-        makeFile(copy.root() + QLatin1Char('/') + file.path, contentOf(folder.source + file.path));
+    for (const SurveyedFile &file : directory.survey.files) {
+        makeFile(copy.root() + QLatin1Char('/') + file.path,
+                 contentOf(directory.source + file.path));
     }
     QVERIFY2(copy.settle(), qPrintable(copy.error()));
-    QMap<QString, QByteArray> expected = treeOf(folder.source);
+    QMap<QString, QByteArray> expected = treeOf(directory.source);
     expected.insert(QStringLiteral("sub/other"), "other");
     QCOMPARE(treeOf(place()), expected);
     QCOMPARE(copy.discard(), QStringList());
@@ -131,14 +132,15 @@ void tst_Merge::manyFilesTakeTheirPlaces()
         makeFile(path(QStringLiteral("source/") + name), "new" + name.toUtf8());
         makeFile(place(name), "old");
     }
-    const ExportJob folder = job(QStringLiteral("source/"), true);
-    StagedCopy copy(folder);
+    const ExportJob directory = job(QStringLiteral("source/"), true);
+    StagedCopy copy(directory);
     QVERIFY(copy.prepare());
-    for (const SurveyedFile &file : folder.survey.files) {
-        makeFile(copy.root() + QLatin1Char('/') + file.path, contentOf(folder.source + file.path));
+    for (const SurveyedFile &file : directory.survey.files) {
+        makeFile(copy.root() + QLatin1Char('/') + file.path,
+                 contentOf(directory.source + file.path));
     }
     QVERIFY2(copy.settle(), qPrintable(copy.error()));
-    QCOMPARE(treeOf(place()), treeOf(folder.source));
+    QCOMPARE(treeOf(place()), treeOf(directory.source));
 }
 
 void tst_Merge::aFileAloneTakesItsPlace()
@@ -165,10 +167,10 @@ void tst_Merge::whatIsNewAndWhatIsOldIsTold()
     makeFile(path(QStringLiteral("source/sub/d")), "new");
     makeFile(place(QStringLiteral("a")), "old");
     makeFile(place(QStringLiteral("sub/d")), "old");
-    const ExportJob folder = job(QStringLiteral("source/"), true);
-    StagedCopy copy(folder);
+    const ExportJob directory = job(QStringLiteral("source/"), true);
+    StagedCopy copy(directory);
     QVERIFY(copy.prepare());
-    for (const SurveyedFile &file : folder.survey.files) {
+    for (const SurveyedFile &file : directory.survey.files) {
         makeFile(copy.root() + QLatin1Char('/') + file.path, "new");
     }
     makeFile(place(QStringLiteral("sub/c/in the way")), "precious");
@@ -194,8 +196,8 @@ void tst_Merge::whatIsNotOnTheListStays()
 {
     makeFile(path(QStringLiteral("source/a")), "new");
     makeFile(place(QStringLiteral("a")), "old");
-    const ExportJob folder = job(QStringLiteral("source/"), true);
-    StagedCopy copy(folder);
+    const ExportJob directory = job(QStringLiteral("source/"), true);
+    StagedCopy copy(directory);
     QVERIFY(copy.prepare());
     makeFile(copy.root() + QStringLiteral("/a"), "new");
     const QString unknown = copy.root() + QStringLiteral("/unknown");

@@ -12,6 +12,7 @@ private Q_SLOTS:
     void fewestChangesWin_data();
     void fewestChangesWin();
     void nothingIsNearestAmongNoWords();
+    void howFarIsStillNearCanBeTold();
 };
 
 void tst_NearestWord::fewestChangesWin_data()
@@ -29,8 +30,16 @@ void tst_NearestWord::fewestChangesWin_data()
                                     << "size";
     QTest::newRow("the first of two equally near") << "free"
                                                    << "fres";
-    QTest::newRow("nothing like any") << ""
-                                      << "fres";
+    QTest::newRow("two letters swapped") << "fers"
+                                         << "fres";
+    QTest::newRow("more than a third is wrong") << "sixes"
+                                                << "";
+    QTest::newRow("a third of a long word is wrong") << "Expord"
+                                                     << "export";
+    QTest::newRow("nothing like any") << "cp"
+                                      << "";
+    QTest::newRow("no letter at all") << ""
+                                      << "";
 }
 
 void tst_NearestWord::fewestChangesWin()
@@ -45,6 +54,13 @@ void tst_NearestWord::fewestChangesWin()
 void tst_NearestWord::nothingIsNearestAmongNoWords()
 {
     QCOMPARE(nearest(QStringLiteral("size"), {}), QString());
+}
+
+void tst_NearestWord::howFarIsStillNearCanBeTold()
+{
+    const QStringList words{QStringLiteral("ft")};
+    QCOMPARE(nearest(QStringLiteral("feet"), words), QString());
+    QCOMPARE(nearest(QStringLiteral("feet"), words, 2), QStringLiteral("ft"));
 }
 
 QTEST_APPLESS_MAIN(tst_NearestWord)

@@ -70,7 +70,7 @@ void tst_Projection::wrongCommandLinesShowNothing_data()
     QTest::newRow("no number") << QStringList{QStringLiteral(
         "mercator")} << QStringLiteral("There is no projection \"mercator\", only 1, 2 and 3.");
     QTest::newRow("two numbers") << QStringList{QStringLiteral("1"), QStringLiteral("2")}
-                                 << QStringLiteral("\"2\" is too much.");
+                                 << QStringLiteral("There is an argument too many: \"2\".");
     QTest::newRow("an unknown option")
         << QStringList{QStringLiteral("--all")} << QStringLiteral("Unknown option 'all'.");
 }

@@ -236,19 +236,20 @@ void tst_Record::thePlaceMustBeFit_data()
     QTest::addColumn<QString>("clip");
     QTest::addColumn<QString>("reason");
 
-    QTest::newRow("a folder") << QStringLiteral("folder")
-                              << QStringLiteral("\"%1/folder\" is a folder, not a clip.\n");
-    QTest::newRow("no name at all") << QStringLiteral("missing/")
-                                    << QStringLiteral("\"%1/missing/\" is a folder, not a clip.\n");
+    QTest::newRow("a directory") << QStringLiteral(
+        "directory") << QStringLiteral("\"%1/directory\" is a directory, not a clip.\n");
+    QTest::newRow("no name at all")
+        << QStringLiteral("missing/")
+        << QStringLiteral("\"%1/missing/\" is a directory, not a clip.\n");
     QTest::newRow("no base name") << QStringLiteral(
         ".mp4") << QStringLiteral("\"%1/.mp4\" has no name before its first dot.\n");
     QTest::newRow("the file itself")
         << QStringLiteral("clip.txt")
         << QStringLiteral(
                "\"%1/clip.txt\" is the name of a clip information file, not of a clip.\n");
-    QTest::newRow("no folder") << QStringLiteral("missing/clip.mp4")
-                               << QStringLiteral("There is no folder \"%1/missing\".\n");
-    QTest::newRow("a folder in the file's place")
+    QTest::newRow("no directory") << QStringLiteral("missing/clip.mp4")
+                                  << QStringLiteral("There is no directory \"%1/missing\".\n");
+    QTest::newRow("a directory in the file's place")
         << QStringLiteral("taken.mp4")
         << QStringLiteral("\"%1/taken.txt\" is there and cannot be continued.\n");
 }
@@ -258,14 +259,14 @@ void tst_Record::thePlaceMustBeFit()
     QFETCH(QString, clip);
     QFETCH(QString, reason);
 
-    QVERIFY(QDir().mkpath(path(QStringLiteral("folder"))));
+    QVERIFY(QDir().mkpath(path(QStringLiteral("directory"))));
     QVERIFY(QDir().mkpath(path(QStringLiteral("taken.txt"))));
     const Outcome outcome = Program::run(
         {QStringLiteral("record"), path(clip), QStringLiteral("--duration"), QStringLiteral("1")});
     QCOMPARE(outcome.errors, reason.arg(m_folder->path()));
     QCOMPARE(outcome.exitCode, int(DestinationRefused));
     QCOMPARE(treeOf(m_folder->path()).keys(),
-             (QStringList{QStringLiteral("folder/"), QStringLiteral("taken.txt/")}));
+             (QStringList{QStringLiteral("directory/"), QStringLiteral("taken.txt/")}));
 }
 
 void tst_Record::theCommandLineMustBeUnderstood_data()
@@ -277,17 +278,22 @@ void tst_Record::theCommandLineMustBeUnderstood_data()
         QTest::newRow(name) << QString::fromLatin1(arguments) << QString::fromLatin1(reason);
     };
     row("nothing", "", "A CLIP is missing.");
-    row("two clips", "a b --duration 1", "There is more than one CLIP.");
+    row("two clips", "a b --duration 1", "There is an argument too many: \"b\".");
     row("no duration", "a", "--duration is missing.");
     row("a word for a duration", "a --duration x", "--duration \"x\" is not a number above 0.");
     row("no time at all", "a --duration 0", "--duration \"0\" is not a number above 0.");
     row("no number", "a --duration nan", "--duration \"nan\" is not a number above 0.");
-    row("for ever", "a --duration inf", "--duration \"inf\" is not a number above 0.");
+    row("for ever", "a --duration inf",
+        "--duration \"inf\" is above 1000000, the most that is possible.");
+    row("too fast", "a --duration 1 --speed 1000001",
+        "--speed \"1000001\" is above 1000000, the most that is possible.");
+    row("faster than there are numbers", "a --duration 1 --speed 1e999",
+        "--speed \"1e999\" is above 1000000, the most that is possible.");
     row("backwards", "a --duration 1 --speed -2", "--speed \"-2\" is not a number above 0.");
     row("a pause behind the end", "a --duration 1 --pause-at 1",
-        "--pause-at \"1\" is no time within the video.");
+        "--pause-at \"1\" is not a time within the video.");
     row("an observation before the beginning", "a --duration 1 --observe-at -1",
-        "--observe-at \"-1\" is no time within the video.");
+        "--observe-at \"-1\" is not a time within the video.");
     row("another unit", "a --duration 1 --unit inch", "--unit \"inch\" is neither m nor ft.");
     row("an unknown option", "a --duration 1 --fast", "Unknown option 'fast'.");
 }

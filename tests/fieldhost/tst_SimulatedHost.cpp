@@ -28,8 +28,6 @@ private Q_SLOTS:
     void buttonsThatDoNotApplyAreSilent();
     void theVideoGrowsOnlyWhileItIsRecorded();
     void aTickMovesTheCrawlerAfterTheVideo();
-    void realTimeDrivesTheClock();
-    void stoppingTheClockKeepsTheTimeThatPassed();
     void aVideoIsCreatedForAnItem();
     void thereMayBeNoRecorder();
     void anObservationIsAnnounced();
@@ -181,40 +179,6 @@ void tst_SimulatedHost::aTickMovesTheCrawlerAfterTheVideo()
     crawler.setSpeed(-0.2);
     crawler.tick(2500);
     QCOMPARE(crawler.distanceCounter()->distanceValue(), 0.0);
-}
-
-void tst_SimulatedHost::realTimeDrivesTheClock()
-{
-    SimulatedCrawler &crawler = m_application->crawler();
-    QSignalSpy moved(crawler.distanceCounter(), &SimulatedDistanceCounter::distanceValueChanged);
-    crawler.setSpeed(1);
-    crawler.recorder()->record();
-    crawler.start();
-    QVERIFY(moved.wait());
-    QVERIFY(moved.wait());
-    crawler.stop();
-    // one clock for both
-    QCOMPARE(crawler.distanceCounter()->distanceValue() * 1000,
-             static_cast<double>(crawler.recorder()->duration()));
-    const qint64 stopped = crawler.recorder()->duration();
-    QVERIFY(stopped > 0);
-    moved.clear();
-    crawler.start();
-    QVERIFY(moved.wait());
-    QVERIFY(crawler.recorder()->duration() > stopped);
-}
-
-void tst_SimulatedHost::stoppingTheClockKeepsTheTimeThatPassed()
-{
-    SimulatedCrawler &crawler = m_application->crawler();
-    crawler.recorder()->record();
-    crawler.start();
-    QThread::msleep(20); // no event loop runs here, so no step is due
-    crawler.stop();
-    QVERIFY(crawler.recorder()->duration() >= 20);
-    const qint64 stopped = crawler.recorder()->duration();
-    crawler.stop();
-    QCOMPARE(crawler.recorder()->duration(), stopped);
 }
 
 void tst_SimulatedHost::aVideoIsCreatedForAnItem()

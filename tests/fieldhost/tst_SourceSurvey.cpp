@@ -1,4 +1,4 @@
-#include "fieldhost/cli/export/SourceSurvey.h"
+#include "fieldhost/jobs/SourceSurvey.h"
 #include "shared/fileops/CFileCopyController.h"
 #include "tests/support/FileTree.h"
 
@@ -54,13 +54,13 @@ class tst_SourceSurvey : public QObject
 
 private Q_SLOTS:
     void init();
-    void foldersAndFilesComeInTheOrderOfTheCopy();
+    void directoriesAndFilesComeInTheOrderOfTheCopy();
     void whatTheControllerCopiesIsWhatWasAnnounced();
     void whatIsLeftOutIsCounted();
     void linksAreFollowed();
     void aLinkToAPipeStandsInTheWay();
     void aLoopOfLinksStandsInTheWay();
-    void theSameFolderTwiceIsNoLoop();
+    void theSameDirectoryTwiceIsNoLoop();
     void namesThatAreNotUtf8StandInTheWay();
     void thePathOfTheSourceInsideItStandsInTheWay();
     void aVanishedRootStandsInTheWay();
@@ -80,7 +80,7 @@ void tst_SourceSurvey::init()
     QVERIFY(QDir().mkpath(m_root));
 }
 
-void tst_SourceSurvey::foldersAndFilesComeInTheOrderOfTheCopy()
+void tst_SourceSurvey::directoriesAndFilesComeInTheOrderOfTheCopy()
 {
     makeFile(m_root + QStringLiteral("b"), "12345");
     makeFile(m_root + QStringLiteral("A"), "1");
@@ -103,13 +103,13 @@ void tst_SourceSurvey::whatTheControllerCopiesIsWhatWasAnnounced()
 {
     makeFile(m_root + QStringLiteral("plain.txt"), "a");
     makeFile(m_root + QStringLiteral(".hidden"), "a");
-    makeFile(m_root + QStringLiteral(".hidden folder/inside"), "a");
+    makeFile(m_root + QStringLiteral(".hidden directory/inside"), "a");
     makeFile(m_root + QStringLiteral(" blanks \t/ at both ends "), "a");
     makeFile(m_root + QString::fromUtf8("труба/管渠/e\u0301té 🚰"), "a");
     makeFile(m_root + QStringLiteral("line\nfeed\x1b[2J"), "a");
     QVERIFY(QDir().mkpath(m_root + QStringLiteral("empty/inside")));
     makeLink(QStringLiteral("plain.txt"), m_root + QStringLiteral("link"));
-    makeLink(QStringLiteral("empty"), m_root + QStringLiteral("folder link"));
+    makeLink(QStringLiteral("empty"), m_root + QStringLiteral("directory link"));
     makeLink(QStringLiteral("nowhere"), m_root + QStringLiteral("broken"));
     makePipe(m_root + QStringLiteral("pipe"));
     const SourceSurvey survey = surveyDirectory(m_root, never);
@@ -149,11 +149,12 @@ void tst_SourceSurvey::whatIsLeftOutIsCounted()
 void tst_SourceSurvey::linksAreFollowed()
 {
     makeFile(m_folder->filePath(QStringLiteral("outside/file")), "1234");
-    makeLink(m_folder->filePath(QStringLiteral("outside")), m_root + QStringLiteral("folder"));
+    makeLink(m_folder->filePath(QStringLiteral("outside")), m_root + QStringLiteral("directory"));
     makeLink(m_folder->filePath(QStringLiteral("outside/file")), m_root + QStringLiteral("link"));
     const SourceSurvey survey = surveyDirectory(m_root, never);
-    QCOMPARE(survey.directories, QStringList{QStringLiteral("folder")});
-    QCOMPARE(paths(survey), (QStringList{QStringLiteral("link"), QStringLiteral("folder/file")}));
+    QCOMPARE(survey.directories, QStringList{QStringLiteral("directory")});
+    QCOMPARE(paths(survey),
+             (QStringList{QStringLiteral("link"), QStringLiteral("directory/file")}));
     QCOMPARE(survey.bytes, qint64(8));
 }
 
@@ -178,7 +179,7 @@ void tst_SourceSurvey::aLoopOfLinksStandsInTheWay()
     QVERIFY(survey.problems.at(0).cause.startsWith(QLatin1String("the link leads back to")));
 }
 
-void tst_SourceSurvey::theSameFolderTwiceIsNoLoop()
+void tst_SourceSurvey::theSameDirectoryTwiceIsNoLoop()
 {
     makeFile(m_root + QStringLiteral("a/file"));
     makeLink(QStringLiteral("a"), m_root + QStringLiteral("b"));
@@ -222,7 +223,7 @@ void tst_SourceSurvey::aVanishedRootStandsInTheWay()
     const SourceSurvey survey = surveyDirectory(m_folder->filePath(QStringLiteral("gone/")), never);
     QCOMPARE(survey.problems.size(), 1);
     QCOMPARE(survey.problems.at(0).cause,
-             QStringLiteral("the folder cannot be read (No such file or directory)"));
+             QStringLiteral("the directory cannot be read (No such file or directory)"));
 }
 
 void tst_SourceSurvey::theWalkCanBeEnded()
@@ -251,7 +252,7 @@ void tst_SourceSurvey::aPipeIsNoSource()
     makePipe(m_root + QStringLiteral("pipe"));
     const SourceSurvey survey = surveyFile(m_root + QStringLiteral("pipe"));
     QCOMPARE(survey.problems.size(), 1);
-    QCOMPARE(survey.problems.at(0).cause, QStringLiteral("neither a folder nor a regular file"));
+    QCOMPARE(survey.problems.at(0).cause, QStringLiteral("neither a directory nor a regular file"));
 }
 
 QTEST_GUILESS_MAIN(tst_SourceSurvey)

@@ -1,4 +1,4 @@
-#include "fieldhost/cli/locale/Table.h"
+#include "fieldhost/cli/Table.h"
 
 #include <QTest>
 

@@ -1,4 +1,5 @@
-#include "fieldhost/cli/Text.h"
+#include "fieldhost/cli/Width.h"
+#include "fieldhost/jobs/Text.h"
 
 #include <QTest>
 
@@ -43,7 +44,7 @@ void tst_Text::bytesAreInBinaryUnits_data()
     QTest::newRow("MiB") << qint64(12'900'000) << QStringLiteral("12.3 MiB");
     QTest::newRow("GiB") << (qint64(5) << 30) << QStringLiteral("5.0 GiB");
     QTest::newRow("TiB") << (qint64(3) << 40) << QStringLiteral("3.0 TiB");
-    QTest::newRow("beyond the last unit") << (qint64(4096) << 50) << QStringLiteral("4096.0 PiB");
+    QTest::newRow("EiB") << (qint64(4096) << 50) << QStringLiteral("4.0 EiB");
 }
 
 void tst_Text::bytesAreInBinaryUnits()

@@ -1,5 +1,5 @@
-#include "fieldhost/cli/trace/TextChart.h"
-#include "fieldhost/cli/trace/Trace.h"
+#include "fieldhost/cli/TextChart.h"
+#include "fieldhost/jobs/Trace.h"
 #include "tests/fieldhost/Program.h"
 #include "tests/support/FileTree.h"
 
@@ -379,10 +379,9 @@ void tst_Trace::theCommandLineMustBeUnderstood_data()
     QTest::addColumn<QString>("reason");
 
     QTest::newRow("nothing") << QStringList() << QStringLiteral("A CLIP is missing.");
-    QTest::newRow("an empty clip")
-        << QStringList{QString()} << QStringLiteral("A CLIP is missing.");
+    QTest::newRow("an empty clip") << QStringList{QString()} << QStringLiteral("A CLIP is empty.");
     QTest::newRow("two clips") << QStringList{QStringLiteral("a"), QStringLiteral("b")}
-                               << QStringLiteral("There is more than one CLIP.");
+                               << QStringLiteral("There is an argument too many: \"b\".");
     QTest::newRow("no file for the picture")
         << QStringList{QStringLiteral("a"), QStringLiteral("--png=")}
         << QStringLiteral("The FILE of --png is empty.");

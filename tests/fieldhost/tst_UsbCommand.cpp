@@ -363,8 +363,8 @@ void tst_UsbCommand::dirtyTellsTheMark()
 
 void tst_UsbCommand::dirtySaysWhatALockLeavesOut()
 {
-    const QTemporaryDir folder;
-    const QString device = folder.filePath(QStringLiteral("device"));
+    const QTemporaryDir directory;
+    const QString device = directory.filePath(QStringLiteral("device"));
     QByteArray sector(512, '\0');
     sector.replace(54, 8, "FAT16   ");
     sector[22] = 64;

@@ -1,7 +1,7 @@
-#include "fieldhost/cli/export/ExportPlan.h"
-#include "fieldhost/cli/usb/DriveAccess.h"
-#include "fieldhost/cli/usb/FatVolume.h"
-#include "fieldhost/cli/usb/UsbDrive.h"
+#include "fieldhost/jobs/DriveAccess.h"
+#include "fieldhost/jobs/ExportPlan.h"
+#include "fieldhost/jobs/FatVolume.h"
+#include "fieldhost/jobs/UsbDrive.h"
 #include "tests/support/FileTree.h"
 #include "tests/usb/UsbTest.h"
 
@@ -87,8 +87,8 @@ void tst_UsbDrive::mountingNeedsRootOrALineInFstab()
 
 void tst_UsbDrive::rightsToADeviceAreNamed()
 {
-    const QTemporaryDir folder;
-    const QString device = folder.filePath(QStringLiteral("device"));
+    const QTemporaryDir directory;
+    const QString device = directory.filePath(QStringLiteral("device"));
     makeFile(device);
     QCOMPARE(missingWriteRight(device), QString());
     QCOMPARE(missingReadRight(device), QString());
@@ -141,8 +141,8 @@ void tst_UsbDrive::bootSectorsTell()
     QFETCH(QByteArray, signature);
     QFETCH(int, byte37);
     QFETCH(int, byte65);
-    const QTemporaryDir folder;
-    const QString device = folder.filePath(QStringLiteral("device"));
+    const QTemporaryDir directory;
+    const QString device = directory.filePath(QStringLiteral("device"));
     QByteArray sector(510, '\0');
     sector.replace(place, text.size(), text);
     sector[37] = char(byte37);

@@ -1,5 +1,5 @@
-#include "fieldhost/input/ColumnInputType.h"
-#include "fieldhost/input/FieldValidator.h"
+#include "fieldhost/forms/ColumnInputType.h"
+#include "fieldhost/forms/FieldValidator.h"
 #include "host/CColumnDefinition.h"
 #include "shared/input/CInputType.h"
 #include "shared/input/QmlStringListModel.h"

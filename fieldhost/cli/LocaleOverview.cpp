@@ -1,0 +1,89 @@
+#include "fieldhost/cli/LocaleOverview.h"
+
+#include "fieldhost/cli/Table.h"
+#include "fieldhost/jobs/Text.h"
+#include "host/CColumnDefinition.h"
+#include "host/CProgramView.h"
+#include "shared/locale/CLocaleSupport.h"
+#include "shared/locale/GlobalLocaleData.h"
+#include "shared/locale/SizeFormater.h"
+
+#include <QDateTime>
+#include <QVariant>
+
+namespace Tavro::FieldHost {
+
+using Shared::CLocaleSupport;
+using Shared::GlobalLocaleData;
+using Shared::SizeFormater;
+
+namespace {
+
+QString withUnit(const QVariant &value, const QString &unit)
+{
+    return CLocaleSupport::variantToLocalizedString(value, QString()) + QLatin1Char(' ') + unit;
+}
+
+// day, month and hour that cannot be taken for each other
+QDateTime sampleTime()
+{
+    return QDateTime(QDate(2026, 3, 31), QTime(17, 5, 8));
+}
+
+} // namespace
+
+QString valueOverview()
+{
+    constexpr double distance = 1234.567;
+    constexpr qint64 size = 1610612736; // 1.5 times 1024^3
+    const QDateTime time = sampleTime();
+    const auto show = CLocaleSupport::variantToLocalizedString;
+
+    return formatTable({
+        {QStringLiteral("What"), QStringLiteral("Value"), QStringLiteral("Shown as")},
+        {QStringLiteral("Distance"), QStringLiteral("1234.567"),
+         CLocaleSupport::distanceValueToLocalizedString(distance, true, true)},
+        {QStringLiteral("Distance, short"), QStringLiteral("1234.567"),
+         CLocaleSupport::distanceValueToLocalizedString(distance, false, false)},
+        {QStringLiteral("Speed"), QStringLiteral("4.5"),
+         withUnit(4.5, CLocaleSupport::getSpeedUnitString())},
+        {QStringLiteral("Temperature"), QStringLiteral("21.5"),
+         withUnit(21.5, CLocaleSupport::getTemperatureUnitString())},
+        {QStringLiteral("Angle"), QStringLiteral("12.5"),
+         withUnit(12.5, CLocaleSupport::getAngleUnitString())},
+        {QStringLiteral("Pressure"), QStringLiteral("850"),
+         withUnit(850, CLocaleSupport::getPressureUnitString())},
+        {QStringLiteral("Whole number"), QStringLiteral("3.0"), show(3.0, QString())},
+        {QStringLiteral("Date"), QStringLiteral("2026-03-31"),
+         show(time.date(), CLocaleSupport::getDateFormat())},
+        {QStringLiteral("Time"), QStringLiteral("17:05:08"),
+         show(time.time(), CLocaleSupport::getTimeFormat())},
+        {QStringLiteral("Date and time"), QStringLiteral("2026-03-31 17:05:08"),
+         show(time, CLocaleSupport::getDateTimeFormat())},
+        {QStringLiteral("Clock"), QString(),
+         // true means that there is no AM and PM
+         CLocaleSupport::APStyle() ? QStringLiteral("24 hours") : QStringLiteral("AM and PM")},
+        {QStringLiteral("Size"), QStringLiteral("1610612736 bytes"), SizeFormater::toString(size)},
+    });
+}
+
+QString columnOverview(const Templates::CCatalogTemplate &catalogTemplate)
+{
+    std::vector<QStringList> rows = {{QStringLiteral("Column"), QStringLiteral("View"),
+                                      QStringLiteral("Unit"), QStringLiteral("From")}};
+    for (int i = 0; i < catalogTemplate.programViewCount(); ++i) {
+        const Templates::CProgramView *view = catalogTemplate.programView(i);
+        for (int j = 0; j < view->columnCount(); ++j) {
+            const QString key = view->column(j)->key();
+            const bool ofCatalog =
+                !GlobalLocaleData::instance()->catalogTemplateColumnUnit(key).isEmpty();
+            rows.push_back(
+                {printable(key), printable(view->key()),
+                 printable(CLocaleSupport::catalogTemplateColumnUnit(key)),
+                 ofCatalog ? QStringLiteral("the catalog") : QStringLiteral("distances")});
+        }
+    }
+    return formatTable(rows);
+}
+
+} // namespace Tavro::FieldHost

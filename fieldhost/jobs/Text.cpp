@@ -1,0 +1,137 @@
+#include "fieldhost/jobs/Text.h"
+
+#include <QLocale>
+
+#include <cstring>
+
+namespace Tavro::FieldHost {
+
+namespace {
+
+constexpr qint64 s_kibi = 1024;
+constexpr double s_mebi = 1024 * 1024;
+constexpr int s_listed = 5; // of what may be many
+
+// length of the UTF-8 sequence at the beginning of bytes, 0 when there is no valid one
+int utf8Length(const QByteArray &bytes)
+{
+    for (int length = 1; length <= 4 && length <= bytes.size(); ++length) {
+        const QByteArray sequence = bytes.left(length);
+        const QString text = QString::fromUtf8(sequence);
+        if (text.toUtf8() == sequence) {
+            return length;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+QString formatBytes(qint64 bytes)
+{
+    if (bytes < s_kibi) {
+        return QStringLiteral("%1 B").arg(bytes);
+    }
+    const QString text = QLocale::c().formattedDataSize(bytes, 1);
+    // as much as reads 1024 of a unit is 1 of the next
+    return text.startsWith(QLatin1String("1024.0"))
+        ? QLocale::c().formattedDataSize(bytes + bytes / s_kibi, 1)
+        : text;
+}
+
+QString formatRate(double bytesPerSecond)
+{
+    const double rate = bytesPerSecond / s_mebi;
+    return QStringLiteral("%1 MiB/s").arg(rate, 0, 'f', rate < 10 ? 2 : 1);
+}
+
+QString formatClock(qint64 milliseconds)
+{
+    const qint64 seconds = (milliseconds + 999) / 1000;
+    const QLatin1Char zero('0');
+    if (seconds < 3600) {
+        return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, zero);
+    }
+    return QStringLiteral("%1:%2:%3")
+        .arg(seconds / 3600)
+        .arg(seconds / 60 % 60, 2, 10, zero)
+        .arg(seconds % 60, 2, 10, zero);
+}
+
+QString formatDuration(qint64 milliseconds)
+{
+    const QLatin1Char zero('0');
+    if (milliseconds < 59'950) {
+        return QStringLiteral("%1 s").arg(static_cast<double>(milliseconds) / 1000, 0, 'f', 1);
+    }
+    const qint64 seconds = (milliseconds + 500) / 1000;
+    if (seconds < 3600) {
+        return QStringLiteral("%1 min %2 s").arg(seconds / 60).arg(seconds % 60, 2, 10, zero);
+    }
+    return QStringLiteral("%1 h %2 min").arg(seconds / 3600).arg(seconds / 60 % 60, 2, 10, zero);
+}
+
+QString counted(qint64 n, const char *singular, const char *plural)
+{
+    if (n == 1) {
+        return QStringLiteral("1 %1").arg(QLatin1String(singular));
+    }
+    if (plural) {
+        return QStringLiteral("%1 %2").arg(n).arg(QLatin1String(plural));
+    }
+    return QStringLiteral("%1 %2s").arg(n).arg(QLatin1String(singular));
+}
+
+QString quoted(const QString &path)
+{
+    return QLatin1Char('"') + printable(path) + QLatin1Char('"');
+}
+
+QString quoted(const QByteArray &path)
+{
+    QString text;
+    int i = 0;
+    while (i < path.size()) {
+        const int length = utf8Length(path.mid(i, 4));
+        if (length == 0) {
+            text += QStringLiteral("\\x%1").arg(static_cast<uchar>(path.at(i)), 2, 16,
+                                                QLatin1Char('0'));
+        } else {
+            text += printable(QString::fromUtf8(path.mid(i, length)));
+        }
+        i += qMax(length, 1);
+    }
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
+QString systemText(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+QString withCause(const QString &clause, int error)
+{
+    return error == 0 ? clause + QLatin1Char('.')
+                      : QStringLiteral("%1: %2.").arg(clause, systemText(error));
+}
+
+QString quotedList(const QStringList &paths)
+{
+    QStringList texts;
+    for (const QString &path : paths) {
+        texts.append(quoted(path));
+    }
+    return texts.join(QLatin1String(", "));
+}
+
+QStringList listed(const QStringList &sentences, const char *singular, const char *plural)
+{
+    QStringList shown = sentences.mid(0, s_listed);
+    if (sentences.size() > s_listed) {
+        shown.append(QStringLiteral("The same goes for %1.")
+                         .arg(counted(sentences.size() - s_listed, singular, plural)));
+    }
+    return shown;
+}
+
+} // namespace Tavro::FieldHost

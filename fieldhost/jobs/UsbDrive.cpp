@@ -1,0 +1,176 @@
+#include "fieldhost/jobs/UsbDrive.h"
+
+#include "fieldhost/jobs/FatVolume.h"
+#include "fieldhost/jobs/Paths.h"
+#include "fieldhost/jobs/Text.h"
+#include "shared/usb/USBDriveCleanAccessManager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStringList>
+
+#include <cerrno>
+#include <memory>
+
+#include <mntent.h>
+#include <unistd.h>
+
+namespace Tavro::FieldHost {
+
+using Shared::MountedUSBDeviceList;
+using Shared::mountItem;
+
+const char usbMountPoint[] = "/media/usbdrive";
+
+namespace {
+
+const char s_device[] = "/dev/sda1";
+const char s_fstab[] = "/etc/fstab";
+
+struct TableCloser
+{
+    void operator()(std::FILE *table) const { ::endmntent(table); }
+};
+
+// whether /etc/fstab lets others than root mount the drive
+bool mayAnybodyMount()
+{
+    const std::unique_ptr<std::FILE, TableCloser> table(::setmntent(s_fstab, "r"));
+    if (!table) {
+        return false;
+    }
+    while (const mntent *entry = ::getmntent(table.get())) {
+        if (qstrcmp(entry->mnt_fsname, s_device) != 0) {
+            continue;
+        }
+        for (const char *option : {"user", "users", "owner", "group"}) {
+            if (::hasmntopt(entry, option)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+QString missingRight(const QString &device, int mode, const char *verb)
+{
+    if (::access(QFile::encodeName(device).constData(), mode) == 0) {
+        return {};
+    }
+    const int error = errno;
+    if (error == EACCES || error == EPERM) {
+        return QStringLiteral("%1 %2 needs root, or a udev rule that gives the device to one of "
+                              "your groups.")
+            .arg(QLatin1String(verb), quoted(device));
+    }
+    return QStringLiteral("%1 %2 is not possible (%3).")
+        .arg(QLatin1String(verb), quoted(device), systemText(error));
+}
+
+} // namespace
+
+bool isOnUsbDrive(const QString &path)
+{
+    return isSameOrBelow(path, QLatin1String(usbMountPoint));
+}
+
+std::optional<mountItem> partitionOf(const QString &path)
+{
+    const auto items = MountedUSBDeviceList::getUSBMountPaths().items;
+    for (const mountItem &item : items) {
+        if (path.startsWith(item.mountPoint.absoluteFilePath())) { // as lock() sees it
+            return item;
+        }
+    }
+    return {};
+}
+
+QString described(const mountItem &partition)
+{
+    return QStringLiteral("%1 (%2)").arg(quoted(partition.device.filePath()),
+                                         partition.fileSystemType.isEmpty()
+                                             ? QStringLiteral("FAT of no known type")
+                                             : partition.fileSystemType);
+}
+
+QString missingMountRight()
+{
+    return ::geteuid() == 0 || mayAnybodyMount()
+        ? QString()
+        : QStringLiteral("Mounting and unmounting %1 needs root, or a line for it in %2 with the "
+                         "option \"users\".")
+              .arg(QLatin1String(s_device), QLatin1String(s_fstab));
+}
+
+QString missingWriteRight(const QString &device)
+{
+    return missingRight(device, W_OK, "Writing to");
+}
+
+QString missingReadRight(const QString &device)
+{
+    return missingRight(device, R_OK, "Reading");
+}
+
+QString whyNotMarked(const QString &path)
+{
+    const std::optional<mountItem> partition = partitionOf(path);
+    if (partition) {
+        const QString device = partition->device.absoluteFilePath();
+        if (Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
+            return QStringLiteral("%1 has no dirty byte to set.").arg(described(*partition));
+        }
+        const QString missing = missingWriteRight(device);
+        return missing.isEmpty()
+            ? QStringLiteral("%1 did not take the dirty byte.").arg(described(*partition))
+            : missing;
+    }
+    if (MountedUSBDeviceList::isUSBMounted()) {
+        return QStringLiteral("%1 lies on no mounted USB drive that you may write to.")
+            .arg(quoted(path));
+    }
+    QStringList sentences(QStringLiteral("No USB drive is mounted on %1.")
+                              .arg(quoted(QString::fromLatin1(usbMountPoint))));
+    const QString missing = missingMountRight();
+    if (!missing.isEmpty()) {
+        sentences.append(missing);
+    }
+    return sentences.join(QLatin1Char(' '));
+}
+
+UnmountResult unmountUsbDrive(const std::optional<mountItem> &partition)
+{
+    QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
+    const QString device = partition ? partition->device.absoluteFilePath() : QString();
+    const QByteArray mountedVolume = readFatVolume(device).identity;
+    MountedUSBDeviceList::dismountUSB();
+    if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
+        return {true, QStringLiteral("Unmounted. There was no dirty byte to clear.")};
+    }
+    if (readFatVolume(device).identity != mountedVolume) {
+        return {false,
+                QStringLiteral("Unmounted. Another drive is in its place now, or none, and was not "
+                               "touched: the drive that was mounted is still marked as in use.")};
+    }
+    if (Shared::USBDriveCleanAccessManager::clearDirtyFlag(device, partition->fileSystemType)) {
+        return {true, QStringLiteral("Unmounted and marked clean: %1.").arg(described(*partition))};
+    }
+    const QString missing = missingWriteRight(device);
+    return {
+        false,
+        QStringLiteral("Unmounted, and still marked as in use. %1")
+            .arg(missing.isEmpty()
+                     ? QStringLiteral("%1 did not take the mark back.").arg(described(*partition))
+                     : missing)};
+}
+
+bool isFat(const QString &fileSystemType)
+{
+    static const char *const types[] = {
+        "fat12", "fat16", "fat32", "vfat", "msdos",
+    };
+    return std::any_of(std::begin(types), std::end(types),
+                       [&](const char *type) { return fileSystemType == QLatin1String(type); });
+}
+
+} // namespace Tavro::FieldHost

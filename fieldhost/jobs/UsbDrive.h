@@ -1,0 +1,52 @@
+#pragma once
+
+#include "shared/usb/MountedUSBDeviceList.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace Tavro::FieldHost {
+
+/** Where the library mounts the drive. */
+extern const char usbMountPoint[];
+
+/** Whether an absolute path, links resolved, is to be found on the drive once it is mounted. */
+bool isOnUsbDrive(const QString &path);
+
+/**
+ * The mounted partition that a lock of @p path takes. If isUSBMounted(), asking runs no command;
+ * otherwise the drive is mounted temporarily to inspect it.
+ */
+std::optional<Shared::mountItem> partitionOf(const QString &path);
+
+/** A partition in words: "/dev/sda1" (fat32). */
+QString described(const Shared::mountItem &partition);
+
+/** What the user lacks to mount the drive, as a sentence; empty when nothing is known to lack. */
+QString missingMountRight();
+/** What the user lacks to write to a block device; the same way. */
+QString missingWriteRight(const QString &device);
+/** What the user lacks to read a block device; the same way. */
+QString missingReadRight(const QString &device);
+
+/** Why a lock of @p path has answered false, in a sentence or two. */
+QString whyNotMarked(const QString &path);
+
+/** What became of a drive that was to be unmounted and marked clean. */
+struct UnmountResult
+{
+    bool isClean = false; // or has no mark
+    QString sentence; // for the user
+};
+
+/**
+ * Unmounts the drive, as soon as nobody uses it, and clears the mark of @p partition, which is
+ * where it is mounted. Writes to no other volume that has taken its place meanwhile.
+ */
+UnmountResult unmountUsbDrive(const std::optional<Shared::mountItem> &partition);
+
+/** True for file systems of the FAT family, whose files have less than 4 GiB. */
+bool isFat(const QString &fileSystemType);
+
+} // namespace Tavro::FieldHost
