@@ -11,7 +11,8 @@ function(ovo_add_test folder class)
     endif()
 
     set(target tst_${folder}_${class})
-    # moc itself: AUTOMOC would look for more to do in each of so many targets, and there is none
+    # moc is called directly: AUTOMOC would start a program for each of so many targets to find that
+    # none has another class to read
     set(moc "${CMAKE_CURRENT_BINARY_DIR}/tst_${class}.moc")
     qt5_generate_moc(tst_${class}.cpp "${moc}")
     add_executable(${target} tst_${class}.cpp "${moc}" ${arg_SOURCES})
