@@ -1,6 +1,8 @@
 /*
  * The least work that a durable copy can be: read and write 4 MiB, fsync for each such chunk,
- * one sync at the end. Takes a file or a directory. Keeps no permissions, no times, no progress.
+ * one sync at the end. Before each file it asks whether the destination's path still means the
+ * directory that it writes to: one that was moved away or unmounted is noticed. A file is not
+ * copied onto itself. Takes a file or a directory. Keeps no permissions, no times, no progress.
  *
  * With --names it is durable on FAT as well, where fsync of a file does not cover its name: fsync
  * of the directory for each new file, before its chunk; of each directory above, up to that of
@@ -9,6 +11,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <libgen.h>
+#include <limits.h>
 #include <stdbool.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -46,16 +49,49 @@ static void flush(int fd)
     }
 }
 
-static void copy_file(int source_directory, const char *source_name, int destination_directory,
+/* the directory that is written to, and by which path it was meant */
+struct destination
+{
+    int directory;
+    const char *path;
+    struct stat info;
+};
+
+static void check_path(const struct destination *destination)
+{
+    struct stat info;
+    if (stat(destination->path, &info) != 0) {
+        give_up(destination->path);
+    }
+    if (info.st_dev != destination->info.st_dev || info.st_ino != destination->info.st_ino) {
+        fprintf(stderr, "%s: another directory now\n", destination->path);
+        exit(EXIT_FAILURE);
+    }
+}
+
+static void copy_file(int source_directory, const char *source_name, const struct destination *to,
                       const char *destination_name)
 {
+    check_path(to);
     const int source = openat(source_directory, source_name, O_RDONLY);
     if (source < 0) {
         give_up(source_name);
     }
-    const int destination =
-        openat(destination_directory, destination_name, O_WRONLY | O_CREAT | O_TRUNC, 0666);
+    const int destination = openat(to->directory, destination_name, O_WRONLY | O_CREAT, 0666);
     if (destination < 0) {
+        give_up(destination_name);
+    }
+
+    struct stat from_info;
+    struct stat to_info;
+    if (fstat(source, &from_info) != 0 || fstat(destination, &to_info) != 0) {
+        give_up("fstat");
+    }
+    if (from_info.st_dev == to_info.st_dev && from_info.st_ino == to_info.st_ino) {
+        fprintf(stderr, "%s: is its own copy\n", source_name);
+        exit(EXIT_FAILURE);
+    }
+    if (to_info.st_size > 0 && ftruncate(destination, 0) != 0) {
         give_up(destination_name);
     }
 
@@ -65,7 +101,7 @@ static void copy_file(int source_directory, const char *source_name, int destina
         write_all(destination, chunk, (size_t)n);
         flush(destination);
         if (!is_named) {
-            flush(destination_directory);
+            flush(to->directory);
             is_named = true;
         }
     }
@@ -85,6 +121,15 @@ static int open_directory(int parent, const char *name)
         give_up(name);
     }
     return directory;
+}
+
+static struct destination destination_at(int directory, const char *path)
+{
+    struct destination destination = {.directory = directory, .path = path};
+    if (fstat(directory, &destination.info) != 0) {
+        give_up(path);
+    }
+    return destination;
 }
 
 static void make_directory(int parent, const char *name)
@@ -112,8 +157,9 @@ static void name_subdirectories(DIR *source, int destination)
 }
 
 /* takes the source's descriptor over */
-static void copy_tree(int source, int destination)
+static void copy_tree(int source, int destination, const char *path)
 {
+    const struct destination to = destination_at(destination, path);
     DIR *directory = fdopendir(source);
     if (directory == NULL) {
         give_up("fdopendir");
@@ -132,10 +178,12 @@ static void copy_tree(int source, int destination)
                 make_directory(destination, entry->d_name);
             }
             const int below = open_directory(destination, entry->d_name);
-            copy_tree(open_directory(source, entry->d_name), below);
+            char path_below[PATH_MAX];
+            snprintf(path_below, sizeof path_below, "%s/%s", path, entry->d_name);
+            copy_tree(open_directory(source, entry->d_name), below, path_below);
             close(below);
         } else if (entry->d_type == DT_REG) {
-            copy_file(source, entry->d_name, destination, entry->d_name);
+            copy_file(source, entry->d_name, &to, entry->d_name);
         }
     }
     closedir(directory);
@@ -169,14 +217,14 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     }
     const char *const source = argv[argc - 2];
-    char *const destination = argv[argc - 1];
-    char *const path = strdup(destination);
-    if (path == NULL) {
-        give_up("strdup");
-    }
-    const int parent = open_directory(AT_FDCWD, dirname(path));
-    free(path);
-    const char *const name = basename(destination);
+    const char *const destination = argv[argc - 1];
+    char above[PATH_MAX];
+    char last[PATH_MAX];
+    snprintf(above, sizeof above, "%s", destination);
+    snprintf(last, sizeof last, "%s", destination);
+    const char *const path_above = dirname(above);
+    const char *const name = basename(last);
+    const int parent = open_directory(AT_FDCWD, path_above);
 
     struct stat info;
     if (stat(source, &info) != 0) {
@@ -188,12 +236,13 @@ int main(int argc, char **argv)
         if (with_names) {
             flush_above(copy);
         }
-        copy_tree(open_directory(AT_FDCWD, source), copy);
+        copy_tree(open_directory(AT_FDCWD, source), copy, destination);
     } else {
         if (with_names) {
             flush_above(parent);
         }
-        copy_file(AT_FDCWD, source, parent, name);
+        const struct destination to = destination_at(parent, path_above);
+        copy_file(AT_FDCWD, source, &to, name);
     }
     sync();
     if (with_names) {

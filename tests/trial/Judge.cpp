@@ -119,7 +119,7 @@ Judge::Judge(const std::string &plan)
 }
 
 void Judge::addBefore(const std::string &directory, const std::string &destination,
-                      bool replacedWhole)
+                      Replaced replaced)
 {
     for (const auto &entry : std::filesystem::recursive_directory_iterator(directory)) {
         if (!entry.is_regular_file()) {
@@ -130,12 +130,35 @@ void Judge::addBefore(const std::string &directory, const std::string &destinati
             std::find_if(m_files.begin(), m_files.end(),
                          [&path](const PlannedFile &file) { return file.path == path; });
         const bool isReplaced = planned != m_files.end();
-        if (isReplaced && !replacedWhole) {
+        if (isReplaced && replaced == Replaced::Ignored) {
             continue;
         }
         m_before[path] = {requiredContentOf(entry.path()),
-                          isReplaced ? planned->content : std::string(), isReplaced};
+                          isReplaced ? planned->content : std::string(), isReplaced,
+                          replaced == Replaced::OrInHiddenDirectory ? destination : std::string()};
     }
+}
+
+bool Judge::EarlierFile::isWhole(const std::optional<std::string> &found) const
+{
+    return found && (*found == content || (isReplaced && *found == replacement));
+}
+
+bool Judge::isHidden(const std::string &root, const std::string &path, const EarlierFile &file)
+{
+    namespace fs = std::filesystem;
+    const fs::path name = fs::path(path).filename();
+    const fs::path place = root + file.hidingPlace;
+    std::error_code error; // ends the iteration: what cannot be listed holds nothing
+    for (fs::recursive_directory_iterator entry(place, error); !error && entry != end(entry);
+         entry.increment(error)) {
+        const std::string below = entry->path().lexically_relative(place).string();
+        if (below.front() == '.' && entry->path().filename() == name
+            && file.isWhole(contentOf(entry->path().string()))) {
+            return true;
+        }
+    }
+    return false;
 }
 
 Verdict Judge::judge(const std::string &root, const Report &report) const
@@ -175,7 +198,8 @@ Verdict Judge::judge(const std::string &root, const Report &report) const
     for (const auto &[path, file] : m_before) {
         ++verdict.before;
         const auto found = contentOf(top + path);
-        if (found && (*found == file.content || (file.isReplaced && *found == file.replacement))) {
+        if (file.isWhole(found)
+            || (!found && !file.hidingPlace.empty() && isHidden(top, path, file))) {
             continue;
         }
         ++verdict.beforeLost;

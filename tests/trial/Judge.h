@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,14 @@ struct Verdict
     void add(const Verdict &other);
 };
 
+/** How a file that a copy replaces is judged, of those that were there before. */
+enum class Replaced {
+    Ignored,
+    OldOrNew, /**< under its name */
+    OrInHiddenDirectory, /**< or, with its name taken, below a hidden directory of the destination
+                          */
+};
+
 /** Knows what a copy has to be, and what was there before it. */
 class Judge
 {
@@ -40,12 +49,8 @@ public:
      */
     explicit Judge(const std::string &plan);
 
-    /**
-     * Adds the files below @p directory as those that were at @p destination before. A file that
-     * the copy replaces counts among them only if @p replacedWhole: it has to be old or new then.
-     */
-    void addBefore(const std::string &directory, const std::string &destination,
-                   bool replacedWhole);
+    /** Adds the files below @p directory as those that were at @p destination before. */
+    void addBefore(const std::string &directory, const std::string &destination, Replaced replaced);
 
     /** Looks at the volume mounted at @p root. */
     Verdict judge(const std::string &root, const Report &report) const;
@@ -62,7 +67,12 @@ private:
         std::string content;
         std::string replacement;
         bool isReplaced = false;
+        std::string hidingPlace; // a directory whose hidden ones may hold it, if any
+
+        bool isWhole(const std::optional<std::string> &found) const;
     };
+
+    static bool isHidden(const std::string &root, const std::string &path, const EarlierFile &file);
 
     std::vector<PlannedFile> m_files;
     std::vector<std::string> m_directories;

@@ -179,6 +179,13 @@ Verdict judgeVolume(TestDisk &disk, const std::string &mountPoint, const std::st
     return verdict;
 }
 
+Replaced replacedBy(const std::string &word)
+{
+    return word == "all"   ? Replaced::OldOrNew
+        : word == "hidden" ? Replaced::OrInHiddenDirectory
+                           : Replaced::Ignored;
+}
+
 const char *nameOf(Arrived arrived)
 {
     switch (arrived) {
@@ -201,7 +208,7 @@ int main(int argc, char **argv)
         std::fputs(
             "usage: trial_cut NAME LOG IMAGE DEVICE MOUNT_POINT TYPE[,OPTION]... PLAN SEED COUNT "
             "ATOMIC_SIZE"
-            " [BEFORE DESTINATION rest|all]...\n"
+            " [BEFORE DESTINATION rest|all|hidden]...\n"
             "Prints NAME, and the numbers of cuts, of reported files, of lost ones, of files of\n"
             "before, of lost ones; what was lost to stderr.\n",
             stderr);
@@ -216,7 +223,7 @@ int main(int argc, char **argv)
     const std::size_t count = std::stoull(arguments[8]);
     const std::size_t atomicSize = std::stoull(arguments[9]); // what a disk writes whole or not
     for (std::size_t i = 10; i + 2 < arguments.size(); i += 3) {
-        judge.addBefore(arguments[i], arguments[i + 1], arguments[i + 2] == "all");
+        judge.addBefore(arguments[i], arguments[i + 1], replacedBy(arguments[i + 2]));
     }
 
     const Recording recording = readRecording(log);
