@@ -6,7 +6,11 @@
 
 namespace Tavro {
 
-/** What happens in the host as a whole. */
+/**
+ * Events of the host application. Defined by the host.
+ *
+ * ClipInfoHandler connects to it. It lives on the thread of the host's services.
+ */
 class Q_DECL_EXPORT AppState : public QObject
 {
     Q_OBJECT
@@ -14,11 +18,14 @@ class Q_DECL_EXPORT AppState : public QObject
 public:
     using QObject::QObject;
 
-    /** The host's state object, owned by the host; defined by the host. */
+    /**
+     * The process-wide instance. Never null in a host that uses ClipInfoHandler, its only caller.
+     * The host defines this function and owns the object.
+     */
     static AppState *instance();
 
 Q_SIGNALS:
-    /** The inspector has entered an observation; @p object is already stored. */
+    /** Emitted when the user has entered an observation. @p object is already stored. */
     void observationCreated(Tavro::Database::CDomainObjectPointer object);
 };
 

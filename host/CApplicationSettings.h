@@ -2,15 +2,18 @@
 
 #include <QtGlobal>
 
-/** The part of the host's settings that the library asks for. */
+/** The settings of the host that the library reads. Defined by the host. */
 class Q_DECL_EXPORT CApplicationSettings
 {
 public:
     virtual ~CApplicationSettings() = default;
 
-    /** The host's settings, owned by the host; defined by the host. */
+    /**
+     * The process-wide instance. Never null in a host that uses ClipInfoHandler, its only caller.
+     * The host defines this function and owns the object.
+     */
     static CApplicationSettings *instance();
 
-    /** True when distance, pan and tilt are to be recorded beside each video. */
+    /** True when distance, pan and tilt are recorded in a file beside each video. */
     virtual bool videoIndexingEnabled() const = 0;
 };

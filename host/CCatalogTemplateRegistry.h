@@ -4,20 +4,20 @@
 
 namespace Tavro::CATManagement {
 
-/** What the registry knows of one catalog; the host's subclass says more. */
+/** Describes a catalog. The library only tests whether there is one; the host subclasses it. */
 class Q_DECL_EXPORT CCatalogDescriptor
 {
 public:
     virtual ~CCatalogDescriptor() = default;
 };
 
-/** The host's list of known catalogs. */
+/** The catalogs that the host knows. The host implements it. Used on the GUI thread. */
 class Q_DECL_EXPORT CCatalogTemplateRegistry
 {
 public:
     virtual ~CCatalogTemplateRegistry() = default;
 
-    /** Descriptor of the catalog of that id, owned by the registry; null when unknown. */
+    /** Descriptor of the catalog @p catalogId. Owned by the registry. Null when it is unknown. */
     virtual const CCatalogDescriptor *catalogByUniqueId(const QString &catalogId) const = 0;
 };
 

@@ -4,15 +4,15 @@
 
 namespace Tavro::Templates {
 
-/** One column of a catalog's view. */
+/** One column of a view of a catalog template. The host implements it. */
 class Q_DECL_EXPORT CColumnDefinition
 {
 public:
     virtual ~CColumnDefinition() = default;
 
-    /** Key by which catalog and database name the column. */
+    /** Key of the column in the catalog and in the database. */
     virtual QString key() const = 0;
-    /** Unit text of the column's values; empty when they have none. */
+    /** Unit of the values, such as "mm". Empty when they have none. */
     virtual QString unit() const = 0;
 };
 

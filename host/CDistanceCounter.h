@@ -4,7 +4,10 @@
 
 namespace Tavro::AppLogic {
 
-/** Distance travelled by the crawler in the section under inspection. */
+/**
+ * Measures the distance that the crawler has travelled in the inspected section. The host
+ * implements it. Lives on the thread of the host's services.
+ */
 class Q_DECL_EXPORT CDistanceCounter : public QObject
 {
     Q_OBJECT
@@ -12,11 +15,11 @@ class Q_DECL_EXPORT CDistanceCounter : public QObject
 public:
     using QObject::QObject;
 
-    /** Current distance in metres. */
+    /** Present distance in metres. */
     virtual double distanceValue() const = 0;
 
 Q_SIGNALS:
-    /** The crawler has moved; @p distance in metres. */
+    /** Emitted when the distance has changed. @p distance is in metres. */
     void distanceValueChanged(double distance);
 };
 

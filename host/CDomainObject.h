@@ -4,14 +4,14 @@
 
 namespace Tavro::Database {
 
-/** Something that the project database stores. */
+/** Base class of the objects in the project database. */
 class Q_DECL_EXPORT CDomainObject
 {
 public:
     virtual ~CDomainObject() = default;
 };
 
-/** Shared ownership of a stored object between the host and the library. */
+/** A stored object that host and library own together. */
 using CDomainObjectPointer = QSharedPointer<CDomainObject>;
 
 } // namespace Tavro::Database

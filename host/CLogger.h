@@ -4,23 +4,23 @@
 
 namespace Tavro::Logging {
 
-/** How much a log entry matters; the numbers are those of the host's log files. */
+/** Severity of a log entry. The numbers are those of the host's log files. */
 enum class LogLevel {
-    Error = 1, /**< something the user asked for did not happen */
-    Warning = 2, /**< it happened, but not as expected */
-    Info = 3, /**< worth knowing later */
+    Error = 1, /**< an operation that the user has requested has failed */
+    Warning = 2, /**< an operation has succeeded, but not as expected */
+    Info = 3, /**< information */
     Debug = 4, /**< for developers */
 };
 
-/** The host's log. Every message of the library goes through it. */
+/** The log of the host. Every message of the library goes through it. */
 class Q_DECL_EXPORT CLogger
 {
 public:
     /**
-     * Writes one entry; defined by the host.
+     * Writes one entry. The host defines this function.
      *
-     * Called from whatever thread has something to say, so it must be thread-safe.
-     * @p category is a fixed text for each class or area, such as "CFileCopyController".
+     * The library calls it from any thread, so the definition must be thread-safe. @p category is a
+     * fixed text for each class or area, such as "CFileCopyController".
      */
     static void logMessage(LogLevel level, const QString &category, const QString &message);
 };

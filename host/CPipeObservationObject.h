@@ -4,7 +4,7 @@
 
 namespace Tavro::Database {
 
-/** An observation made in a pipe; the library only asks whether an object is one. */
+/** An observation in a pipe. The library only tests, by dynamic_cast, whether an object is one. */
 class Q_DECL_EXPORT CPipeObservationObject : public CDomainObject
 {
 };

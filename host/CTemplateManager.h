@@ -9,13 +9,13 @@ class CCatalogTemplate;
 
 namespace Tavro::CATManagement {
 
-/** The host's store of catalog templates. */
+/** Loads and keeps the catalog templates. The host implements it. Used on the GUI thread. */
 class Q_DECL_EXPORT CTemplateManager
 {
 public:
     virtual ~CTemplateManager() = default;
 
-    /** Template of that id, loaded when needed; null when there is none. */
+    /** Template @p templateId, which is loaded if needed. Null when there is none. */
     virtual QSharedPointer<Tavro::Templates::CCatalogTemplate> getTemplateFromCache(
         const QString &templateId) = 0;
 };

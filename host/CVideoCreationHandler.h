@@ -10,7 +10,10 @@ class CVideoRecorder;
 
 namespace Tavro::AppLogic {
 
-/** The host's handling of one video, from its creation to its place in the database. */
+/**
+ * Creates a video and stores it in the database. The host implements it. Lives on the thread of the
+ * host's services.
+ */
 class Q_DECL_EXPORT CVideoCreationHandler : public QObject
 {
     Q_OBJECT
@@ -18,11 +21,11 @@ class Q_DECL_EXPORT CVideoCreationHandler : public QObject
 public:
     using QObject::QObject;
 
-    /** Stage of the creation, as the host numbers it. */
+    /** Stage of the creation. The library uses 1: a video is being created. */
     virtual int state() const = 0;
-    /** Recorder in use, owned by the host; null when there is none. */
+    /** Recorder in use. Owned by the host. Null when there is none. */
     virtual Tavro::Multimedia::CVideoRecorder *videoRecorder() const = 0;
-    /** Object that the video belongs to; null when there is none. */
+    /** Object to which the video belongs. Null when there is none. */
     virtual Tavro::Database::CDomainObjectPointer currentSharedItem() const = 0;
 };
 

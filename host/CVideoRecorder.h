@@ -4,7 +4,7 @@
 
 namespace Tavro::Multimedia {
 
-/** The recorder of the inspection video. */
+/** Records the inspection video. The host implements it, on the thread of its services. */
 class Q_DECL_EXPORT CVideoRecorder : public QObject
 {
     Q_OBJECT
@@ -12,13 +12,13 @@ class Q_DECL_EXPORT CVideoRecorder : public QObject
 public:
     using QObject::QObject;
 
-    /** What the recorder is doing, as the host numbers it. */
+    /** State of the recorder. The library uses 0 idle, 2 recording and 3 paused. */
     virtual int state() const = 0;
-    /** Length of the video so far, in milliseconds. */
+    /** Duration of the video so far, in milliseconds. */
     virtual qint64 duration() const = 0;
 
 Q_SIGNALS:
-    /** state() answers something new. */
+    /** Emitted when state() has changed. */
     void stateChanged();
 };
 

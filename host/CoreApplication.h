@@ -7,18 +7,23 @@ namespace Tavro::AppLogic {
 class CDistanceCounter;
 class PanTiltProvider;
 
-/** Way from the library to the host's running measurements. */
+/** Gives the library access to the measurements of the host. Defined by the host. */
 class Q_DECL_EXPORT CoreApplication
 {
 public:
     virtual ~CoreApplication() = default;
 
-    /** The host's application object, owned by the host; defined by the host. */
+    /**
+     * The process-wide instance. Never null in a host that uses ClipInfoHandler, its only caller.
+     * The host defines this function and owns the object.
+     */
     static CoreApplication *instance();
 
-    /** Distance counter of the open section, owned by the host. */
+    /**
+     * Distance counter of the open section. Owned by the host. Not null while a clip is recorded.
+     */
     virtual CDistanceCounter *sectionDistanceCounter() const = 0;
-    /** Source of the camera's direction, owned by the host. */
+    /** Direction of the camera. Owned by the host. Not null while a clip is recorded. */
     virtual PanTiltProvider *panTiltProvider() const = 0;
 };
 

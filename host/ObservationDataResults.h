@@ -1,7 +1,7 @@
 #pragma once
 
-/** Result of loading an observation; the library only passes it on. */
+/** Result of loading an observation. The host defines it; the library only passes it on. */
 class LoadObservationDataResult;
 
-/** Result of removing an observation; the library only passes it on. */
+/** Result of removing an observation. The host defines it; the library only passes it on. */
 class RemoveObservationDataResult;

@@ -4,7 +4,12 @@
 
 namespace Tavro::AppLogic {
 
-/** Direction in which the camera head looks, and the constants of the camera in use. */
+/**
+ * Direction of the camera head, and calibration of the camera in use. The host implements it. Lives
+ * on the thread of the host's services.
+ *
+ * ClipInfoHandler writes the angles unchanged.
+ */
 class Q_DECL_EXPORT PanTiltProvider : public QObject
 {
     Q_OBJECT
@@ -12,19 +17,19 @@ class Q_DECL_EXPORT PanTiltProvider : public QObject
 public:
     using QObject::QObject;
 
-    /** Rotation about the pipe's vertical axis, in degrees. */
+    /** Rotation about the vertical axis of the pipe, in degrees. */
     virtual double getPan() const = 0;
-    /** Rotation about the pipe's cross axis, in degrees. */
+    /** Rotation about the cross axis of the pipe, in degrees. */
     virtual double getTilt() const = 0;
-    /** The camera's calibration constant. */
+    /** Constant of the laser calibration. The clip information file has it divided by 100. */
     virtual double getCameraConstant() const = 0;
-    /** Distance between the camera and the point the distance counter measures, in metres. */
+    /** Offset of the laser calibration. The clip information file has it divided by 100000. */
     virtual double getDistanceOffset() const = 0;
 
 Q_SIGNALS:
-    /** The head has turned; @p pan in degrees. */
+    /** Emitted when getPan() has changed. @p pan is in degrees. */
     void panChanged(double pan);
-    /** The head has tilted; @p tilt in degrees. */
+    /** Emitted when getTilt() has changed. @p tilt is in degrees. */
     void tiltChanged(double tilt);
 };
 

@@ -2,7 +2,7 @@
 
 namespace Tavro::Database {
 
-/** Result of a database query; the library only passes it on. */
+/** Result of a database query. The host defines it; the library only passes it on. */
 class SqlResult;
 
 } // namespace Tavro::Database

@@ -4,14 +4,16 @@
 
 namespace Tavro::Database {
 
-/** A point as the project database stores it: each coordinate a decimal text, empty when unknown.
+/**
+ * A point as the project database stores it. Each coordinate is a decimal number as text, empty
+ * when it is unknown.
  */
 struct WktPoint
 {
     QString x; /**< easting */
     QString y; /**< northing */
     QString z; /**< height */
-    QString m; /**< measure along the line */
+    QString m; /**< measure: the distance along the line */
 };
 
 } // namespace Tavro::Database

@@ -1,4 +1,8 @@
-// Copies a directory in the background and says how far it is.
+// A host that copies a directory in the background and prints its progress.
+#include "host/AppState.h"
+#include "host/CApplicationSettings.h"
+#include "host/CLogger.h"
+#include "host/CoreApplication.h"
 #include "shared/fileops/CFileCopyController.h"
 
 #include <QCoreApplication>
@@ -24,7 +28,7 @@ int main(int argc, char *argv[])
         out << copy.processedBytes() << " of " << copy.totalBytes() << " bytes" << Qt::endl;
     });
     QObject::connect(&copy, &CFileCopyController::operationCompleted, &copy, [&] {
-        // a copy that failed has "completed", too: the result tells
+        // emitted also when the copy has failed
         const CFileOperationResult result = copy.lastResult();
         if (result.isWhole()) {
             out << "copied" << Qt::endl;
@@ -37,4 +41,29 @@ int main(int argc, char *argv[])
     });
     copy.copyDirectory(arguments.at(1), arguments.at(2));
     return QCoreApplication::exec();
+}
+
+// What the library calls in its host. A program without these functions does not link.
+void Tavro::Logging::CLogger::logMessage(LogLevel level, const QString &category,
+                                         const QString &message)
+{
+    // called from any thread: one write for each entry
+    QTextStream(stderr)
+        << QStringLiteral("%1 %2: %3\n").arg(static_cast<int>(level)).arg(category, message);
+}
+
+// Only ClipInfoHandler calls these. A host that records videos returns its own objects.
+CApplicationSettings *CApplicationSettings::instance()
+{
+    return nullptr;
+}
+
+Tavro::AppLogic::CoreApplication *Tavro::AppLogic::CoreApplication::instance()
+{
+    return nullptr;
+}
+
+Tavro::AppState *Tavro::AppState::instance()
+{
+    return nullptr;
 }

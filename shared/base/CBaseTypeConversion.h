@@ -6,19 +6,23 @@
 
 namespace Tavro::Base {
 
-/** Between the catalogs' boolean columns and a plain bool. Static functions, any thread. */
+/**
+ * Converts between the boolean columns of the catalogs and bool.
+ *
+ * Static functions without state. Any thread. Nothing blocks or fails.
+ */
 class OVO_SHARED_EXPORT CBaseTypeConversion
 {
 public:
     CBaseTypeConversion() = delete;
 
     /**
-     * The variant's own conversion, QVariant::toBool(): false for an invalid variant, zero and
-     * the texts "", "0" and "false" in any case.
+     * Returns value.toBool(): false for an invalid variant, for zero and for the texts "", "0" and
+     * "false", the last in any case.
      */
     static bool tavroBoolToBool(const QVariant &value);
 
-    /** A valid variant of type bool, which is what the catalogs' boolean columns store. */
+    /** Returns a valid variant of type bool, the type that boolean columns store. */
     static QVariant boolToTavroBool(bool value);
 };
 

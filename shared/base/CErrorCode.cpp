@@ -48,7 +48,7 @@ quint8 CErrorCode::domain() const
 
 bool CErrorCode::isNoError() const
 {
-    // only the low byte: a word composed from a component's "none" names its maker all the same
+    // only the low byte: a word made of a component's "none" still has module and component
     return detailCode() == 0;
 }
 

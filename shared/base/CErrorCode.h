@@ -8,26 +8,27 @@
 namespace Tavro::Base {
 
 /**
- * A packed error word, as CErrorCode takes it apart.
+ * A packed error word. CErrorCode unpacks it.
  *
- * The named values belong to the host application, which defines the enumeration with them
- * where it needs them; to this library it is an opaque 32-bit number.
+ * The host defines the enumerators where it needs them. To this library the type is an opaque
+ * 32-bit number.
  */
 enum ErrorCode : quint32;
 
 /**
- * An error as one 32-bit word that names its cause and the class that raised it.
+ * An error as one 32-bit word: its cause, and the class and module that raised it.
  *
  * | bits  | field                                                     | reader        |
  * | ----- | --------------------------------------------------------- | ------------- |
  * | 0-7   | the cause, from the component's own error enumeration     | detailCode()  |
- * | 8-15  | the class of the module that raised it                    | componentId() |
+ * | 8-15  | the class that raised it, within its module               | componentId() |
  * | 16-23 | the library or subsystem; 0x0B for this library           | moduleId()    |
  * | 24-30 | zero in every word that this library makes                |               |
  * | 31    | domain flag                                               | domain()      |
  *
- * A value: any thread may use its own copy. QML reads the properties of a copy it was given;
- * there the word counts as a signed number, so `code.errorCode >>> 0` is the one to show.
+ * A plain value: each thread may use its own copy. QML reads the properties of the copy that it was
+ * given. JavaScript takes errorCode for a signed number; `code.errorCode >>> 0` is the unsigned
+ * one.
  */
 class OVO_SHARED_EXPORT CErrorCode
 {
@@ -36,24 +37,24 @@ class OVO_SHARED_EXPORT CErrorCode
     Q_PROPERTY(Tavro::Base::ErrorCode errorCode READ errorCode)
 
 public:
-    /** No error: the word is 0. */
+    /** Creates the word 0, which is no error. */
     CErrorCode();
-    /** Holds @p code unchanged. Not explicit, so that a composed word is an error as it stands. */
+    /** Stores @p code unchanged. Not explicit, so that a packed word converts to CErrorCode. */
     CErrorCode(unsigned int code);
 
     /** The whole word. */
     ErrorCode errorCode() const;
 
-    /** Library or subsystem, 0 to 255. */
+    /** Library or subsystem that raised the error, 0 to 255. */
     quint8 moduleId() const;
-    /** Class within the module, 0 to 255. */
+    /** Class within the module that raised the error, 0 to 255. */
     quint8 componentId() const;
-    /** Cause within the component, 0 to 255; 0 is no error. */
+    /** Cause within the component, 0 to 255. 0 is no error. */
     quint8 detailCode() const;
     /** The domain flag, 0 or 1. */
     quint8 domain() const;
 
-    /** True when detailCode() is 0, whatever module and component the word carries. */
+    /** True when detailCode() is 0. Module, component and domain have no influence. */
     bool isNoError() const;
 
 private:

@@ -7,7 +7,7 @@ namespace Tavro::Base {
 /**
  * Unit in which a project measures distance.
  *
- * The numbers are those of the catalogs and of the project database.
+ * The values are those of the catalogs and of the project database. They never change.
  */
 enum class DistanceUnit : qint32 {
     Undefined = 0, /**< not set: the locale decides */

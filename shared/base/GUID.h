@@ -4,7 +4,7 @@
 
 namespace Tavro::Base {
 
-/** Identifier of a stored object or a catalog, as text; empty when there is none. */
+/** Identifier of a stored object or of a catalog, as text. Empty when there is none. */
 using GUID = QString;
 
 } // namespace Tavro::Base

@@ -24,7 +24,7 @@ namespace Tavro::Shared {
 
 namespace {
 
-// the host's numbers
+// numbers of the host
 constexpr int s_creatingVideo = 1;
 constexpr int s_recorderIdle = 0;
 constexpr int s_recorderRecording = 2;
@@ -34,7 +34,7 @@ constexpr double s_pictureRatio = 1.0591;
 constexpr double s_leastChangeOfDistance = 0.05; // metres
 constexpr int s_indexDigits = 5;
 
-// the setting off leaves connections in place, and the next clip connects again
+// with the setting turned off connections remain, and the next clip connects again
 constexpr auto s_connectOnce =
     static_cast<Qt::ConnectionType>(Qt::AutoConnection | Qt::UniqueConnection);
 
@@ -58,7 +58,7 @@ double secondsOf(const Multimedia::CVideoRecorder &recorder)
     return static_cast<double>(recorder.duration()) / 1000.0;
 }
 
-// A file may end in the largest number; the one after it must not be undefined.
+// A file may end with the largest number; the next one must not be undefined behaviour.
 qint32 numberAfter(qint32 number)
 {
     return static_cast<qint32>(static_cast<quint32>(number) + 1U);
@@ -67,7 +67,7 @@ qint32 numberAfter(qint32 number)
 // 0 when the text is not a number
 qint32 numberIn(const QByteArray &text)
 {
-    // toInt() takes the text to end at such a byte
+    // toInt() would end the text at such a byte
     return text.contains('\0') ? 0 : text.toInt();
 }
 
@@ -86,7 +86,7 @@ qint32 lastValueIndex(const QByteArray &content)
 void writeEntries(QTextStream &out, const QMap<QString, QVariant> &entries)
 {
     for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
-        // the stream would cut a double down to six digits
+        // the stream would round a double to six digits
         out << entry.key() << QLatin1Char('=') << entry.value().toString() << QLatin1Char('\n');
     }
 }
@@ -215,7 +215,7 @@ bool ClipInfoHandler::writeInitialIndexingDistance()
     if (!recorder || recorder->state() != s_recorderRecording) {
         return false;
     }
-    // this one sample says 0 wherever the camera looks
+    // the initial sample has 0, wherever the camera looks
     const bool isWritten = write(secondsOf(*recorder), distance, 0, 0.0, 0.0);
     m_lastDistance = distance;
     return isWritten;

@@ -21,24 +21,29 @@ class CVideoRecorder;
 namespace Tavro::Shared {
 
 /**
- * Writes the clip information file that lies beside a recorded video.
+ * Writes the clip information file, which lies beside a recorded video.
  *
- * The file says when and with what the video was made, and where the camera was and looked at
- * each moment of it: an INI-like text of four sections, of which the last one holds a line for
- * each sample, such as
+ * The file contains the date of the video, the application, the distance unit, the calibration of
+ * the camera, and a trace of the position and direction of the camera. It is an INI-like text of
+ * four sections. The last section has one line for each sample, such as
  *
  *     Val00007=12.480;3.215;0;-45.000;10.500
  *
  * with the time in the video in seconds, the distance in the project's unit, a 0, pan and tilt.
  *
- * The life of one clip: connectToVideoRecorder() while the recorder is idle and
- * initRecordedVideoIndexing() before it starts. From then on the handler follows the distance
- * counter, the camera head, the observations and the recorder by itself, keeps every sample in
- * memory, and writes the file in one go when the recorder becomes idle.
+ * For each clip the host calls connectToVideoRecorder() while the recorder is idle, and
+ * initRecordedVideoIndexing() before it starts. The handler then takes samples on the signals of
+ * the distance counter, the camera head and the observations, keeps them in memory, and writes the
+ * file in one go when the recorder becomes idle.
  *
- * Everything belongs to the thread that the handler lives in, which is that of the host's
- * services. Nothing is logged; a failure shows in the result of the call alone. The host's
- * CoreApplication, AppState and CApplicationSettings must exist while a clip is recorded.
+ * Call all functions on the thread that the handler lives in, which is also the thread of the
+ * host's services. The host's CoreApplication with its distance counter and its PanTiltProvider,
+ * AppState and CApplicationSettings must exist while a clip is recorded. Nothing is logged: the
+ * return value is the only sign of a failure. resume(), stop() and the functions that call them,
+ * and removeInfoForVideo(), access files and block.
+ *
+ * The library uses these numbers of the host: CVideoCreationHandler::state() 1, a video is being
+ * created; CVideoRecorder::state() 0 idle, 2 recording, 3 paused.
  */
 class OVO_SHARED_EXPORT ClipInfoHandler : public QObject
 {
@@ -46,118 +51,132 @@ class OVO_SHARED_EXPORT ClipInfoHandler : public QObject
 
 public:
     /**
-     * Listens to nothing yet. @p handler becomes the parent and is asked for the recorder each
-     * time one is needed; with null there never is one, so no sample is taken from a signal.
+     * Connects nothing. @p handler becomes the parent; its videoRecorder() is called each time the
+     * recorder is needed. With null there is no recorder, and signals cause no samples.
      */
     explicit ClipInfoHandler(AppLogic::CVideoCreationHandler *handler = nullptr);
 
     /**
-     * Path of the clip information file of a video: its folder, and what its name holds before
-     * the first dot, with ".txt". So "/data/a.b.mp4" gets "/data/a.txt". A relative path stays one.
+     * Path of the clip information file of a video: the directory of the video, and its file name
+     * up to the first dot, with ".txt". "/data/a.b.mp4" gives "/data/a.txt". A relative path gives
+     * a relative path.
      */
     static QString videoPathToFilePath(const QString &videoPath);
-    /** Removes the clip information file of a video. Whether there was one is not reported. */
+    /** Removes the clip information file of a video, if it exists. Errors are not reported. */
     static void removeInfoForVideo(const QString &videoPath);
 
     /**
-     * Follows the recorder from now on, until indexing ends. False, and nothing done, when
-     * @p recorder is null or not idle (state 0).
+     * Connects onVideoRecorderStateChanged() to the recorder of the creation handler, until
+     * indexing ends. Returns false and does nothing when @p recorder is null or not idle (state 0).
      *
-     * What is followed is the recorder of the creation handler, whichever @p recorder was given;
-     * true as well when it has none.
+     * @p recorder is used for this check only. Returns true also when the creation handler has no
+     * recorder; then nothing is connected.
      */
     bool connectToVideoRecorder(Multimedia::CVideoRecorder *recorder);
 
     /**
-     * Begins a clip: takes calibration, tilt and pan from the camera, connects the signals, and
-     * calls setVideoIndexingFilePath() and start(), whose result it returns. Whether the user
-     * wants indexing is not asked here.
+     * Begins a clip: reads calibration, tilt and pan from the camera, calls
+     * connectSignalsForIndexing() and setVideoIndexingFilePath(), and returns the result of
+     * start(). Does not check whether the user has turned indexing on.
      *
-     * **A clip before that no stop() has written is still there**: until the new one is longer
-     * its samples are dropped, and the old ones get into its file. See stop() and
-     * endVideoIndexing().
+     * **An earlier clip that stop() has not written is kept.** Its samples get into the file of the
+     * new clip, and samples of the new clip are dropped until their time reaches that of its last
+     * one. See stop() and endVideoIndexing().
      */
     bool initRecordedVideoIndexing(const QString &videoPath);
-    /** Takes over the name of the video and, from it, the path of the file to write. */
+    /** Sets the name of the video and, by videoPathToFilePath(), the path of the file to write. */
     void setVideoIndexingFilePath(const QString &videoPath);
 
     /**
-     * Begins a new file with writeClipInfo() and sample number 0 or, where the file exists
-     * already, continues that with resume(). Always true, also when resume() was false.
+     * Calls writeClipInfo() and begins with sample number 0. If the file exists already, calls
+     * resume() instead to continue it. Always returns true, also when resume() has returned false.
      */
     bool start();
     /**
      * Continues @p file: the next sample gets the number after that of the last "Val" in it, and
-     * stop() will append. Number 1 comes next when there is no "Val", or no number in its place.
+     * stop() will append. If there is no "Val", or no number after it, the next number is 1.
      *
-     * Opens, reads and closes @p file. False, and nothing changed, when it cannot be opened.
+     * Opens, reads and closes @p file. Returns false and changes nothing when it cannot be opened.
      * Blocks while the whole file is read into memory.
      */
     bool resume(QFile &file);
 
     /**
-     * Fills the section "[ClipInfo]" in memory: application, date and time, name of the video
-     * and the two picture ratios; then calls writeIndexInfo() and writeLaserCalibrationInfo().
-     * Always true.
+     * Fills the section "[ClipInfo]" in memory: application, local date and time, name of the video
+     * and the two picture ratios. Then calls writeIndexInfo() and writeLaserCalibrationInfo().
+     * Always returns true.
      */
     bool writeClipInfo();
-    /** Fills the section "[IndexInfo]": the text of the distance unit in force now. Always true. */
+    /**
+     * Fills the section "[IndexInfo]" in memory: CLocaleSupport::getDistanceUnitString() at the
+     * time of the call. Always returns true.
+     */
     bool writeIndexInfo();
-    /** Fills "[LaserCalibration]" from what the camera said when indexing began. Always true. */
+    /**
+     * Fills the section "[LaserCalibration]" in memory, from the values that
+     * initRecordedVideoIndexing() has read from the camera. Always returns true.
+     */
     bool writeLaserCalibrationInfo();
 
     /**
-     * Adds one sample: @p time in the video in seconds, @p distance in metres, @p code any
-     * number, @p pan and @p tilt as the camera counts them. The distance is written in feet when
-     * the project's unit is feet at this moment.
+     * Adds a sample. @p time is the time in the video in seconds, @p distance is in metres, @p code
+     * is any number, @p pan and @p tilt are in the unit of the PanTiltProvider. The distance is
+     * stored in feet if the project's unit is feet at the time of the call.
      *
-     * False, and no sample, when @p time lies before that of the last sample.
+     * Returns false and adds nothing when @p time is less than that of the last sample.
      */
     bool write(double time, double distance, int code, double pan, double tilt);
     /**
-     * Adds a sample for the place where the recording begins, with pan and tilt 0. False, and no
-     * sample, without a recorder that is recording (state 2), or when write() refuses it.
+     * Adds a sample of the distance at which the recording begins, with pan and tilt 0. Returns
+     * false and adds nothing when no recorder is recording (state 2), or when write() returns
+     * false.
      */
     bool writeInitialIndexingDistance();
 
     /**
-     * Writes the file, or appends to the one that is continued, and forgets the clip. Blocks
-     * while it writes: some 50 bytes a sample, not flushed to the device.
+     * Writes the file, or appends to the one that is continued, and drops the clip from memory.
+     * Blocks while it writes about 50 bytes for each sample. The file is not flushed to the device.
+     * Errors while writing are not detected.
      *
-     * False when the file cannot be opened, for want of a path as well; everything stays in
-     * memory then, and a later call can still write it. To drop it, use another handler.
+     * Returns false when no path is set or the file cannot be opened. Everything stays in memory
+     * then, and a later call can still write it. To discard it, use another handler.
      */
     bool stop();
     /**
-     * Ends the clip: disconnects the signals, sets pan and tilt to 0 and returns what stop()
-     * returns. False, and nothing done, when the user has turned video indexing off: the clip goes
-     * on, and ends with disconnectSignalsForIndexing() and stop() if at all.
+     * Ends the clip: calls disconnectSignalsForIndexing(), sets pan and tilt to 0 and returns the
+     * result of stop(). Returns false and does nothing when the user has turned video indexing off:
+     * the clip goes on. To end it nevertheless, call disconnectSignalsForIndexing() and stop().
      */
     bool endVideoIndexing();
 
     /**
-     * Connects distance, observations, pan and tilt, in this order, to the slots. What is
-     * connected already stays connected once, so that no sample is taken twice.
+     * Connects distance, observations, pan and tilt to the slots, in this order. Connections are
+     * unique, so no sample is taken twice.
      */
     void connectSignalsForIndexing();
-    /** Disconnects them again, and the recorder of the creation handler. */
+    /** Disconnects these four signals and the recorder of the creation handler. */
     void disconnectSignalsForIndexing();
 
 public Q_SLOTS:
-    /** Adds a sample when @p distance, in metres, is 0.05 or more away from the last one's. */
+    /**
+     * Adds a sample when @p distance, in metres, differs by 0.05 or more from the last distance.
+     * The last distance is that of the initial sample, or of the last change of 0.05 or more, even
+     * if its sample was dropped. Like all slots, it does nothing without a recorder.
+     */
     void onDistanceCounterValueChanged(double distance);
-    /** Adds a sample with the new @p pan. */
+    /** Adds a sample with the new @p pan, at the last distance. */
     void onPanValueChanged(double pan);
-    /** Adds a sample with the new @p tilt. */
+    /** Adds a sample with the new @p tilt, at the last distance. */
     void onTiltValueChanged(double tilt);
     /**
-     * Adds a sample at the counter's current distance when @p object is an observation in a pipe
-     * and the video belongs to something.
+     * Adds a sample at the present distance of the counter when @p object is a
+     * CPipeObservationObject and CVideoCreationHandler::currentSharedItem() is not null.
      */
     void onObservationCreated(const Tavro::Database::CDomainObjectPointer &object);
     /**
-     * Ends the clip when the recorder has become idle, and adds the initial sample when it has
-     * begun to record, except after a pause.
+     * While a video is being created and indexing is turned on: calls endVideoIndexing() when the
+     * recorder has become idle, and writeInitialIndexingDistance() when it has begun to record,
+     * except after a pause. Otherwise it only records the pause.
      */
     void onVideoRecorderStateChanged();
 

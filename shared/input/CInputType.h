@@ -8,13 +8,14 @@
 namespace Tavro::Shared {
 
 /**
- * How one catalog column is edited: what a form asks before it builds the field.
+ * Describes how one catalog column is edited: label, kind of data, limits, list of values, control.
  *
- * An interface: the host derives one concrete descriptor from each column definition and answers
- * the pure functions from it. QML reads everything through the properties and the callable
- * functions, which all end in these virtual functions.
+ * An interface. The host subclasses it, creates one descriptor for each column definition and
+ * implements the pure virtual functions from that definition. Properties and invokable functions
+ * call the virtual functions, so a subclass declares none of them again.
  *
- * Belongs to the GUI thread; nothing blocks. Owned by its parent, or by whoever created it.
+ * GUI thread only. No function of this class blocks. The parent owns the descriptor; without a
+ * parent its creator does.
  */
 class OVO_SHARED_EXPORT CInputType : public QObject
 {
@@ -34,9 +35,9 @@ class OVO_SHARED_EXPORT CInputType : public QObject
     Q_PROPERTY(int controlType READ controlType CONSTANT)
 
 public:
-    /** What kind of data the column holds; the first six are the catalogs' data-type codes. */
+    /** Kind of data of the column. The values 1 to 5 have data-type codes in the catalogs. */
     enum InputType {
-        InputTypeInvalid = 0, /**< no code, or an unknown one */
+        InputTypeInvalid = 0, /**< the column has no data-type code, or an unknown one */
         InputTypeText = 1, /**< "TXT" */
         InputTypeInteger = 2, /**< "INT" */
         InputTypeDecimal = 3, /**< "DEC" */
@@ -49,7 +50,7 @@ public:
     };
     Q_ENUM(InputType)
 
-    /** Kind of control that edits the column: the values of controlType. */
+    /** Kind of control that edits the column: the values of the property controlType. */
     enum BaseInputType {
         Unknown = 0, /**< the template names no control, or one not listed here */
         TextBox = 1, /**< one line of text */
@@ -79,45 +80,51 @@ public:
 
     // The order of the virtual functions is part of the binary interface.
 
-    /** Text beside the field, in the user's language. */
+    /** Label of the field, in the user's language. */
     virtual QString caption() const = 0;
     /** Key of the column that the field writes to. */
     virtual QString boundColumn() const = 0;
-    /** Unit text shown with the value; empty when the column has none. */
+    /** Unit shown with the value, such as "mm". Empty when the column has none. */
     virtual QString unit() const = 0;
-    /** How the template has a value shown; empty when it says nothing. */
+    /** Format in which the value is shown. Empty when the template has none. */
     virtual QString displayFormat() const = 0;
-    /** Whether the field may not stay empty. */
+    /** True when the field must not stay empty. */
     virtual bool mandatory() const = 0;
     /** True exactly when the column offers a list of values. */
     virtual bool hasList() const = 0;
-    /** Whether a value that is not in the list may be entered, too. */
+    /** True when a value that is not in the list may be entered. */
     virtual bool editableList() const = 0;
-    /** Kind of data, from the column's code by DataConverter::stringToDataType(). */
+    /** Kind of data: DataConverter::stringToDataType() of the column's data-type code. */
     virtual InputType inputType() const = 0;
-    /** Longest text that the column takes, in characters. */
+    /** Longest text of the column, in characters. */
     virtual int maximumTextLength() const = 0;
-    /** A BaseInputType as plain number. */
+    /** Kind of control: a value of BaseInputType. */
     virtual int controlType() const = 0;
-    /** Smallest value that the column takes. */
+    /** Smallest value of the column. */
     virtual QVariant minimumValue() const = 0;
-    /** Largest value that the column takes. */
+    /** Largest value of the column. */
     virtual QVariant maximumValue() const = 0;
-    /** The entries of the list in the order in which they are shown; empty without a list. */
+    /** Entries of the list, in the order in which they are shown. Empty without a list. */
     virtual QVariantList itemList() const = 0;
-    /** What is shown for the entry at @p index; outside the list the host decides. */
+    /** Text shown for the entry at @p index. The host defines the result for other indexes. */
     Q_INVOKABLE virtual QString textFromListIndex(int index) const = 0;
-    /** What is stored for the entry at @p index; outside the list the host decides. */
+    /** Value stored for the entry at @p index. The host defines the result for other indexes. */
     Q_INVOKABLE virtual QVariant valueFromListIndex(int index) const = 0;
-    /** Index of the entry whose stored value equals @p value; when none does the host decides. */
+    /**
+     * Index of the entry whose stored value equals @p value. The host defines the result when there
+     * is none.
+     */
     Q_INVOKABLE virtual int listIndexFromValue(const QVariant &value) const = 0;
-    /** What setValuesToHide() stored last, empty at first; content and form are the host's. */
+    /**
+     * The text of the last setValuesToHide(). Default: empty. The host defines its content and its
+     * format; this library does not read it.
+     */
     Q_INVOKABLE virtual QString valuesToHide() const;
-    /** Stores @p values; emits nothing, and QML cannot call it. */
+    /** Sets valuesToHide() to @p values, unchanged. Emits no signal. Not callable from QML. */
     virtual void setValuesToHide(QString values);
 
 Q_SIGNALS:
-    /** Emitted by the host's descriptor when itemList answers something new. */
+    /** Emitted by the host's descriptor when itemList has changed. This class does not emit it. */
     void itemListChanged();
 
 private:

@@ -7,28 +7,28 @@
 namespace Tavro::Shared {
 
 /**
- * One entry of a code list, and the object that it belongs to. A value: copied freely, any thread
- * its own.
+ * One entry of a code list, and the identifier of the object that the list belongs to. A plain
+ * value: nothing is checked, and each thread may use its own copy.
  */
 class OVO_SHARED_EXPORT CodeListItem
 {
 public:
-    /** Three empty texts. */
+    /** Creates an entry of three empty texts. */
     CodeListItem();
-    /** All three as given. */
+    /** Creates an entry of the given texts. */
     CodeListItem(const QString &code, const QString &text, const QString &objectId);
 
-    /** What is stored when the entry is chosen. */
+    /** Code that is stored when the user chooses the entry. */
     const QString &code() const;
-    /** Any text. */
+    /** Sets the code that is stored when the user chooses the entry. Default: empty. */
     void setCode(const QString &code);
-    /** What the list shows. */
+    /** Text that the list shows. */
     const QString &text() const;
-    /** Any text. */
+    /** Sets the text that the list shows. Default: empty. */
     void setText(const QString &text);
-    /** Identifier of the object that the code list belongs to, as the database has it. */
+    /** Identifier, in the database, of the object that the code list belongs to. */
     const QString &objectId() const;
-    /** Any text. */
+    /** Sets the identifier of the object that the code list belongs to. Default: empty. */
     void setObjectId(const QString &objectId);
 
 private:

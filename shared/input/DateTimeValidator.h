@@ -6,10 +6,11 @@
 namespace Tavro::Shared {
 
 /**
- * A date, a time, or both, in a format of QDateTime::fromString().
+ * Accepts a date, a time, or both, in a format of QDateTime::fromString().
  *
  * With the format "dd.MM.yyyy": Acceptable "29.02.2024"; Invalid "", "29.02.2023", "29.2.2024".
- * Intermediate: none, so an unfinished date is refused while it is typed. Every refusal is logged.
+ * It never returns Intermediate, so an unfinished date is Invalid while it is typed. Every Invalid
+ * text is logged at level Debug under "DateTimeValidator".
  */
 class OVO_SHARED_EXPORT DateTimeValidator : public Validator
 {
@@ -17,22 +18,25 @@ class OVO_SHARED_EXPORT DateTimeValidator : public Validator
     Q_PROPERTY(QString format READ format WRITE setFormat NOTIFY formatChanged)
 
 public:
-    /** A rule without a parent; belongs to the caller. */
+    /** Creates a rule without a parent. The caller owns it. */
     DateTimeValidator();
     ~DateTimeValidator() override;
 
-    /** The format; empty at first, which only the empty text matches. */
+    /** The format, in the notation of QDateTime::fromString(). */
     QString format() const;
-    /** Any text; one that QDateTime cannot read by refuses every input. */
+    /**
+     * Sets the format. Default: empty, which only the empty text matches. A format that
+     * QDateTime::fromString() cannot use makes every text Invalid. Does not emit formatChanged().
+     */
     void setFormat(const QString &format);
 
-    /** Acceptable or Invalid. Leaves @p input as it is. */
+    /** Returns Acceptable or Invalid. Does not change @p input. */
     QValidator::State validate(QString &input, int &pos) const override;
-    /** One line with the format, also when that is empty. */
+    /** Sets a hint of one line, which contains the format, even an empty one. */
     void updateHint() override;
 
 Q_SIGNALS:
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void formatChanged();
 
 private:

@@ -6,7 +6,7 @@
 namespace Tavro::Shared {
 
 /**
- * The rule that stands in for a type that nobody knows: it has no hint and accepts every text.
+ * Accepts every text and has no hint. TextValidator uses it for an unknown rule type.
  *
  * Acceptable: "", "abc". Intermediate and Invalid: none.
  */
@@ -15,13 +15,13 @@ class OVO_SHARED_EXPORT DefaultValidator : public Validator
     Q_OBJECT
 
 public:
-    /** A rule without a parent; belongs to the caller. */
+    /** Creates a rule without a parent. The caller owns it. */
     DefaultValidator();
     ~DefaultValidator() override;
 
-    /** Always Acceptable. */
+    /** Returns Acceptable. Does not change @p input. */
     QValidator::State validate(QString &input, int &pos) const override;
-    /** There is nothing to say. */
+    /** Sets an empty hint. */
     void updateHint() override;
 };
 

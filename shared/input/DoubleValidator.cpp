@@ -11,7 +11,7 @@ namespace Tavro::Shared {
 
 namespace {
 
-// of the step, and of the number's distance from the grid, which is counted in steps
+// for the step, and for the distance from the grid, which is counted in steps
 constexpr double s_tolerance = 1e-12;
 
 } // namespace

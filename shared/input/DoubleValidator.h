@@ -8,17 +8,18 @@
 namespace Tavro::Shared {
 
 /**
- * A number within bounds, both included, and on a grid of steps counted from the bottom. "." and
- * "," both separate decimals.
+ * Accepts a number within inclusive bounds that lies on a grid of steps counted from bottom. Both
+ * "." and "," are decimal points.
  *
  * With bottom 0, top 1 and step 0.1: Acceptable "0.3", "0,3", "1e-1"; Intermediate ""; Invalid
  * "0.35", "1.1", "nan", "a", "30%".
  *
- * **While bottom is not set it is the smallest positive number**, so that "0" and everything below
- * is Invalid.
+ * **The default of bottom is the smallest positive number**, so "0" and negative numbers are
+ * Invalid until bottom is set.
  *
- * A text that is no number is logged, with its separators as rewritten; one that is out of range
- * or off the grid is not, and neither is "nan", which counts as a number.
+ * A text that is not a number is logged at level Debug under "DoubleValidator", with the decimal
+ * points already rewritten. A number that is out of range or off the grid is not logged. "nan" is
+ * Invalid and not logged, because it is read as a number.
  */
 class OVO_SHARED_EXPORT DoubleValidator : public Validator
 {
@@ -28,51 +29,60 @@ class OVO_SHARED_EXPORT DoubleValidator : public Validator
     Q_PROPERTY(double step READ step WRITE setStep NOTIFY stepChanged)
 
 public:
-    /** A rule without a parent; belongs to the caller. */
+    /** Creates a rule without a parent. The caller owns it. */
     DoubleValidator();
     ~DoubleValidator() override;
 
-    /** Lowest number allowed, and the one that the grid starts at; at
-     * first 2.2250738585072014e-308. */
+    /** Lowest accepted number, inclusive. The grid starts here. */
     double bottom() const;
-    /** From now on the hint names it, too. */
+    /**
+     * Sets the lower bound, in the unit of the field. Default: 2.2250738585072014e-308. The next
+     * hint includes a bound that was set. Does not emit bottomChanged().
+     */
     void setBottom(double bottom);
-    /** Highest number allowed; at first 1.7976931348623157e+308. */
+    /** Highest accepted number, inclusive. */
     double top() const;
-    /** From now on the hint names it, too. */
+    /**
+     * Sets the upper bound, in the unit of the field. Default: 1.7976931348623157e+308. The next
+     * hint includes a bound that was set. Does not emit topChanged().
+     */
     void setTop(double top);
-    /** Distance of the grid's numbers; up to 1e-12 either side of 0, as at first, for no grid. */
+    /** Distance between two neighbours on the grid. */
     double step() const;
-    /** A negative @p step makes the same grid as a positive one. */
+    /**
+     * Sets the step, in the unit of the field. Default: 0. From -1e-12 to 1e-12 there is no grid.
+     * The sign has no effect. The next hint includes any step but 0. Does not emit stepChanged().
+     */
     void setStep(double step);
 
     /**
-     * Intermediate for the empty text. Rewrites @p input: each "." and each "," becomes the
-     * decimal point of CLocaleSupport::getCurrentLocale(). The number is then read by the default
-     * QLocale, so both locales have to agree, as they do once GlobalLocaleData has chosen.
+     * Returns Intermediate for the empty text, else Acceptable or Invalid. Rewrites @p input: each
+     * "." and each "," becomes the decimal point of CLocaleSupport::getCurrentLocale(). The default
+     * QLocale then reads the number, so both locales must have the same decimal point. They do
+     * once GlobalLocaleData has set the default locale.
      *
-     * A number is on the grid when it is at most 1e-12 steps away from it. **That is less than
-     * rounding takes once there are some thousand steps**, unless the step is a power of two: with
-     * bottom 0 and step 0.01, "109.32" is Invalid, and so are 1 366 of the 20 001 numbers up to
-     * 200; with step 0.1, "819.3" is the first. To ask for a number of decimals, leave the step out
-     * and add a RegExpValidator.
+     * A number is on the grid when it is at most 1e-12 steps away from it. **The rounding error is
+     * larger than that after some thousand steps**, unless the step is a power of two. With bottom
+     * 0 and step 0.01, "109.32" is Invalid, as are 1 366 of the 20 001 numbers up to 200. With step
+     * 0.1, "819.3" is the first Invalid one. To limit the number of decimals, set no step and add
+     * a RegExpValidator.
      */
     QValidator::State validate(QString &input, int &pos) const override;
     /**
-     * Up to three lines: bottom if it was set, top if it was set, step if it is not 0; six
-     * significant digits, with a point in every locale.
+     * Sets a hint of up to three lines: bottom if it was set, top if it was set, step if it is not
+     * 0. Numbers have six significant digits, and the decimal point is "." in every locale.
      */
     void updateHint() override;
 
-    /** setBottom() and setTop(). */
+    /** Calls setBottom() and then setTop(). */
     virtual void setRange(double bottom, double top);
 
 Q_SIGNALS:
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void bottomChanged(double bottom);
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void topChanged(double top);
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void stepChanged(double step);
 
 private:

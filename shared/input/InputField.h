@@ -9,10 +9,10 @@
 namespace Tavro::Shared {
 
 /**
- * All that a form needs in order to show and check one field. It checks nothing itself: setters
- * store what they are given.
+ * Everything that a form needs to show and check one field.
  *
- * A value: copied freely, any thread its own. Subclasses can be deleted through this class.
+ * A plain value. Setters store their argument unchanged: no trimming, no range check, no signal.
+ * Each thread may use its own copy. Subclasses can be deleted through this class.
  */
 class OVO_SHARED_EXPORT InputField
 {
@@ -27,85 +27,94 @@ public:
         DataTypeDate = 5, /**< a date */
     };
 
-    /** A field that is not visible, without texts, limits or list. */
+    /** Creates an invisible field without texts, limits and list. */
     InputField();
-    /** All of @p other, its control type included. */
+    /** Copies all members of @p other, its control type included. */
     InputField(const InputField &other);
-    /** All of @p other, its control type included. */
+    /** Copies all members of @p other, its control type included. */
     InputField &operator=(const InputField &other);
     virtual ~InputField();
 
-    /** Label that the user sees. */
+    /** Label of the field. */
     QString caption() const;
-    /** Any text. */
+    /** Sets the label that the user sees. Default: empty. */
     void setCaption(const QString &caption);
     /** Key of the catalog column that the field edits. */
     QString boundColumn() const;
-    /** Any text. */
+    /** Sets the key of the catalog column that the field edits. Default: empty. */
     void setBoundColumn(const QString &boundColumn);
-    /** Unit text beside the value; empty when there is none. */
+    /** Unit shown beside the value; empty when there is none. */
     QString unit() const;
-    /** Any text. */
+    /** Sets the unit shown beside the value, such as "mm". Default: empty, no unit. */
     void setUnit(const QString &unit);
-    /** Value that a new record begins with; empty for none. */
+    /** Value proposed for a new record; empty when there is none. */
     QString defaultValue() const;
-    /** Any text. */
+    /** Sets the value proposed for a new record. Default: empty, no value. */
     void setDefaultValue(const QString &defaultValue);
-    /** Whether a value is required; false at first. */
+    /** True when a value is required. */
     bool isMandatory() const;
-    /** Stores it. */
+    /** Sets whether a value is required. Default: false. */
     void setIsMandatory(bool isMandatory);
-    /** Whether the user can only look; false at first. */
+    /** True when the user cannot edit the field. */
     bool isReadonly() const;
-    /** Stores it. */
+    /** Sets whether the field cannot be edited. Default: false. */
     void setIsReadonly(bool isReadonly);
-    /** Whether a field with a list may be left without one of its entries; false at first. */
+    /** True when a field with a list may be left without an entry of the list. */
     bool allowNoListItems() const;
-    /** Stores it. */
+    /** Sets whether the field may be left without an entry of its list. Default: false. */
     void setAllowNoListItems(bool allowNoListItems);
-    /** DataTypeNone at first. */
+    /** Kind of the field's data. */
     DataType dataType() const;
-    /** Takes what DataConverter::stringToDataType() finds, cast; any other number is kept, too. */
+    /**
+     * Sets the kind of data. Default: DataTypeNone. A result of DataConverter::stringToDataType()
+     * may be cast to DataType. Any other number is stored, too.
+     */
     void setDataType(DataType dataType);
-    /** Highest number of characters; 0, as at first, when it is not set. */
+    /** Highest number of characters; 0 when it is not set. */
     int maximumTextLength() const;
-    /** Any number. */
+    /** Sets the highest number of characters. Any int is stored. Default: 0, not set. */
     void setMaximumTextLength(int maximumTextLength);
-    /** Number of decimals shown; 0 at first. */
+    /** Number of decimals shown. */
     int precission() const;
-    /** Any number. */
+    /** Sets the number of decimals shown. Any int is stored. Default: 0. */
     void setPrecission(int precission);
-    /** Lower limit as text; empty for none. */
+    /** Lower limit, as text; empty when there is none. */
     QString minimumValue() const;
-    /** Any text. */
+    /** Sets the lower limit, as text. Default: empty, no limit. */
     void setMinimumValue(const QString &minimumValue);
-    /** Upper limit as text; empty for none. */
+    /** Upper limit, as text; empty when there is none. */
     QString maximumValue() const;
-    /** Any text. */
+    /** Sets the upper limit, as text. Default: empty, no limit. */
     void setMaximumValue(const QString &maximumValue);
-    /** The value list in the order in which it is shown; valid until the field changes or dies. */
+    /**
+     * The value list, in the order in which it is shown. The reference is valid until the list is
+     * set again or the field is destroyed.
+     */
     const QList<ListItem> &itemList() const;
-    /** Shares the data of @p itemList until either of them changes. */
+    /** Sets the value list. Default: empty. The data is implicitly shared with @p itemList. */
     void setItemList(const QList<ListItem> &itemList);
-    /** Whether there is a value list: itemList() is not empty. */
+    /** True when itemList() is not empty. */
     bool hasList() const;
-    /** Kind of control, numbered as CInputType::BaseInputType; 0 unless a subclass has set it. */
+    /**
+     * Kind of control, a value of CInputType::BaseInputType. Default: 0. Only a subclass can change
+     * it.
+     */
     int controlType() const;
-    /** Whether the form shows the field; **false** at first. */
+    /** True when the form shows the field. */
     bool isVisible() const;
-    /** Stores it. */
+    /** Sets whether the form shows the field. **Default: false.** */
     void setIsVisible(bool isVisible);
-    /** Format in which the value is typed; empty for none. */
+    /** Format in which the value is typed; empty when there is none. */
     QString inputFormat() const;
-    /** Any text. */
+    /** Sets the format in which the value is typed. Default: empty, no format. */
     void setInputFormat(const QString &inputFormat);
-    /** Format in which the value is shown; empty for none. */
+    /** Format in which the value is shown; empty when there is none. */
     QString displayFormat() const;
-    /** Any text. */
+    /** Sets the format in which the value is shown. Default: empty, no format. */
     void setDisplayFormat(const QString &displayFormat);
 
 protected:
-    int m_controlType = 0; /**< What controlType() answers; for subclasses to set. */
+    int m_controlType = 0; /**< The value of controlType(); set by subclasses. */
 
 private:
     QString m_caption;

@@ -8,17 +8,18 @@
 namespace Tavro::Shared {
 
 /**
- * A whole number within bounds, both included, and on a grid of steps counted from the bottom.
- * A "%" at the end is allowed.
+ * Accepts a whole number within inclusive bounds that lies on a grid of steps counted from bottom.
+ * One "%" at the end is allowed.
  *
  * With bottom 0, top 10 and step 5: Acceptable "5", "10%"; Intermediate ""; Invalid "3", "15",
- * "-5", "five", "%". Numbers are read as QString::toInt() reads them in base 10: in ASCII digits,
- * whatever the locale, with white space around them.
+ * "-5", "five", "%". QString::toInt() in base 10 reads the number: ASCII digits in every locale,
+ * white space around the number is ignored.
  *
- * While bottom is not set, the grid starts at -2147483648, so that with step 5 alone "3" and "8"
- * are Acceptable and "0" is not. Differences wrap around at 32 bits.
+ * Until bottom is set the grid starts at -2147483648: with step 5 alone "3" and "8" are Acceptable
+ * and "0" is Invalid. The distance from bottom wraps around at 32 bits.
  *
- * A text that is no whole number is logged, one that is out of range or off the grid is not.
+ * A text that is not a whole number is logged at level Debug under "IntValidator". A number that
+ * is out of range or off the grid is not logged.
  */
 class OVO_SHARED_EXPORT IntValidator : public Validator
 {
@@ -28,37 +29,52 @@ class OVO_SHARED_EXPORT IntValidator : public Validator
     Q_PROPERTY(int step READ step WRITE setStep NOTIFY stepChanged)
 
 public:
-    /** A rule without a parent; belongs to the caller. */
+    /** Creates a rule without a parent. The caller owns it. */
     IntValidator();
     ~IntValidator() override;
 
-    /** Lowest number allowed, and the one that the grid starts at; at first -2147483648. */
+    /** Lowest accepted number, inclusive. The grid starts here. */
     int bottom() const;
-    /** From now on the hint names it, too. */
+    /**
+     * Sets the lower bound, in the unit of the field. Default: -2147483648. The next hint includes
+     * a bound that was set. Does not emit bottomChanged().
+     */
     void setBottom(int bottom);
-    /** Highest number allowed; at first 2147483647. */
+    /** Highest accepted number, inclusive. */
     int top() const;
-    /** From now on the hint names it, too. */
+    /**
+     * Sets the upper bound, in the unit of the field. Default: 2147483647. The next hint includes
+     * a bound that was set. Does not emit topChanged().
+     */
     void setTop(int top);
-    /** Distance of the grid's numbers; 0, as at first, for no grid. */
+    /** Distance between two neighbours on the grid. */
     int step() const;
-    /** A negative @p step makes the same grid as a positive one. */
+    /**
+     * Sets the step, in the unit of the field. Default: 0, no grid. The sign has no effect. The
+     * next hint includes any step but 0. Does not emit stepChanged().
+     */
     void setStep(int step);
 
-    /** Intermediate for the empty text. Leaves @p input as it is. */
+    /**
+     * Returns Intermediate for the empty text, else Acceptable or Invalid. Does not change
+     * @p input.
+     */
     QValidator::State validate(QString &input, int &pos) const override;
-    /** Up to three lines: bottom if it was set, top if it was set, step if it is not 0. */
+    /**
+     * Sets a hint of up to three lines: bottom if it was set, top if it was set, step if it is not
+     * 0.
+     */
     void updateHint() override;
 
-    /** setBottom() and setTop(). */
+    /** Calls setBottom() and then setTop(). */
     virtual void setRange(int bottom, int top);
 
 Q_SIGNALS:
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void bottomChanged(int bottom);
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void topChanged(int top);
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void stepChanged(int step);
 
 private:

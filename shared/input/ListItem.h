@@ -7,26 +7,29 @@
 
 namespace Tavro::Shared {
 
-/** One entry of a field's value list. A value: copied freely, any thread its own. */
+/**
+ * One entry of a field's value list. A plain value: nothing is checked, and each thread may use its
+ * own copy.
+ */
 class OVO_SHARED_EXPORT ListItem
 {
 public:
-    /** An invalid key and empty texts. */
+    /** Creates an entry of an invalid key and two empty texts. */
     ListItem();
-    /** All three as given. */
+    /** Creates an entry of the given key, text and value. */
     ListItem(const QVariant &key, const QString &text, const QString &value);
 
-    /** By what the host tells entries apart; an invalid variant until it is set. */
+    /** Key by which the host identifies the entry. */
     const QVariant &key() const;
-    /** Any variant. */
+    /** Sets the key, a variant of any type. Default: an invalid variant. */
     void setKey(const QVariant &key);
-    /** What the list shows. */
+    /** Text that the list shows. */
     const QString &text() const;
-    /** Any text. */
+    /** Sets the text that the list shows. Default: empty. */
     void setText(const QString &text);
-    /** What is stored when the entry is chosen. */
+    /** Value that is stored when the user chooses the entry. */
     const QString &value() const;
-    /** Any text. */
+    /** Sets the value that is stored when the user chooses the entry. Default: empty. */
     void setValue(const QString &value);
 
 private:

@@ -6,7 +6,7 @@
 namespace Tavro::Shared {
 
 /**
- * A text of at least one character; a blank is one.
+ * Accepts a text of at least one character. A blank is a character.
  *
  * Acceptable: "a", " ". Invalid: "" (not logged). Intermediate: none.
  */
@@ -15,13 +15,13 @@ class OVO_SHARED_EXPORT NotEmptyValidator : public Validator
     Q_OBJECT
 
 public:
-    /** A rule without a parent; belongs to the caller. */
+    /** Creates a rule without a parent. The caller owns it. */
     NotEmptyValidator();
     ~NotEmptyValidator() override;
 
-    /** Invalid for the empty text, else Acceptable. */
+    /** Returns Invalid for the empty text, else Acceptable. Does not change @p input. */
     QValidator::State validate(QString &input, int &pos) const override;
-    /** One line, always the same. */
+    /** Sets a hint of one line, which is always the same. */
     void updateHint() override;
 };
 

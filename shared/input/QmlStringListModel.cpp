@@ -15,7 +15,7 @@ QmlStringListModel::~QmlStringListModel() = default;
 void QmlStringListModel::push_front(const QString &str)
 {
     beginResetModel();
-    insertRows(0, 1); // announces the row within the reset; views read everything after it anyway
+    insertRows(0, 1); // signals the row within the reset; views read all rows after it anyway
     QStringListModel::setData(index(0), str, Qt::EditRole); // clazy:exclude=skipped-base-method
     endResetModel();
 }
@@ -23,7 +23,7 @@ void QmlStringListModel::push_front(const QString &str)
 void QmlStringListModel::push_back(const QString &str)
 {
     insertRows(rowCount(), 1);
-    // not the override: views are to keep their place
+    // not the override: views must keep their position
     QStringListModel::setData(index(rowCount() - 1), str, Qt::EditRole);
 }
 

@@ -7,13 +7,13 @@
 namespace Tavro::Shared {
 
 /**
- * Short list of texts for QML: recent entries, favourites.
+ * A short list of texts for QML: recent entries, favourites.
  *
- * The two line counts only tell QML how large to make its list. The model itself never shortens
- * its list to them, and does not look for duplicates. GUI thread only.
+ * The two line counts tell QML how many lines to show. The model neither shortens its list to them
+ * nor looks for duplicates. GUI thread only. No function blocks.
  *
- * Views hear of changes in two ways: push_front() and setData() reset the model, push_back() and
- * remove() announce the row.
+ * push_front() and setData() reset the model. push_back() and remove() insert and remove one row
+ * without a reset.
  */
 class OVO_SHARED_EXPORT QmlStringListModel : public QStringListModel
 {
@@ -25,35 +25,51 @@ class OVO_SHARED_EXPORT QmlStringListModel : public QStringListModel
                    setMaxLineNumberAllFavorites NOTIFY maxLineNumberAllFavoritesChanged)
 
 public:
-    /** An empty list without a parent; belongs to the caller. */
+    /** Creates an empty list without a parent. The caller owns it. */
     QmlStringListModel();
     ~QmlStringListModel() override;
 
-    /** Puts @p str before the first row, and resets the model. */
+    /** Inserts @p str before the first row and resets the model. */
     Q_INVOKABLE void push_front(const QString &str);
-    /** Puts @p str behind the last row: rows inserted, then data changed unless it is empty. */
+    /**
+     * Appends @p str after the last row. Emits rowsInserted(), and then dataChanged() unless @p str
+     * is empty.
+     */
     Q_INVOKABLE void push_back(const QString &str);
-    /** Takes the row at @p index out; false, and nothing else, when there is none. */
+    /** Removes the row at @p index. Returns false and does nothing when there is no such row. */
     Q_INVOKABLE bool remove(int index);
-    /** Whether a row equals @p str as a whole. */
+    /** Returns true when a row equals @p str, compared as a whole with @p cs. */
     Q_INVOKABLE bool contains(const QString &str, Qt::CaseSensitivity cs = Qt::CaseSensitive) const;
-    /** As QStringListModel, but the model is reset, also when nothing is set and this is false. */
+    /**
+     * Sets the text of a row as QStringListModel::setData() does, and resets the model. The model
+     * is reset also when nothing was set and the result is false.
+     */
     Q_INVOKABLE bool setData(const QModelIndex &index, const QVariant &value,
                              int role = Qt::EditRole) override;
 
-    /** Number of lines to show: 3 at first, at least 1, at most getMaxLineNumberAllFavorites(). */
+    /** Number of lines to show, 1 to getMaxLineNumberAllFavorites(). */
     int getMaxLineNumber() const;
-    /** Clamps @p maxLineNumber; emits its signal unless exactly this number is stored already. */
+    /**
+     * Sets the number of lines to show. Default: 3. Values outside 1 to
+     * getMaxLineNumberAllFavorites() are clamped. Emits maxLineNumberChanged() unless
+     * @p maxLineNumber equals the stored number; the comparison comes before the clamping.
+     */
     void setMaxLineNumber(int maxLineNumber);
-    /** Upper bound of getMaxLineNumber(); 14 at first. */
+    /** Upper bound of getMaxLineNumber(). */
     int getMaxLineNumberAllFavorites() const;
-    /** Only ever raises the bound; ignores anything else. */
+    /**
+     * Raises the upper bound of getMaxLineNumber(). Default: 14. A number that is not greater than
+     * the present bound is ignored. getMaxLineNumber() does not change.
+     */
     void setMaxLineNumberAllFavorites(int maxLineNumberAllFavorites);
 
 Q_SIGNALS:
-    /** A number was asked for that differed from the stored one; it may be the same after that. */
+    /**
+     * Emitted when setMaxLineNumber() was called with another number than the stored one. Due to
+     * the clamping, the stored number may be the same as before.
+     */
     void maxLineNumberChanged();
-    /** The bound was raised. */
+    /** Emitted when the upper bound was raised. */
     void maxLineNumberAllFavoritesChanged();
 
 private:

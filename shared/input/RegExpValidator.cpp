@@ -6,13 +6,13 @@ namespace Tavro::Shared {
 
 namespace {
 
-// QRegExp calls itself for each group within a group, and some ten thousand of them end the
-// process; patterns that people write have a handful
+// QRegExp recurses for each nested group, and some ten thousand levels overflow the stack;
+// patterns that people write have a handful
 constexpr int s_deepestGroup = 1000;
 
 /**
- * How many groups of a pattern are open within each other at most, counted as QRegExp reads it: on
- * to the end, also where it has found a mistake.
+ * The deepest nesting of groups in a pattern, counted as QRegExp reads it: to the end, even after a
+ * mistake.
  */
 class GroupDepth
 {
@@ -36,7 +36,7 @@ private:
     void readToken()
     {
         if (isNext('(')) {
-            // "(?" takes one more with it, whatever it is
+            // "(?" also consumes the next character, whatever it is
             ++m_at;
             m_at += isNext('?') ? 2 : 0;
             m_deepest = qMax(m_deepest, ++m_depth);
@@ -54,10 +54,10 @@ private:
 
     void readLetter()
     {
-        m_at += isNext('\\') ? 2 : 1; // what follows a backslash means itself
+        m_at += isNext('\\') ? 2 : 1; // a backslash makes the next character literal
     }
 
-    // the first letter of a class is in it, also when it is "]"
+    // the first character of a class belongs to it, even if it is "]"
     void readClass()
     {
         ++m_at;
@@ -68,7 +68,7 @@ private:
         ++m_at;
     }
 
-    // it takes the letter behind its numbers with it, which should be "}"
+    // it also consumes the character after its numbers, which should be "}"
     void readRepetition()
     {
         ++m_at;

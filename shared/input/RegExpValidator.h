@@ -8,15 +8,17 @@
 namespace Tavro::Shared {
 
 /**
- * A text that matches a pattern of QRegExp as a whole, or a mask of digits.
+ * Accepts a text that matches a pattern of QRegExp, or a mask of digits, from its first to its last
+ * character.
  *
- * With the pattern "[A-Z]{2}": Acceptable "AB"; Invalid "", "A", "ABC". As a numerical mask
- * "00-00": Acceptable "12-34"; Invalid "1-34". Intermediate: none, so a text that does not match
- * yet is refused while it is typed. Every refusal is logged.
+ * With the pattern "[A-Z]{2}": Acceptable "AB"; Invalid "", "A", "ABC". With the numerical mask
+ * "00-00": Acceptable "12-34"; Invalid "1-34". It never returns Intermediate, so a text that does
+ * not match yet is Invalid while it is typed. Every Invalid text is logged at level Debug under
+ * "RegExpValidator".
  *
- * The limits are those of QRegExp: a pattern that it cannot compile refuses every text, and so does
- * one with more than a thousand groups within each other, for which the engine might run out of
- * stack. Parentheses in a class or behind a backslash are no groups.
+ * The limits are those of QRegExp. With a pattern that QRegExp cannot compile every text is
+ * Invalid. The same holds for more than 1000 nested groups, because QRegExp might run out of stack.
+ * A parenthesis in a character class or after a backslash does not count as a group.
  */
 class OVO_SHARED_EXPORT RegExpValidator : public Validator
 {
@@ -25,30 +27,32 @@ class OVO_SHARED_EXPORT RegExpValidator : public Validator
 
 public:
     /**
-     * A rule without a parent; belongs to the caller. With @p numericalMask patterns are masks: a
-     * "0" stands for a digit, "." for itself, and everything else for what it means in a pattern.
+     * Creates a rule without a parent. The caller owns it. With @p numericalMask true, setPattern()
+     * takes masks: "0" matches one digit, "." matches a point, and every other character means
+     * what it means in a pattern of QRegExp.
      */
     explicit RegExpValidator(bool numericalMask);
     ~RegExpValidator() override;
 
     /**
-     * The pattern that texts are matched against: for a numerical mask the one made of it, not
-     * the mask itself. Empty until one is set, which only the empty text matches.
+     * The pattern that texts are matched against. For a numerical mask this is the pattern made of
+     * the mask, not the mask.
      */
     QString pattern() const;
     /**
-     * @p pattern is a pattern, or else a mask, of which only the Latin-1 characters count: "?"
-     * stands in for every other one.
+     * Sets the pattern or the mask. Default: the empty pattern, which only the empty text matches.
+     * A mask is converted to Latin-1: each other character becomes "?". Does not emit
+     * patternChanged().
      */
     void setPattern(const QString &pattern);
 
-    /** Acceptable or Invalid. Leaves @p input as it is. */
+    /** Returns Acceptable or Invalid. Does not change @p input. */
     QValidator::State validate(QString &input, int &pos) const override;
-    /** One line with the pattern, or mask, as it was set. */
+    /** Sets a hint of one line, which contains the pattern or the mask as it was set. */
     void updateHint() override;
 
 Q_SIGNALS:
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void patternChanged();
 
 private:

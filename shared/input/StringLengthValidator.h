@@ -8,10 +8,12 @@
 namespace Tavro::Shared {
 
 /**
- * A text of a certain length, bounds included, in UTF-16 code units: an emoji counts two.
+ * Accepts a text whose length lies within inclusive bounds. The length is counted in UTF-16 code
+ * units: an emoji counts as two.
  *
- * With bottom 2 and top 3: Acceptable "ab", "abc"; Invalid "", "a", "abcd". Intermediate: none, so
- * a text that is still too short is refused while it is typed. Every refusal is logged.
+ * With bottom 2 and top 3: Acceptable "ab", "abc"; Invalid "", "a", "abcd". It never returns
+ * Intermediate, so a text that is still too short is Invalid while it is typed. Every Invalid text
+ * is logged at level Debug under "StringLengthValidator".
  */
 class OVO_SHARED_EXPORT StringLengthValidator : public Validator
 {
@@ -20,31 +22,37 @@ class OVO_SHARED_EXPORT StringLengthValidator : public Validator
     Q_PROPERTY(int top READ top WRITE setTop NOTIFY topChanged)
 
 public:
-    /** A rule without a parent; belongs to the caller. */
+    /** Creates a rule without a parent. The caller owns it. */
     StringLengthValidator();
     ~StringLengthValidator() override;
 
-    /** Shortest length allowed; at first 0. */
+    /** Shortest accepted length in UTF-16 code units, inclusive. */
     int bottom() const;
-    /** From now on the hint names it, too. */
+    /**
+     * Sets the lower bound, in UTF-16 code units. Default: 0. The next hint includes a bound that
+     * was set. Does not emit bottomChanged().
+     */
     void setBottom(int bottom);
-    /** Longest length allowed; at first 2147483647. */
+    /** Longest accepted length in UTF-16 code units, inclusive. */
     int top() const;
-    /** From now on the hint names it, too. */
+    /**
+     * Sets the upper bound, in UTF-16 code units. Default: 2147483647. The next hint includes a
+     * bound that was set. Does not emit topChanged().
+     */
     void setTop(int top);
 
-    /** Acceptable or Invalid. Leaves @p input as it is. */
+    /** Returns Acceptable or Invalid. Does not change @p input. */
     QValidator::State validate(QString &input, int &pos) const override;
-    /** Up to two lines: bottom if it was set, top if it was set. */
+    /** Sets a hint of up to two lines: bottom if it was set, top if it was set. */
     void updateHint() override;
 
-    /** setBottom() and setTop(). */
+    /** Calls setBottom() and then setTop(). */
     virtual void setRange(int bottom, int top);
 
 Q_SIGNALS:
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void bottomChanged(int bottom);
-    /** Declared for the property system; nothing emits it. */
+    /** Never emitted: declared because the property names it. */
     void topChanged(int top);
 
 private:

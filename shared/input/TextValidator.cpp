@@ -96,7 +96,7 @@ void TextValidator::updateHint()
     m_hint.chop(1); // the last line feed
     const QPointer<TextValidator> self = this;
     Q_EMIT hintChanged();
-    if (self) { // whoever heard may have deleted it
+    if (self) { // a slot may have deleted it
         Q_EMIT hasHintChanged();
     }
 }

@@ -13,13 +13,14 @@ namespace Tavro::Shared {
 class Validator;
 
 /**
- * The rules of one text field, and what they say together.
+ * The rules of one text field: their combined verdict and their combined hint.
  *
- * QML adds rules by type, with their options by name, and shows the hint; a host's glue asks
- * validate() at each change of the text. Rules are only ever added, and live as long as this
- * object. GUI thread only.
+ * QML adds rules by type, with their options by name, and shows the hint. validate() is for C++:
+ * the host calls it at each change of the text. Rules cannot be removed. The object owns them and
+ * deletes them in its destructor. GUI thread only. No function blocks or throws.
  *
- * With the rules int (bottom 1, top 9) and not empty: "5" passes; "" does not; "10" does not.
+ * With the rules ValidatorInt (bottom 1, top 9) and ValidatorNotEmpty: "5" passes; "" and "10" do
+ * not.
  */
 class OVO_SHARED_EXPORT TextValidator : public QObject
 {
@@ -28,7 +29,7 @@ class OVO_SHARED_EXPORT TextValidator : public QObject
     Q_PROPERTY(bool hasHint READ hasHint NOTIFY hasHintChanged)
 
 public:
-    /** Which rule a text field gets; any other number gets a DefaultValidator. */
+    /** Type of a rule, with its options. Any other number creates a DefaultValidator. */
     enum ValidatorType : int {
         ValidatorDouble = 0, /**< DoubleValidator: "bottom", "top", "step" */
         ValidatorInt = 1, /**< IntValidator: "bottom", "top", "step" */
@@ -44,41 +45,47 @@ public:
     ~TextValidator() override;
 
     /**
-     * The hints of all rules, in the order of the rules, each as it was when its rule was added;
-     * lines parted by line feeds, none at the end. Empty when no rule has anything to say.
+     * The hints of all rules in the order in which the rules were added. Each hint is the one that
+     * its rule had when it was added. A line feed separates two lines; there is none at the end.
+     * Empty when no rule has a hint.
      */
     QString hint() const;
-    /** True once there is a rule, even if hint() is empty all the same. */
+    /** True when at least one rule was added, even if hint() is empty. */
     bool hasHint() const;
     /** The types of the rules in the order in which they were added. */
     QVector<ValidatorType> validatorTypes() const;
 
     /**
-     * Adds a rule. @p options are properties of the rule by name (see ValidatorType), in values
-     * that QVariant can convert to theirs; unknown names have no effect.
+     * Adds a rule and emits hintChanged() and hasHintChanged(). @p options holds properties of the
+     * rule by name (see ValidatorType). QVariant converts the values to the types of the
+     * properties. An unknown name or a value that cannot be converted has no effect.
      */
     // The enumeration by its bare name: calls from QML find it by that.
     Q_INVOKABLE void addValidator(ValidatorType type, // clazy:exclude=fully-qualified-moc-types
                                   const QVariantMap &options = QVariantMap());
 
     /**
-     * Whether @p input passes every rule; without rules every text does. While a text is being
-     * typed, let what may still become right pass; reject it (@p rejectIntermediate) when the
-     * user is done. Leaves @p input as it is: each rule gets a copy of its own.
+     * Returns true when @p input passes every rule, and when there are no rules. An Intermediate
+     * verdict passes while @p rejectIntermediate is false: pass false while the text is being
+     * typed, and true when the user has finished. Does not change @p input: each rule judges a
+     * copy of its own.
      */
     bool validate(QString &input, bool rejectIntermediate) const;
 
-    /** A new rule without a parent, which belongs to the caller. */
+    /** Creates a rule without a parent. The caller owns it. Never null. */
     static Validator *createNewValidator(ValidatorType type);
-    /** Sets the properties of @p validator, which must not be null, that @p options names. */
+    /** Sets the properties of @p validator that @p options names. @p validator must not be null. */
     static void setOptionsForValidator(Validator *validator, const QVariantMap &options);
-    /** Composes hint() anew from the hints taken so far, and emits both signals. */
+    /**
+     * Composes hint() from the hints that were read when the rules were added, and emits
+     * hintChanged() and hasHintChanged(). It does not read the rules again.
+     */
     void updateHint();
 
 Q_SIGNALS:
-    /** A rule was added, whether or not hint answers something new. */
+    /** Emitted when a rule was added, even if hint is the same. */
     void hintChanged();
-    /** A rule was added, whether or not it is the first. */
+    /** Emitted after hintChanged(), for each rule that was added. */
     void hasHintChanged();
 
 private:

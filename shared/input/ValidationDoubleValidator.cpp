@@ -24,7 +24,7 @@ QValidator::State DoubleValidator::validate(QString &input, int &pos) const
 
 void DoubleValidator::fixup(QString &input) const
 {
-    // past QDoubleValidator: its own repairs, where it has any, are not wanted here
+    // skips QDoubleValidator::fixup(): its repairs are not wanted here
     QValidator::fixup(input); // clazy:exclude=skipped-base-method
     detail::useCurrentDecimalPoint(input);
 }

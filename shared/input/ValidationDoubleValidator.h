@@ -7,11 +7,14 @@
 namespace Tavro::Shared::Validation {
 
 /**
- * QDoubleValidator that takes both "." and "," for the decimal point.
+ * A QDoubleValidator that accepts both "." and "," as decimal point.
  *
- * It judges with the locale that it has as a QValidator, which is the default locale at the moment
- * of its construction; the separators become the decimal point of the current locale. Make it, or
- * set its locale, after GlobalLocaleData has chosen one.
+ * Two locales take part. QValidator::locale() reads the number; it is the default locale at the
+ * time of construction. The decimal points in the text become that of
+ * CLocaleSupport::getCurrentLocale(). Construct the validator, or call setLocale(), after
+ * GlobalLocaleData has set the default locale.
+ *
+ * GUI thread only. No function blocks. Nothing is logged.
  *
  * With both locales German, range 0 to 10 and two decimals: Acceptable "1,5", "1.5" (which becomes
  * "1,5"); Intermediate "", "11"; Invalid "-1", "1,555", "a".
@@ -20,16 +23,19 @@ class OVO_SHARED_EXPORT DoubleValidator : public QDoubleValidator
 {
 public:
     explicit DoubleValidator(QObject *parent = nullptr);
-    /** As QDoubleValidator's constructor of the same shape. */
+    /** Passes all arguments to the constructor of QDoubleValidator. */
     DoubleValidator(double bottom, double top, int decimals, QObject *parent = nullptr);
     ~DoubleValidator() override;
 
     /**
-     * Rewrites @p input with fixup(), or with that of a subclass, and judges the result as
-     * QDoubleValidator does.
+     * Calls fixup(), which is virtual, on @p input and returns the verdict of QDoubleValidator on
+     * the result.
      */
     QValidator::State validate(QString &input, int &pos) const override;
-    /** Each "." and each "," in @p input becomes the decimal point of the current locale. */
+    /**
+     * Replaces each "." and each "," in @p input by the decimal point of
+     * CLocaleSupport::getCurrentLocale().
+     */
     void fixup(QString &input) const override;
 };
 

@@ -8,7 +8,7 @@ Validator::~Validator() = default;
 
 QString Validator::hint()
 {
-    // The flag stays set: a subclass whose setters forget it still gets its hint made anew.
+    // The flag stays set, so the hint is right also if a setter of a subclass forgets it.
     if (m_hintOutdated) {
         updateHint();
     }

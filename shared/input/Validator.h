@@ -9,41 +9,46 @@
 namespace Tavro::Shared {
 
 /**
- * One rule for an edited text: a verdict, and a hint that tells the user the rule.
+ * Base class of the rules for an edited text. A rule gives a verdict on the text and a hint that
+ * describes the rule to the user.
  *
- * Rules are rarely used alone: TextValidator creates them by type, sets their properties from a
- * map of options and combines them. Single-threaded; nothing blocks and nothing throws.
+ * TextValidator creates rules by type, sets their properties from a map of options, combines them
+ * and owns them. A rule that is created directly belongs to its creator.
  *
- * A host's own rule overrides validate() and updateHint(). A setter of such a rule sets
- * m_hintOutdated.
+ * GUI thread only. No function blocks or throws. A refused text is a verdict, not an error.
+ *
+ * A host's own rule overrides validate() and updateHint(). Its setters set m_hintOutdated.
  */
 class OVO_SHARED_EXPORT Validator : public QObject
 {
     Q_OBJECT
 
 public:
-    /** A rule without a parent; belongs to the caller. */
+    /** Creates a rule without a parent. The caller owns it. */
     Validator();
     ~Validator() override;
 
     /**
-     * Judges @p input: Invalid, Intermediate (may become acceptable by more typing) or Acceptable.
+     * Returns Acceptable, Intermediate (more typing may make @p input acceptable) or Invalid.
      * A rule may rewrite @p input. The rules of this library neither read nor change @p pos.
      */
     virtual QValidator::State validate(QString &input, int &pos) const = 0;
 
-    /** Writes the text of the rule, as it is now, into m_hint: whole lines, or nothing. */
+    /**
+     * Sets m_hint to the description of the rule with its present properties: lines that each end
+     * with a line feed, or the empty text.
+     */
     virtual void updateHint() = 0;
 
     /**
-     * The rule in words, each line ended by a line feed; empty for a rule that has nothing to
-     * say. English, as the hosts show it. Made anew by each call.
+     * Returns the description of the rule, in English; the hosts show it as it is. Each line ends
+     * with a line feed. Empty for a rule without a description. Every call composes the text anew.
      */
     QString hint();
 
 protected:
-    QString m_hint; /**< What hint() answers; written by updateHint(). */
-    bool m_hintOutdated = true; /**< Whether hint() calls updateHint(). Nothing clears it. */
+    QString m_hint; /**< The text that hint() returns; set by updateHint(). */
+    bool m_hintOutdated = true; /**< True: hint() calls updateHint(). Never cleared. */
 };
 
 } // namespace Tavro::Shared

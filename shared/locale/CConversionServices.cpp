@@ -4,7 +4,7 @@ namespace Tavro::Shared {
 
 double CConversionServices::convertMetersToFeet(double m)
 {
-    return m * 3.2808; // rounded, and meant so: stored distances were made with it
+    return m * 3.2808; // rounded on purpose: stored distances were made with it
 }
 
 double CConversionServices::convertMetersToInches(double m)

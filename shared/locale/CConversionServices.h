@@ -4,22 +4,26 @@
 
 namespace Tavro::Shared {
 
-/** Conversions by a fixed factor. Static functions, any thread. */
+/**
+ * Conversions by fixed factors.
+ *
+ * Static functions without state. Any thread. Nothing blocks or fails.
+ */
 class OVO_SHARED_EXPORT CConversionServices
 {
 public:
     CConversionServices() = delete;
 
     /**
-     * By the rounded factor 3.2808, so that the way back by convertFeetToMeters() does not return
-     * the same value; LengthUnitsConverter is exact.
+     * Returns @p m * 3.2808. The factor is rounded: convertFeetToMeters() of the result is not
+     * @p m. LengthUnitsConverter uses the exact factor.
      */
     static double convertMetersToFeet(double m);
-    /** By the factor 39.3700787. */
+    /** Returns @p m * 39.3700787. */
     static double convertMetersToInches(double m);
-    /** By the factor 0.3048: the international foot. */
+    /** Returns @p ft * 0.3048, the exact length of the international foot. */
     static double convertFeetToMeters(double ft);
-    /** In units of 2^20 bytes, to the 24 bits of a float. */
+    /** Returns @p bytes / 2^20, rounded to a float, which has 24 significant bits. */
     static float toMegabytes(unsigned long long bytes);
 };
 

@@ -23,7 +23,7 @@ struct LanguageRow
     QLocale::Language language;
 };
 
-// in the order in which screens offer the countries; not quite the alphabet's
+// in the order in which screens show the countries; not quite alphabetical
 constexpr std::array s_countries = {
     CountryRow{u"A", u"AT", u"AUT", QLocale::Austria},
     CountryRow{u"AUS", u"AU", u"AUS", QLocale::Australia},

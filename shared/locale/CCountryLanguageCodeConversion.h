@@ -9,38 +9,39 @@
 namespace Tavro::Shared {
 
 /**
- * Between the codes of catalogs and projects and Qt's locale enumerations.
+ * Converts between the codes of catalogs and projects and the locale enumerations of Qt.
  *
- * Catalogs name 44 countries by the sign that their vehicles carry abroad ("D", "CH"; "RC" for
- * China and "UK" for the United Kingdom) and 29 languages by ISO 639-2 codes in capitals
+ * Catalogs name 44 countries by international vehicle registration codes ("D", "CH"), with "RC" for
+ * China and "UK" for the United Kingdom. They name 29 languages by ISO 639-2 codes in capitals
  * ("DEU"). Other data names countries by ISO 3166-1 alpha-2 and alpha-3 codes.
  *
- * All comparisons are exact: "d" is not "D". Static functions, any thread, no locks.
+ * Codes are compared exactly: "d" is not "D". Static functions on constant tables. Any thread, no
+ * locks. An unknown code is not an error; each function says what it returns for it.
  */
 class OVO_SHARED_EXPORT CCountryLanguageCodeConversion
 {
 public:
     CCountryLanguageCodeConversion() = delete;
 
-    /** Country of a catalog code; QLocale::AnyCountry when the code is unknown. */
+    /** Country of a catalog code. QLocale::AnyCountry when the code is unknown. */
     static QLocale::Country countryFromCountryCode(const QString &code);
-    /** The same as countryFromCountryCode(), under its older name. */
+    /** Returns countryFromCountryCode(@p code). This is its older name. */
     static QLocale::Country getCountryLocale(const QString &code);
-    /** Language of a three-letter code; QLocale::AnyLanguage when the code is unknown. */
+    /** Language of a three-letter code. QLocale::AnyLanguage when the code is unknown. */
     static QLocale::Language languageFromLanguageCode(const QString &code);
-    /** Catalog code of @p country; empty when the catalogs do not know it. */
+    /** Catalog code of @p country. Empty when @p country has none. */
     static QString countryCodeFromCountry(QLocale::Country country);
-    /** Three-letter code of @p language; empty when the catalogs do not know it. */
+    /** Three-letter code of @p language. Empty when @p language has none. */
     static QString languageCodeFromLanguage(QLocale::Language language);
-    /** The 44 catalog codes, in the order in which screens offer them. */
+    /** The 44 catalog codes, in the order in which screens show them. */
     static QStringList getCountryList();
     /**
-     * Catalog code of an ISO 3166-1 alpha-2 or alpha-3 code; empty when unknown. "419", the
-     * United Nations' number for Latin America and the Caribbean, gives "LATAM", which is the
-     * code of no country.
+     * Catalog code of an ISO 3166-1 alpha-2 or alpha-3 code. Empty when the code is unknown. "419",
+     * the UN M49 code of Latin America and the Caribbean, gives "LATAM", which is not the code of a
+     * country.
      */
     static QString countryCode(const QString &isoCode);
-    /** ISO 3166-1 alpha-2 code of a catalog code; empty when unknown, and for "LATAM". */
+    /** ISO 3166-1 alpha-2 code of a catalog code. Empty for unknown codes and for "LATAM". */
     static QString convertShortCountryCodeToISO3166(const QString &code);
 };
 

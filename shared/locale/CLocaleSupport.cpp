@@ -19,8 +19,8 @@ namespace Tavro::Shared {
 
 namespace {
 
-// The integer that @p value shows as, if it does. Casting what an int cannot hold is undefined,
-// so the range comes first; NaN fails both comparisons.
+// The integer as which @p value is shown, if any. Casting a value outside the range of int is
+// undefined, so the range is checked first; NaN fails both comparisons.
 std::optional<int> shownAsInteger(double value)
 {
     if (!(value > -2147483649.0 && value < 2147483648.0)) {
@@ -33,7 +33,7 @@ std::optional<int> shownAsInteger(double value)
     return truncated;
 }
 
-// The number in a variant of that very type: value() would ask for the type a second time.
+// The number in a variant of exactly that type: value() would check the type again.
 template<typename Number> Number numberIn(const QVariant &variant)
 {
     return *static_cast<const Number *>(variant.constData());
@@ -70,7 +70,7 @@ const QString CLocaleSupport::tempUnits_F = QStringLiteral("°F");
 
 const bool CLocaleSupport::decimalRegardlessOfLocale; // a symbol for the host to link with
 
-// Without a copy, which takes half as long as formatting an integer does.
+// No copy: it would take half as long as formatting an integer.
 const QLocale &CLocaleSupport::currentLocale()
 {
     return GlobalLocaleData::instance()->currentLocale();
@@ -148,7 +148,7 @@ QString CLocaleSupport::getDateTimeFormat()
 
 bool CLocaleSupport::APStyle()
 {
-    // true without AM and PM: the screens that ask are written for this sense
+    // true without AM and PM: screens rely on this sense
     return getTimeFormat().indexOf(QStringView(u"AP")) < 0;
 }
 
@@ -170,12 +170,12 @@ double CLocaleSupport::distanceValueFromLocalizedString(const QString &text)
         return c == QLatin1Char('.') || c == QLatin1Char(',');
     };
 
-    QVarLengthArray<QChar, 64> number(text.size()); // on the stack for whatever a field holds
+    QVarLengthArray<QChar, 64> number(text.size()); // on the stack for any text of a field
     std::replace_copy_if(text.begin(), text.end(), number.begin(), isDecimalMark, decimalPoint);
 
     bool ok = false;
     const double value = locale.toDouble(QStringView(number.constData(), number.size()), &ok);
-    return ok ? value : 0; // toDouble() itself answers infinity for what is too large
+    return ok ? value : 0; // toDouble() returns infinity when out of range
 }
 
 QString CLocaleSupport::variantToLocalizedString(const QVariant &value, const QString &format)

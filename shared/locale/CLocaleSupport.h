@@ -10,12 +10,14 @@
 namespace Tavro::Shared {
 
 /**
- * The one place where screens, validators and file writers ask how numbers, dates and units are
- * shown and read.
+ * Shows and reads numbers, dates and units in the current locale. Screens, validators and file
+ * writers use this class.
  *
- * Every answer follows GlobalLocaleData at the time of the call: the open project's locale and
- * unit, or else the device's. Static functions, on the GUI thread; nothing blocks. The constants
- * may be read from any thread.
+ * The current locale and unit are those of GlobalLocaleData at the time of the call: the open
+ * project's, or else the device's.
+ *
+ * Static functions. GUI thread only; the constants may be read from any thread. Nothing blocks and
+ * nothing is logged.
  */
 class OVO_SHARED_EXPORT CLocaleSupport
 {
@@ -35,64 +37,72 @@ public:
     static const QString pressureUnits_mbar; /**< "mbar" */
     static const QString pressureUnits_atm; /**< "atm" */
     static const QString pressureUnits_pa; /**< "Pa" */
-    static const QString distanceUnits_m; /**< "m": also a template's unit and the converter's */
-    static const QString distanceUnits_ft; /**< "ft": also a template's unit and the converter's */
-    static const QString distanceUnits_inch; /**< "inch": likewise */
+    static const QString distanceUnits_m; /**< "m"; as in templates and LengthUnitsConverter */
+    static const QString distanceUnits_ft; /**< "ft"; as in templates and LengthUnitsConverter */
+    static const QString distanceUnits_inch; /**< "inch"; as in templates, LengthUnitsConverter */
     static const QString tempUnits_C; /**< "°C" */
     static const QString tempUnits_F; /**< "°F" */
 
-    /** For the host; the library does not read it. */
+    /** Always true. For the host; this library does not read it. */
     static const bool decimalRegardlessOfLocale = true;
 
-    /** The project's locale while one is set, else the device's. */
+    /** The project's locale while it is valid, else the device's. */
     static QLocale getCurrentLocale();
     /** Unit in which distances are measured; never DistanceUnit::Undefined. */
     static Tavro::Base::DistanceUnit getDistanceUnit();
-    /** "ft" for feet, else "m": projects in inches show metres, too. */
+    /** "ft" for feet, else "m". A project in inches has "m". */
     static QString getDistanceUnitString();
-    /** "ft/min" for feet, else "m/min": projects in inches show metres, too. */
+    /** "ft/min" for feet, else "m/min". A project in inches has "m/min". */
     static QString getSpeedUnitString();
-    /** "°F" for locales of the United States and the United Kingdom, else "°C". */
+    /**
+     * "°F" when QLocale::measurementSystem() of the current locale is that of the United States or
+     * of the United Kingdom, else "°C".
+     */
     static QString getTemperatureUnitString();
     /** "°" in every locale. */
     static QString getAngleUnitString();
     /** "mbar" in every locale. */
     static QString getPressureUnitString();
-    /** Unit text of a column in the project's template; where it has none, that of distances. */
+    /** Unit of a column in the project's template, or getDistanceUnitString() if it has none. */
     static QString catalogTemplateColumnUnit(const QString &columnKey);
 
-    /** The short date format with the year in four digits, in the notation of QDate::toString(). */
+    /** Short date format with a year of four digits, in the notation of QDate::toString(). */
     static QString getDateFormat();
-    /** The long time format, in the notation of QTime::toString(). */
+    /** Long time format, in the notation of QTime::toString(). */
     static QString getTimeFormat();
-    /** The short format of date and time, in the notation of QDateTime::toString(). */
+    /** Short format of date and time, in the notation of QDateTime::toString(). */
     static QString getDateTimeFormat();
     /**
-     * **False** where times are shown with AM and PM, true where they have 24 hours. Screens rely
-     * on this sense, whatever the name says.
+     * **Returns false when getTimeFormat() contains "AP"**, that is when times are shown with AM
+     * and PM, and true when it does not. Screens rely on this sense, although the name suggests the
+     * opposite.
      */
     static bool APStyle();
 
     /**
-     * @p value, which is in the unit of getDistanceUnit(), with one or two decimals and without
-     * group separators; @p withUnit appends a blank and getDistanceUnitString(). The value is not
-     * converted.
+     * Returns @p value with two decimals if @p twoDecimals is true, else with one, and without
+     * group separators (GlobalLocaleData names the exception). @p withUnit appends a blank and
+     * getDistanceUnitString(). @p value is in the unit of getDistanceUnit() and is not converted.
      */
     static QString distanceValueToLocalizedString(double value, bool withUnit, bool twoDecimals);
     /**
-     * The number in @p text, where "." and "," both are decimal marks in every locale, so that
-     * neither can group digits. 0 when @p text is no number, has two marks, or is out of range.
+     * Returns the number in @p text. Both "." and "," are decimal points in every locale, so
+     * neither can group digits. Returns 0 when @p text is not a number, has two decimal points, or
+     * is out of the range of double.
      *
-     * **"nan" and "inf" are numbers**, in any case and with blanks around them, "inf" with a sign,
-     * too: the result is NaN or infinity. Ask std::isfinite() before it is stored, or let a
-     * DoubleValidator refuse such texts.
+     * **"nan" and "inf" are numbers**, in upper or lower case, also with blanks around them, and
+     * "inf" also with a sign: the result is NaN or infinity. Check it with std::isfinite() before
+     * you store it, or let a DoubleValidator refuse such texts.
      */
     static double distanceValueFromLocalizedString(const QString &text);
     /**
-     * @p value as its type demands: integers as such; doubles as integers when they are, else
-     * with two decimals; date and time by @p format, in the notation of QDate::toString(), or in
-     * the locale's short form when @p format is empty. Everything else by QVariant::toString(),
-     * without regard to the locale, empty for what has no text.
+     * Returns @p value as text, depending on its type:
+     * - int, unsigned int, long long and their unsigned kinds: an integer.
+     * - double: an integer if it is within 1e-12 of one of 32 bits, else two decimals.
+     * - QDate, QTime, QDateTime: by @p format, in the notation of QDate::toString(); the locale's
+     *   short form if @p format is empty.
+     * - any other type: QVariant::toString(), which does not depend on the locale; empty for a type
+     *   that has no text.
      */
     static QString variantToLocalizedString(const QVariant &value, const QString &format);
 

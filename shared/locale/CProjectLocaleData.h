@@ -22,79 +22,87 @@ namespace Tavro::Shared {
 /**
  * Locale and distance unit of the open project.
  *
- * The host tells of each catalog template that it loads, and of each project that it closes;
- * everybody else asks GlobalLocaleData, which knows the device's locale, too.
+ * The host reports each catalog template that it loads to onNewTemplateLoaded() and each project
+ * that it closes to unsetLocale(). All other code uses GlobalLocaleData, which also knows the
+ * device's locale.
  *
- * One object for the process, on the GUI thread, created by the first instance() and never
- * destroyed. Nothing blocks.
+ * A process-wide instance on the GUI thread. GUI thread only. Nothing blocks.
  */
 class OVO_SHARED_EXPORT CProjectLocaleData : public QObject
 {
     Q_OBJECT
 
 public:
-    /** The one object; the first call creates it, and must come from the GUI thread. */
+    /**
+     * The process-wide instance. Never null. The first call creates it and must come from the GUI
+     * thread. It is never destroyed.
+     */
     static CProjectLocaleData *instance();
 
     /**
-     * Sets the project's unit until the next template is loaded; DistanceUnit::Undefined leaves
-     * it to the locale. Emits nothing.
+     * Sets the project's unit. Default: DistanceUnit::Undefined, which means that the locale
+     * decides. The next template that is loaded replaces it. Emits no signal.
      */
     void setUnitType(Tavro::Base::DistanceUnit unitType);
 
     /**
-     * The locale set last, which omits group separators. Meaningless while localeValid() is
-     * false: unsetLocale() keeps it, and before the first setLocale() it is the default locale
-     * at the time of creation.
+     * The locale of the last setLocale(), which omits group separators. Use it only while
+     * localeValid() is true: unsetLocale() does not reset it, and before the first setLocale() it
+     * is the default locale at the time when the instance was created.
      */
     QLocale locale() const;
-    /** Whether a project locale is set. */
+    /** True from setLocale() to unsetLocale(). */
     bool localeValid() const;
     /**
-     * Unit of the template or of setUnitType(). Where there is none, the unit of a valid project
-     * locale: feet for the United States, metres for the United Kingdom and all metric
-     * countries. DistanceUnit::Undefined when there is neither.
+     * The unit of the template or of setUnitType(). If that is DistanceUnit::Undefined, the unit of
+     * the project locale while it is valid: feet for the measurement system of the United States,
+     * metres for that of the United Kingdom and the metric one. DistanceUnit::Undefined if there is
+     * neither.
      */
     Tavro::Base::DistanceUnit distanceUnitType() const;
 
     /**
-     * Sets the locale of a catalog's country and language codes, those of
-     * CCountryLanguageCodeConversion, and makes it valid. An unknown code counts as "any", so
-     * that the other one decides. **Where both are unknown, it is QLocale's default locale**: the
-     * one of the project before, feet included, unless unsetLocale() was called in between, and the
-     * device's then.
+     * Sets the project locale from the country and language codes of a catalog, see
+     * CCountryLanguageCodeConversion, and makes it valid. An unknown code counts as any country or
+     * any language, so the other code decides. **If both codes are unknown, the project locale is
+     * QLocale's default locale.** That is the locale of the project before, and so is its unit,
+     * unless unsetLocale() was called in between; then it is the device's locale.
      *
-     * Emits localeChanged() on every call, and afterwards logs the locale at level Info under
-     * "Locale".
+     * Every call emits localeChanged() and then logs the locale at level Info under "Locale".
      */
     void setLocale(const QString &countryCode, const QString &langCode);
     /**
-     * The project is closed: the locale is valid no more; it and the unit are kept. Logs the kept
-     * locale as setLocale() does, and then emits localeChanged(), on every call.
+     * Makes the project locale invalid, because the project was closed. locale(), the unit and the
+     * template stay as they are. Every call logs the locale as setLocale() does and then emits
+     * localeChanged().
      */
     void unsetLocale();
 
     /**
-     * Unit text of the first column with that key in the views "detail_s" of the template loaded
-     * last; empty when there is no template, no such column, or the column has no unit.
+     * Unit of the first column with the key @p columnKey in the views with the key "detail_s" of
+     * the template that was loaded last. Empty when there is no template, no such column, or the
+     * column has no unit.
      */
     QString requestTemplateColumnUnit(const QString &columnKey) const;
 
 Q_SIGNALS:
-    /** The project locale was set or unset, whether or not it differs from the one before. */
+    /** Emitted when the project locale was set or unset, even if it is the same as before. */
     void localeChanged();
-    /** A template with another distance unit than the one before was loaded. */
+    /** Emitted when a loaded template has changed the project's unit; before localeChanged(). */
     void projectDistanceUnitChanged();
 
 public Q_SLOTS:
     /**
-     * Takes template and codes of the catalog that the host has loaded.
+     * Takes over the template @p templateId and the codes of the catalog that the host has loaded.
      *
-     * A template that @p templateManager does not know leaves the distance unit as it is, one
-     * with another unit text than "m", "ft" and "inch" unsets it. A catalog that
-     * @p catTplRegistry does not know leaves the locale as it is, and is logged at level Warning
-     * under "Locale". Both are asked once and not kept; the template is shared until the next
-     * one is loaded.
+     * The project's unit becomes that of the template; any text but "m", "ft" and "inch" gives
+     * DistanceUnit::Undefined. If @p templateManager does not know the template, the unit does not
+     * change. Calls setLocale() with @p countryCode and @p langCode. If @p catTplRegistry does not
+     * know @p catalogId, the locale does not change, and a message is logged at level Warning under
+     * "Locale".
+     *
+     * @p templateManager and @p catTplRegistry are used during the call only. The template is kept,
+     * in shared ownership, until the next one is loaded.
      */
     void onNewTemplateLoaded(const Tavro::Base::GUID &templateId,
                              Tavro::CATManagement::CTemplateManager &templateManager,

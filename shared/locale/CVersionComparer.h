@@ -6,16 +6,20 @@
 
 namespace Tavro::Shared {
 
-/** Order of version numbers such as "1.10.0.2". Static functions, any thread. */
+/**
+ * Compares version numbers of four parts, such as "1.10.0.2".
+ *
+ * Static functions without state. Any thread. Nothing blocks.
+ */
 class OVO_SHARED_EXPORT CVersionComparer
 {
 public:
     /**
-     * 1 when @p a is newer than @p b, -1 when it is older, 0 when they are the same.
+     * Returns 1 when @p a is newer than @p b, -1 when it is older, and 0 when they are equal.
      *
-     * @p ok tells whether they could be compared; the result is 0 when not. Both need four parts.
-     * Parts are read as 32-bit integers from the left and only until two differ: what stands
-     * behind the difference may be anything.
+     * @p ok becomes false, and the result is 0, when they cannot be compared: both need exactly
+     * four parts. The parts are read as signed 32-bit integers, pair by pair from the left, up to
+     * the first pair that differs. The parts after it are not read and may be any text.
      */
     static int compare(const QString &a, const QString &b, bool &ok);
 };

@@ -7,13 +7,17 @@
 
 namespace Tavro::Shared {
 
-/** What the codes in catalog templates mean. Static functions, any thread. */
+/**
+ * Converts codes of the catalog templates.
+ *
+ * Static functions without state. Any thread. Nothing blocks.
+ */
 class OVO_SHARED_EXPORT DataConverter
 {
 public:
     /**
-     * Kind of input for a data-type code: "TXT", "INT", "DEC", "BOL" or "DAT", in capitals.
-     * CInputType::InputTypeInvalid for everything else.
+     * Kind of data of a data-type code: "TXT", "INT", "DEC", "BOL" or "DAT", in capitals.
+     * CInputType::InputTypeInvalid for any other text.
      */
     static CInputType::InputType stringToDataType(const QStringRef &code);
 };

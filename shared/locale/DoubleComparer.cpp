@@ -15,7 +15,7 @@ bool DoubleComparer::fuzzyCompare(double a, double b)
     if (!std::isfinite(a) || !std::isfinite(b)) {
         return false;
     }
-    // around zero the doubles lie so close that millions of them may be between two noughts
+    // around 0 doubles are so dense that millions may be between two values that count as 0
     if (std::abs(a) <= nothing && std::abs(b) <= nothing) {
         return true;
     }

@@ -4,13 +4,17 @@
 
 namespace Tavro::Shared {
 
-/** Equality of doubles that were computed in different ways. Static functions, any thread. */
+/**
+ * Compares doubles with a tolerance for rounding errors.
+ *
+ * Static functions without state. Any thread. Nothing blocks.
+ */
 class OVO_SHARED_EXPORT DoubleComparer
 {
 public:
     /**
-     * True when both are within 1e-12 of zero, or when at most 8 units in the last place lie
-     * between them. An infinity or NaN equals nothing, not even itself.
+     * Returns true when both numbers are at most 1e-12 away from 0, or when they are at most 8
+     * units in the last place apart. Infinity and NaN are equal to nothing, not even to themselves.
      */
     static bool fuzzyCompare(double a, double b);
 };

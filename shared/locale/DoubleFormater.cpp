@@ -13,7 +13,7 @@ namespace {
 struct Picture
 {
     QStringView text;
-    int width; // at least, filled up with zeros
+    int width; // minimum, padded with zeros
     int decimals;
 };
 
@@ -32,7 +32,7 @@ constexpr std::size_t s_maxDecimals = 3;
 // QCoreApplication calls; QString::number() and asprintf() round halves away from zero.
 QString formatted(double value, const Picture &picture)
 {
-    // room to fill up, sign, digits of the largest double, mark, decimals
+    // room for padding, sign, digits of the largest double, decimal point, decimals
     constexpr std::size_t size =
         s_maxWidth + 1 + std::numeric_limits<double>::max_exponent10 + 1 + 1 + s_maxDecimals;
     std::array<char, size> buffer;
@@ -85,7 +85,7 @@ QString DoubleFormater::TrimString(QString text)
         return text;
     }
     int size = text.size();
-    while (text.at(size - 1) == QLatin1Char('0')) { // ends at the mark at the latest
+    while (text.at(size - 1) == QLatin1Char('0')) { // ends at the decimal point at the latest
         --size;
     }
     if (text.at(size - 1) == QLatin1Char('.')) {

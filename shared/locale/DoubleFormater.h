@@ -7,7 +7,8 @@
 namespace Tavro::Shared {
 
 /**
- * Numbers by the pictures of the catalog templates, with "." as decimal mark whatever the locale.
+ * Formats numbers by the pictures of the catalog templates. The decimal point is "." in every
+ * locale.
  *
  * | picture | 7.5 | |
  * | --- | --- | --- |
@@ -17,25 +18,29 @@ namespace Tavro::Shared {
  * | "00.00" | 07.50 | at least five characters |
  * | "00.000" | 07.500 | at least six characters |
  *
- * These five round as the C library does, by the exact value and halves to the even digit: "0"
- * gives 6 for 6.5, "0.00" gives 0.12 for 0.125. Infinities and NaN are padded with blanks.
+ * These five pictures round as printf() does: the exact value counts, and halves go to the even
+ * digit. "0" gives 6 for 6.5, "0.00" gives 0.12 for 0.125. Infinities and NaN are padded with
+ * blanks to the width of the picture.
  *
- * Static functions, any thread.
+ * Static functions without state. Any thread. Nothing blocks.
  */
 class OVO_SHARED_EXPORT DoubleFormater
 {
 public:
     /**
-     * @p value by the picture @p format. An empty format gives up to six decimals and no
-     * redundant zero; any other text gives six significant digits, with an exponent where that is
-     * shorter.
+     * Returns @p value by the picture @p format. An empty @p format gives up to six decimals
+     * without trailing zeros. Any other text gives six significant digits, as printf("%g") does.
      */
     static QString toString(const double &value, const QString &format);
-    /** The number in @p text, read as in C, likewise; @p text as it is when it is no number. */
+    /**
+     * Reads the number in @p text by the rules of the C locale and formats it as above. Returns
+     * @p text unchanged when it is not a number.
+     */
     static QString toString(const QString &text, const QString &format);
     /**
-     * @p text without the zeros at its end, and without the "." when nothing follows it. A text
-     * without "." stays as it is; the first character is never taken for a redundant zero.
+     * Returns @p text without the zeros at its end, and without a "." that is then the last
+     * character. Returns a text without "." unchanged. The first character is never removed as a
+     * zero.
      */
     static QString TrimString(QString text);
 };

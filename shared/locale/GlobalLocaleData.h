@@ -11,14 +11,14 @@ namespace Tavro::Shared {
 class CProjectLocaleData;
 
 /**
- * Locale and distance unit that the application shows: the open project's, or else the device's.
+ * Locale and distance unit of the application: the open project's, or else the device's.
  *
- * Whichever holds is also Qt's default locale, so that every default-constructed QLocale of the
- * process follows it and writes numbers without group separators.
+ * Each change also sets Qt's default locale, so that every default-constructed QLocale of the
+ * process follows and writes numbers without group separators. Until setDeviceLocale() is called,
+ * the device's locale is the default locale at the time when the instance was created, with its
+ * group separators.
  *
- * One object for the process, on the GUI thread, created by the first instance() and never
- * destroyed. Nothing blocks. Before setDeviceLocale() the device's locale is the default locale
- * as it was at the time of creation, with its group separators.
+ * A process-wide instance on the GUI thread. GUI thread only. Nothing blocks and nothing is logged.
  */
 class OVO_SHARED_EXPORT GlobalLocaleData : public QObject
 {
@@ -26,39 +26,45 @@ class OVO_SHARED_EXPORT GlobalLocaleData : public QObject
 
 public:
     /**
-     * The one object; the first call creates it, and CProjectLocaleData with it, and must come
-     * from the GUI thread. Only from then on a project locale becomes the default locale.
+     * The process-wide instance. Never null. The first call creates it, and the one of
+     * CProjectLocaleData if needed, and must come from the GUI thread. It is never destroyed.
+     * Project locales become the default locale from this first call on, not before it.
      */
     static GlobalLocaleData *instance();
 
     /** The project's locale while that is valid, else the device's. */
     QLocale locale() const;
     /**
-     * The project's unit; where that is not set, feet when the **default** locale is one of the
-     * United States, else metres. Never DistanceUnit::Undefined.
+     * The project's unit, see CProjectLocaleData::distanceUnitType(). If that is
+     * DistanceUnit::Undefined: feet when QLocale's **default** locale has the measurement system of
+     * the United States, else metres. Never DistanceUnit::Undefined.
      */
     Tavro::Base::DistanceUnit distanceUnitType() const;
-    /** Unit text that the project's template gives a column; empty when it gives none. */
+    /** Unit of a column in the project's template. Empty when it has none. */
     QString catalogTemplateColumnUnit(const QString &columnKey) const;
 
     /**
-     * Makes @p locale, without group separators and with all its other options, Qt's default
-     * locale. locale() stays as it is; emits nothing.
+     * Sets Qt's default locale to @p locale with the option QLocale::OmitGroupSeparator in addition
+     * to its own. Does not change locale(). Emits no signal.
      */
     void setDefaultLocale(QLocale locale);
     /**
-     * Tells which locale the device is set to. While a project locale is valid the device's is
-     * only kept for later; otherwise it becomes the default locale, and localeChanged() is
-     * emitted.
+     * Sets the device's locale, with the option QLocale::OmitGroupSeparator in addition to its own.
+     * While no project locale is valid, it also becomes the default locale, and localeChanged() is
+     * emitted. While one is valid, nothing else happens.
      */
     void setDeviceLocale(QLocale locale);
 
 Q_SIGNALS:
-    /** locale() may answer something new; the default locale has changed already. */
+    /**
+     * Emitted when the project's locale was set or unset, and when the device's was set while no
+     * project's is valid, even if locale() is the same as before. The default locale is already
+     * set.
+     */
     void localeChanged();
 
 public Q_SLOTS:
-    /** Runs whenever the project locale is set or unset; nobody else needs to call it. */
+    /** Sets the default locale and emits localeChanged(). Connected to CProjectLocaleData. */
     void projectLocaleChanged();
 
 private:

@@ -21,7 +21,7 @@ struct Unit
     double (*fromMeters)(double);
 };
 
-// Divided where a division stands: the product with the reciprocal differs in the last bit.
+// Divisions stay divisions: the product with the reciprocal differs in the last bit.
 constexpr std::array s_units = {
     Unit{detail::s_meters, [](double x) { return x; }, [](double x) { return x; }},
     Unit{detail::s_feet, [](double x) { return x * 0.3048; }, [](double x) { return x / 0.3048; }},
@@ -59,7 +59,7 @@ double LengthUnitsConverter::convert(const QString &fromUnit, const QString &toU
         return value;
     }
     const Unit *from = unitOf(fromUnit);
-    const double meters = from ? from->toMeters(value) : 0; // unknown: nothing, and not a word
+    const double meters = from ? from->toMeters(value) : 0; // unknown: 0, not logged
     return to->fromMeters(meters);
 }
 

@@ -6,16 +6,24 @@
 
 namespace Tavro::Shared {
 
-/** Lengths between "m", "ft", "inch", "mm" and "cm". Static functions, any thread. */
+/**
+ * Converts lengths between the units "m", "ft", "inch", "mm" and "cm", by their exact definitions.
+ *
+ * Static functions without state. Any thread. Nothing blocks.
+ */
 class OVO_SHARED_EXPORT LengthUnitsConverter
 {
 public:
     /**
-     * @p value in @p toUnit; unit texts are matched exactly.
+     * Returns @p value, which is in @p fromUnit, in @p toUnit. The texts of the units are compared
+     * exactly. The first row that applies counts:
      *
-     * NaN when a unit is empty or @p value is NaN. The same unit on both sides, known or not,
-     * gives @p value. An unknown @p fromUnit counts as a length of 0. An unknown @p toUnit gives
-     * @p value unchanged, and is logged at level Error under "LengthUnitsConverter".
+     * | arguments | result |
+     * | --- | --- |
+     * | a unit is empty, or @p value is NaN | NaN |
+     * | both units are the same text, known or not | @p value |
+     * | @p toUnit is unknown | @p value; logged at level Error under "LengthUnitsConverter" |
+     * | @p fromUnit is unknown | 0; not logged |
      */
     static double convert(const QString &fromUnit, const QString &toUnit, double value);
 };

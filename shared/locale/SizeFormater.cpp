@@ -6,7 +6,7 @@ namespace Tavro::Shared {
 
 namespace {
 
-// each with the blank that parts it from the number
+// each with the blank that separates it from the number
 constexpr std::array s_units = {
     QStringView(u" B"), //
     QStringView(u" KB"), //

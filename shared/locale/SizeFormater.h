@@ -6,16 +6,20 @@
 
 namespace Tavro::Shared {
 
-/** Numbers of bytes as text. Static functions, any thread. */
+/**
+ * Formats numbers of bytes.
+ *
+ * Static functions without state. Any thread. Nothing blocks.
+ */
 class OVO_SHARED_EXPORT SizeFormater
 {
 public:
     /**
-     * @p bytes with one decimal, a blank and the unit: "B", "KB", "MB", "GB", "TB", "PB" or "EB",
-     * each 1024 of the one before. The decimal mark is "." in every locale. Negative numbers stay
-     * in "B".
+     * Returns @p bytes with one decimal, a blank and the unit: "B", "KB", "MB", "GB", "TB", "PB" or
+     * "EB". Each unit is 1024 of the one before. The decimal point is "." in every locale. The unit
+     * of a negative number is "B".
      *
-     * The unit is that of the whole number, before rounding: one byte less than a megabyte is
+     * The unit is chosen by the number of bytes, before rounding: one byte less than a megabyte is
      * "1024.0 KB".
      */
     static QString toString(long long bytes);

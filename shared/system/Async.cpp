@@ -37,8 +37,8 @@ void Async::startTask(QRunnable *task)
     if (m_mode == SequentialLatest) {
         clearQueue();
     }
-    // First into the queue and then the look: a task that finishes in between finds the new one
-    // there. The other way round nobody would start it.
+    // First append, then check: a task that finishes in between finds the new one in the queue. In
+    // the other order no thread would start it.
     addToQueue(task);
     if (!isRunning()) {
         startFromQueue();
@@ -80,8 +80,8 @@ void Async::clearQueue()
 
 void Async::startNext()
 {
-    // Held throughout: whoever asks isRunning() in between would see nothing running although the
-    // next task is about to be, and start another beside it.
+    // Held throughout: otherwise isRunning() could be false in between, although the next task is
+    // about to start, and the owner would start another one beside it.
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         --m_runningCount;

@@ -21,98 +21,107 @@ class TaskQueue;
 } // namespace detail
 
 /**
- * Runs an owner's tasks in the background: all at once, one after the other, or only the latest
- * of those that wait.
+ * Runs tasks in the background: in parallel, one after the other, or only the latest of those that
+ * wait.
  *
- * The tasks of all owners share one pool of at most 8 threads, which is not Qt's global one. Where
- * the system does not create a single one, a task runs in the thread that starts it, within that
- * call, and so do the slots there: they must not wait for a task or destroy this object then.
+ * The tasks of all Async objects share a pool of at most 8 threads, which is not
+ * QThreadPool::globalInstance(). If the system cannot create a single thread, a task runs in the
+ * thread that starts it, within that call. Slots that are connected to this object then run
+ * within the call, too. They must not wait for a task and must not destroy this object.
  *
- * A task is the host's. A null one is passed over, wherever it is given: it neither counts nor
- * waits, and startTask() does with the others what it always does. On its thread a task does three
- * things, in this order, when its work is done:
- * -# it emits the fitting taskDone(), which a queued connection brings to the owner's thread;
- * -# it calls startNext(), exactly once, also when its work failed: a task that leaves it out
- *    blocks its queue and whoever waits;
- * -# it calls asyncDeleteLater(), where the owner wants that.
+ * The host writes the tasks. When its work is done, a task does three things on its thread, in this
+ * order:
+ * -# it emits the matching taskDone(), which a queued connection delivers to the owner's thread;
+ * -# it calls startNext() exactly once, also when its work has failed. Without that call the next
+ *    task of the queue does not start, and waitDone() and the destructor do not return;
+ * -# it calls asyncDeleteLater() if the owner wants that.
  *
- * What QRunnable::autoDelete() says decides who deletes a task that has run; one that deletes
- * itself is started once. Tasks that are discarded while they wait are deleted either way.
+ * QRunnable::autoDelete() decides whether a task is deleted after its run. Start a task with
+ * autoDelete() only once. A task that is discarded while it waits is always deleted. A null task is
+ * ignored: it does not run, wait or count. startTask() treats the other tasks as usual.
  *
- * startTask(), addToQueue(), startFromQueue(), clearQueue() and runInThread() are the owner's, on
- * its thread. Everything else may be called from any thread.
+ * startTask(), addToQueue(), startFromQueue(), clearQueue() and runInThread() are for the thread
+ * that the object lives in. All other functions may be called from any thread.
  */
 class OVO_SHARED_EXPORT Async : public QObject
 {
     Q_OBJECT
 
 public:
-    /** What becomes of a task that is started while others run. */
+    /** When startTask() runs a task. */
     enum Mode : int {
-        Sequential = 0, /**< it waits until those started before have finished */
-        Parallel = 1, /**< it runs at once */
-        SequentialLatest = 2, /**< it waits, and those that have been waiting are deleted */
+        Sequential = 0, /**< after the tasks given to it before have finished */
+        Parallel = 1, /**< at once */
+        SequentialLatest = 2, /**< as Sequential; the tasks that wait are deleted */
     };
 
-    /** Has no parent. A value that is no Mode makes an object that takes no task. */
+    /** Creates an object without a parent. For an unknown @p mode startTask() does nothing. */
     explicit Async(Mode mode);
     /**
-     * Blocks until every task that is running, or waits for a thread of the pool, has returned
-     * from its run() and is deleted if it deletes itself. Tasks in the queue are neither started
-     * nor deleted: clearQueue() does away with them before. Never called by a task.
+     * Blocks without limit until every task that runs, or waits for a thread of the pool, has
+     * called startNext(), has returned from run() and, with autoDelete(), is deleted. Tasks in the
+     * queue are neither started nor deleted; call clearQueue() before. A task must not call the
+     * destructor.
      */
     ~Async() override;
 
     /**
-     * Starts @p task, now or later, as the mode has it, and takes it over. An object whose mode is
-     * unknown does nothing with it: it stays the caller's.
+     * Starts @p task, at once or later depending on the mode. Takes ownership according to
+     * QRunnable::autoDelete(). If the mode is unknown, it does nothing and the caller keeps the
+     * task. Does not block, unless there is no thread.
      */
     void startTask(QRunnable *task);
     /**
-     * Hands @p task to the pool without regard to the mode and to what runs. Does not block, unless
-     * there is no thread.
+     * Passes @p task to the pool, whatever the mode is and whichever tasks run. Does not block,
+     * unless there is no thread.
      */
     void runInThread(QRunnable *task);
-    /** Has @p task wait, behind all others. It starts when a task finishes, or is told to. */
+    /**
+     * Appends @p task to the queue. It starts when a task before it finishes, in the modes with a
+     * queue, or by startFromQueue().
+     */
     void addToQueue(QRunnable *task);
-    /** Hands the task that has been waiting longest to the pool, if there is one. */
+    /** Passes the first task of the queue to the pool. Does nothing when the queue is empty. */
     void startFromQueue();
-    /** Deletes the tasks that wait. */
+    /** Deletes the tasks in the queue. */
     void clearQueue();
     /**
-     * Takes note that a task has finished, starts the next one if the mode has it wait, and wakes
-     * whoever waits. Called by each task, once.
+     * Records that a task has finished, starts the first task of the queue in the modes with a
+     * queue, and wakes waitDone() and the destructor. Each task calls it exactly once.
      */
     void startNext();
 
     /**
-     * Blocks, without time limit, until the next task has called startNext(), **even if others
-     * are still running or waiting then**. Returns at once when nothing is running.
+     * Blocks without limit until the next call of startNext(), **even if other tasks still run or
+     * wait then**. Returns at once when no task is running.
      */
     void waitDone();
-    /** True from the start of a task on the pool until its startNext(). */
+    /** True from the moment a task is passed to the pool until it calls startNext(). */
     bool isRunning() const;
 
-    /** Sets whether asyncDeleteLater() does anything; it does not until then. */
+    /** Sets whether asyncDeleteLater() has an effect. Default: false. */
     void setDeleteLater(bool deleteLater);
-    /** Has the owner's thread delete this object, if setDeleteLater() allows it. */
+    /** Calls deleteLater() if setDeleteLater() was set to true, else does nothing. */
     void asyncDeleteLater();
 
-    /** True for the modes in which a task may have to wait. */
+    /** True for Sequential and SequentialLatest. */
     static bool isQueueMode(Mode mode);
 
     // one name for all results: hosts connect by it
     // clazy:excludeall=overloaded-signal
 Q_SIGNALS:
-    /** A task without a result is done. Emitted, as all of these, by the task, on its thread. */
+    /**
+     * A task without a result is done. Like all overloads, it is emitted by the task, on the task's
+     * thread.
+     */
     void taskDone();
-    /** A task is done that says whether it succeeded. */
+    /** A task is done; @p result is true when it succeeded. */
     void taskDone(const bool &result);
-    /** A task is done with a result of the database. */
+    /** A task is done; @p result is that of a database query. */
     void taskDone(const Tavro::Database::SqlResult &result);
-    /** A task is done that has loaded an observation. */
+    /** A task that loads an observation is done. */
     void taskDone(const LoadObservationDataResult &result);
-    /** A task is done that has removed an observation. */
+    /** A task that removes an observation is done. */
     void taskDone(const RemoveObservationDataResult &result);
 
 private:

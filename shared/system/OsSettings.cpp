@@ -10,7 +10,7 @@ namespace Tavro {
 OsSettings *OsSettings::instance()
 {
     static OsSettings theOne;
-    // an engine deletes what one of its functions has returned, unless it is told
+    // otherwise an engine owns and deletes what an invoked function has returned
     QQmlEngine::setObjectOwnership(&theOne, QQmlEngine::CppOwnership);
     return &theOne;
 }

@@ -9,11 +9,13 @@
 namespace Tavro {
 
 /**
- * The device's clock, for QML. Lives on the GUI thread.
+ * The device's clock, for QML.
  *
- * Nothing announces that time passes: whoever shows a running clock reads the properties again
- * and again. Setting one runs commands and blocks for up to 10 seconds, see SystemDateTime, also
- * for what the system makes of the value: **it takes a local time as UTC**.
+ * No signal is emitted as time passes. To show a running clock, read the properties with a timer.
+ * Setting a property runs commands and blocks for up to 10 seconds. **The system takes the local
+ * time that is set as UTC.** See SystemDateTime for both, for the rights needed and for the log.
+ *
+ * A process-wide instance on the GUI thread. GUI thread only.
  */
 class OVO_SHARED_EXPORT OsSettings : public QObject
 {
@@ -23,32 +25,36 @@ class OVO_SHARED_EXPORT OsSettings : public QObject
 
 public:
     /**
-     * The one of the process, made at the first call and destroyed at the process's exit. A QML
-     * engine that gets hold of it does not delete it.
+     * The process-wide instance. Never null. The first call creates it; it is destroyed when the
+     * process exits. Its QML ownership is QQmlEngine::CppOwnership, so an engine does not delete
+     * it.
      */
     static OsSettings *instance();
 
-    /** The local time at this moment. */
+    /** The present local time. */
     QTime time() const;
     /**
-     * The local date at this moment. JavaScript has it as the midnight of UTC with which it
-     * begins: west of Greenwich getDate() there answers the day before, getUTCDate() the day.
+     * The present local date. JavaScript converts it to a Date of midnight UTC: west of Greenwich
+     * getDate() returns the day before. getUTCDate() returns the right day.
      */
     QDate date() const;
 
-    /** Sets the time of the present day; announces it only if both clocks were set. */
+    /**
+     * Sets the time of day, to whole seconds; the date stays that of the present day in UTC. Emits
+     * timeChanged() if both clocks were set. An invalid time is logged and not set.
+     */
     void setTime(QTime time);
     /**
-     * Sets the date and the local time that it is at this moment, and announces both, the date
-     * first, only if both clocks were set. Does nothing but log when daylight saving skips this
-     * time on that date.
+     * Sets the date, together with the present local time. Emits dateChanged() and then
+     * timeChanged() if both clocks were set. An invalid date is logged and not set, and so is a
+     * date on which daylight saving time skips the present local time.
      */
     void setDate(QDate date);
 
 Q_SIGNALS:
-    /** The time was set. */
+    /** Emitted when the time or the date was set. */
     void timeChanged();
-    /** The date was set; timeChanged() follows. */
+    /** Emitted when the date was set, before timeChanged(). */
     void dateChanged();
 
 private:

@@ -65,7 +65,7 @@ bool SystemDateTime::sendSystemCommand(const QString &command)
         logError(QStringLiteral("System command process crash!"));
         return false;
     }
-    // one that still runs has left no exit code, and so none that tells of a failure
+    // a command that still runs has no exit code, so none that means a failure
     if (end.kind == ChildEnd::OutOfTime || (end.kind == ChildEnd::Exited && end.code == 0)) {
         return true;
     }
@@ -83,7 +83,7 @@ bool SystemDateTime::setDate(QDate date)
 
 bool SystemDateTime::setTime(QTime time)
 {
-    // without quotes: the line that devices have always been sent
+    // without quotes: this is the command line that devices know
     return setClocks(*this, inPlainDigits(time, QStringLiteral("hh:mm:ss")), QString());
 }
 

@@ -10,45 +10,50 @@
 namespace Tavro {
 
 /**
- * Sets the system's clock and then the hardware's, with the commands "date" and "hwclock", which
- * are found through PATH and need the rights of root.
+ * Sets the system clock and then the hardware clock, by the commands "date" and "hwclock". The
+ * commands are found through PATH and need the rights of root.
  *
- * Holds nothing; made on the stack for each change. GUI thread only. Failures are logged at level
- * Error under "SystemDateTime".
+ * Has no state: create it on the stack for each change. GUI thread only. Each function blocks for
+ * up to 10 seconds. Failures are logged at level Error under "SystemDateTime".
  *
- * **Dates and times are sent as they are given, and the system takes them as UTC.** A local time
- * moves the clock by the offset of its zone: on a device in central Europe in summer, 12:00 makes
- * it 14:00. A device whose zone is UTC does not notice; elsewhere, pass what QDateTime::toUTC()
- * answers.
+ * **Dates and times are passed on unchanged, and the system takes them as UTC.** So a local time
+ * moves the clock by the offset of its time zone: in central Europe in summer, 12:00 sets the local
+ * time to 14:00. There is no difference on a device whose time zone is UTC. For other time zones
+ * pass the result of QDateTime::toUTC().
  */
 class OVO_SHARED_EXPORT SystemDateTime
 {
 public:
     /**
-     * Runs one command line and blocks until it ends, for at most 5 seconds. Blanks separate the
-     * arguments, double quotes keep them together; no shell sees the line.
+     * Runs a command line and blocks until the command ends, for at most 5 seconds. Blanks separate
+     * the arguments, double quotes group them. No shell is involved.
      *
-     * True when the command has exited with 0. False, with a log entry, when it exited with
-     * another code, could not be started, or died by a signal. The entry carries the text of
-     * QProcess::errorString(), not what the command printed.
+     * Returns true when the command exits with 0. Returns false and logs when it exits with another
+     * code, cannot be started, or is terminated by a signal. The log entry contains the text of
+     * QProcess::errorString(), but not the output of the command.
      *
-     * **One that still runs after 5 seconds counts as done**: it has neither failed nor crashed so
-     * far. It is killed before the call returns, so whether it took effect is not known. One that
-     * cannot be killed, as the kernel waits for a device, is waited for a second longer.
+     * **Returns true for a command that still runs after 5 seconds**, because it has neither failed
+     * nor crashed. The command is killed before the function returns, so it is not known whether it
+     * had an effect. If it cannot be killed because the kernel waits for a device, the function
+     * waits for one more second.
      */
     bool sendSystemCommand(const QString &command);
 
     /**
-     * Sets the date, at midnight UTC: the time of day goes to 00:00. Blocks for up to 10 seconds.
-     * False when either command fails, or when the date is invalid and nothing was run. When the
-     * second one failed, the system's clock is set all the same.
+     * Sets the clocks to 00:00 UTC of @p date. Blocks for up to 10 seconds. Returns false when the
+     * date is invalid, in which case no command runs, and when one of the commands fails. When only
+     * "hwclock" has failed, the system clock is set nevertheless.
      */
     bool setDate(QDate date);
-    /** As setDate(), with the time of the present day in UTC. Milliseconds are cut off. */
+    /**
+     * Sets the clocks to @p time of the present day in UTC. Milliseconds are dropped. See setDate()
+     * for errors and blocking.
+     */
     bool setTime(QTime time);
     /**
-     * As setDate(), with both. What the clock on the wall of @p dateTime's zone shows is sent,
-     * without its zone. A local time that daylight saving skips is invalid.
+     * Sets the clocks to the date and the time of @p dateTime, as they read in its own time zone;
+     * the time zone itself is not passed on. Milliseconds are dropped. A local time that daylight
+     * saving time skips is invalid. See setDate() for errors and blocking.
      */
     bool setDateTime(QDateTime dateTime);
 };

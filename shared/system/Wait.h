@@ -8,10 +8,10 @@
 namespace Tavro::Shared {
 
 /**
- * A text and a signal, by which a part of the host tells another that what it waits for is over.
+ * A text and a signal, by which one part of the host tells another that a wait is over.
  *
- * Does nothing by itself: who emits the signal, on which thread, and what the text says is the
- * host's.
+ * The class itself does nothing. The host decides who emits the signal, on which thread, and what
+ * the text is for. text() and setText() are not thread-safe.
  */
 class OVO_SHARED_EXPORT Wait : public QObject
 {
@@ -20,13 +20,13 @@ class OVO_SHARED_EXPORT Wait : public QObject
 public:
     explicit Wait(QObject *parent = nullptr);
 
-    /** The host's text; empty until it is set. */
+    /** The text that the host has set. */
     QString text() const;
-    /** Keeps @p text; tells nobody. */
+    /** Sets the text. Default: empty. Emits no signal. */
     void setText(const QString &text);
 
 Q_SIGNALS:
-    /** Emitted by the host. */
+    /** Emitted by the host; never by this class. */
     void waitFinished();
 
 private:

@@ -28,7 +28,7 @@ bool isAcceptedType(const QString &fileSystemType)
                        [&](const char *type) { return fileSystemType == QLatin1String(type); });
 }
 
-// the exact table that the system goes by, not the count of clusters by which FAT is defined
+// the fixed table of the system, not the count of clusters that defines FAT
 QString fatSubtypeOf(quint16 sectorsPerFat)
 {
     static constexpr struct
@@ -61,7 +61,7 @@ QSharedPointer<usbDeviceInfo> massStorageDevice(udev *context, udev_device *scsi
     }
     const char *node = udev_device_get_devnode(block.get());
     if (!node) {
-        return {}; // every mounted partition would begin with a node of no letters
+        return {}; // every mounted partition would begin with an empty name
     }
     const auto attribute = [](udev_device *device, const char *name) {
         return QString::fromUtf8(udev_device_get_sysattr_value(device, name));
@@ -71,7 +71,7 @@ QSharedPointer<usbDeviceInfo> massStorageDevice(udev *context, udev_device *scsi
         attribute(scsiDevice, "vendor"));
 }
 
-// the mount table says "vfat" for every FAT; which one it is stands on the device
+// the mount table says "vfat" for every FAT; the type is on the device
 void refineFatTypes(QList<mountItem> &items)
 {
     if (items.isEmpty()) {
@@ -103,7 +103,7 @@ mountPathsStruct mountInfoOf(const usbDeviceInfo &device, const QList<mountItem>
     mountPathsStruct info;
     info.items = findAllItemsWithPrefix(mountTable, device.deviceNode());
     refineFatTypes(info.items);
-    // without items the flag stays as it is at first
+    // without items the flag keeps its default
     for (const mountItem &item : qAsConst(info.items)) {
         info.supported = info.supported && isAcceptedType(item.fileSystemType);
     }
@@ -181,7 +181,7 @@ void MountedUSBDeviceList::dismountUSB()
     if (!isUSBMounted()) {
         return;
     }
-    // for ever, if need be: a drive that is still mounted must not be called safe to pull
+    // for ever, if need be: a drive that is still mounted must not count as safe to pull
     while (detail::exitCodeOf(QStringLiteral("umount"), {s_usbDevice}) != 0) {
         detail::exitCodeOf(QStringLiteral("usleep"), {QStringLiteral("500")});
     }
@@ -220,7 +220,7 @@ mountPathsStruct MountedUSBDeviceList::getUSBMountPaths()
                 paths.items.append(item);
             }
         }
-        // also of a device none of whose partitions can be written to
+        // also of a device without a writable partition
         paths.supported = paths.supported && info.supported;
     }
     return paths;
@@ -247,7 +247,7 @@ QString MountedUSBDeviceList::getFatSubtype(const QString &devicePath)
 {
     const detail::FileHandle device = detail::openForReading(devicePath);
     uchar bytes[sizeof(quint16)] = {};
-    // a number that was not read is not the 0 of FAT32
+    // a number that was not read must not count as the 0 of FAT32
     if (!device || ::fseeko(device.get(), s_sectorsPerFatOffset, SEEK_SET) != 0
         || std::fread(bytes, sizeof bytes, 1, device.get()) != 1) {
         return {};
@@ -266,7 +266,7 @@ void MountedUSBDeviceList::enumerateUsbMassStorageDevices(
         return;
     }
     udev_enumerate_add_match_subsystem(enumeration.get(), "scsi");
-    // a host and a target have the disk below them and the USB device above them, too
+    // a host and a target also have the disk below them and the USB device above them
     udev_enumerate_add_match_property(enumeration.get(), "DEVTYPE", "scsi_device");
     udev_enumerate_scan_devices(enumeration.get());
     udev_list_entry *entry = udev_enumerate_get_list_entry(enumeration.get());

@@ -18,56 +18,61 @@ namespace Tavro::Shared {
 /** An entry of the mount table: one mounted partition. */
 struct mountItem
 {
-    /** Its block device, such as "/dev/sda1". */
+    /** Block device of the partition, such as "/dev/sda1". */
     QFileInfo device;
-    /** The directory that it is mounted on. */
+    /** Directory on which the partition is mounted. */
     QFileInfo mountPoint;
     /**
-     * The mount table's type, such as "exfat". For a FAT file system "fat12", "fat16", "fat32" or
-     * empty, see MountedUSBDeviceList::getFatSubtype().
+     * Type of the file system in the mount table, such as "exfat". In results of
+     * MountedUSBDeviceList, where udev reports FAT (ID_FS_TYPE "vfat"), it is the result of
+     * MountedUSBDeviceList::getFatSubtype() instead: "fat12", "fat16", "fat32" or empty.
      */
     QString fileSystemType;
 };
 
-/** Mounted partitions, and whether the application can work with all of them. */
+/** Mounted partitions, and whether the application supports the file systems of all of them. */
 struct mountPathsStruct
 {
-    /** In the order of the mount table. */
+    /** The partitions, in the order of the mount table. */
     QList<mountItem> items;
     /**
-     * True when every item's type is one of "fat12", "fat16", "fat32", "vfat", "ntfs" and
-     * "exfat", in exactly this spelling; true, too, where there is no item.
+     * True when each type is one of "fat12", "fat16", "fat32", "vfat", "ntfs" and "exfat", compared
+     * exactly, and when there are no partitions.
      */
     bool supported = true;
 };
 
-/** A USB mass-storage device, as MountedUSBDeviceList found it; it does not change by itself. */
+/**
+ * A USB mass-storage device at the time when MountedUSBDeviceList found it. It is not updated.
+ *
+ * Holds values only: nothing blocks or fails. Not thread-safe.
+ */
 class OVO_SHARED_EXPORT usbDeviceInfo : public QObject
 {
     Q_OBJECT
 
 public:
     explicit usbDeviceInfo(QObject *parent = nullptr);
-    /** Texts as the readers below describe them; nothing is mounted yet. */
+    /** Creates a device of the given values; see the readers below. mountInfo() is empty. */
     usbDeviceInfo(const QString &deviceNode, const QString &vendorId, const QString &productId,
                   const QString &vendorName, QObject *parent = nullptr);
     ~usbDeviceInfo() override;
 
-    /** Node of the whole disk, such as "/dev/sda". */
+    /** Device node of the whole disk, such as "/dev/sda". */
     QString deviceNode() const;
-    /** Four hexadecimal digits as the USB device gives them; empty when the system has none. */
+    /** USB vendor ID, idVendor in sysfs: four hexadecimal digits. Empty when there is none. */
     QString vendorId() const;
-    /** Four hexadecimal digits as the USB device gives them; empty when the system has none. */
+    /** USB product ID, idProduct in sysfs: four hexadecimal digits. Empty when there is none. */
     QString productId() const;
     /**
-     * Name of the maker, as the disk gives it: often filled up to eight letters with blanks at its
-     * end. Empty when the system has none.
+     * Name of the manufacturer, in the SCSI inquiry data of the disk: often padded with blanks to
+     * eight characters. Empty when there is none.
      */
     QString vendorName() const;
-    /** The partitions of this disk that are mounted; none and supported until they are set. */
+    /** The mounted partitions of this disk. */
     mountPathsStruct mountInfo() const;
 
-    /** Takes over the items and the flag of @p mountInfo. */
+    /** Sets the mounted partitions. Default: no partitions, supported. */
     void setMountInfo(const mountPathsStruct &mountInfo);
 
 private:
@@ -79,16 +84,18 @@ private:
 };
 
 /**
- * The USB mass-storage devices attached to this system, their mounted partitions, and the
- * directory to offer as "the" USB drive.
+ * Finds the USB mass-storage devices of the system, their mounted partitions, and the directory to
+ * offer as the USB drive. Mounts and unmounts the drive.
  *
- * The system expects one drive: the partition /dev/sda1, which /etc/fstab mounts on
- * /media/usbdrive. Nothing is kept between two calls. Every function looks afresh, on the
- * caller's thread, normally the GUI thread; two threads must not be in here at the same time, as
- * the C library hands out the entries of a mount table in one place.
+ * The USB drive is the partition /dev/sda1, which /etc/fstab mounts on /media/usbdrive. Both are
+ * fixed. The class has no state: each call inspects the system again.
  *
- * **Where nothing is mounted on /media/usbdrive, the functions that look for mounted partitions
- * mount the drive for the look and unmount it again.** Each says so.
+ * The functions run on the thread of the caller, normally the GUI thread. Do not call them from two
+ * threads at the same time: getmntent(3) is not thread-safe. Many block without limit, because
+ * they run "mount" and "umount"; each function says so. Nothing is logged.
+ *
+ * **If nothing is mounted on /media/usbdrive, the functions that look for mounted partitions mount
+ * the drive temporarily to inspect it, and unmount it again.** Each of them says so.
  */
 class OVO_SHARED_EXPORT MountedUSBDeviceList : public QObject
 {
@@ -99,88 +106,92 @@ public:
     ~MountedUSBDeviceList() override;
 
     /**
-     * Whether /etc/mtab has a device whose name begins with "/dev" mounted on exactly
-     * "/media/usbdrive". False, too, when the table cannot be read. Does not block.
+     * Returns true when /etc/mtab lists a device whose name begins with "/dev" with the mount point
+     * "/media/usbdrive", in exactly this spelling. Returns false when the table cannot be read.
+     * Does not block.
      */
     static bool isUSBMounted();
 
     /**
-     * Runs "mount /dev/sda1", found through PATH, whatever is mounted already. Whether it worked
-     * is answered by isUSBMounted(). **Blocks, without limit, until the command has ended.**
+     * Runs "mount /dev/sda1", which is found through PATH, even if the drive is mounted already.
+     * Call isUSBMounted() to see whether it succeeded. **Blocks without limit until the command has
+     * ended.**
      */
     static void mountUSB();
 
     /**
-     * Runs "umount /dev/sda1" if isUSBMounted(), and "usleep 500" and "umount /dev/sda1" again
-     * until the latter ends with exit code 0; a command that is missing or crashes has not ended
-     * so. **Blocks without limit**, and for good where the drive stays in use: a program with
-     * an open file or its working directory on it, or a missing right to unmount.
+     * Does nothing unless isUSBMounted(). Runs "umount /dev/sda1", and repeats "usleep 500" and
+     * "umount /dev/sda1" until umount exits with 0; a command that is missing or crashes counts as
+     * failed. **Blocks without limit**: for ever while a program has an open file or its working
+     * directory on the drive, or while the right to unmount is missing.
      */
     static void dismountUSB();
 
     /**
-     * The USB mass-storage devices, with and without medium, in the system's order; each with
-     * its mounted partitions in the order of the mount table. Partitions are told by their
-     * name's beginning: /dev/sda takes /dev/sda1, and /dev/sdaa1, too. Empty when there is no
-     * device or no libudev.
+     * The USB mass-storage devices, with and without a medium, in the order of libudev. Each has
+     * its mounted partitions, in the order of the mount table. A partition belongs to a device if
+     * its name begins with that of the device: /dev/sda1 belongs to /dev/sda, but so does
+     * /dev/sdaa1. Empty when there is no device or libudev cannot be used.
      *
-     * Mounts the drive for the look and unmounts it again if nothing is mounted on
-     * /media/usbdrive. **Blocks without limit** then, as mountUSB() and dismountUSB() do.
+     * If nothing is mounted on /media/usbdrive, mounts the drive temporarily to inspect it, and
+     * then **blocks without limit** as mountUSB() and dismountUSB() do.
      */
     static QList<QSharedPointer<usbDeviceInfo>> getUSBMountInfo();
 
     /**
-     * The mounted partitions of all these devices whose mount point is a directory that this
-     * process may write to. The flag is true when no device has a mounted partition of another
-     * type than those of mountPathsStruct, written to or not; true, too, without any device.
+     * The partitions in getUSBMountInfo() whose mount point is a directory that this process may
+     * write to. mountPathsStruct::supported takes all mounted partitions of all devices into
+     * account, writable or not. It is true when there is no device.
      *
-     * Mounts the drive for the look and **blocks without limit**, as getUSBMountInfo() does.
+     * Mounts the drive temporarily and **blocks without limit** as getUSBMountInfo() does.
      */
     static mountPathsStruct getUSBMountPaths();
 
     /**
-     * The directory to offer as the USB drive, as a list of two: its absolute path (a text), and
-     * whether all file systems on the drives are supported (a bool). Where several partitions
-     * are mounted, it is the directory above the first one's mount point, unless that is "/": it is
-     * on none of them then, and USBDriveCleanAccessManager::lock() marks nothing for it. An empty
-     * text and false when no partition can be written to.
+     * The directory to offer as the USB drive, as a list of two values: the absolute path
+     * (QString), and mountPathsStruct::supported of getUSBMountPaths() (bool). An empty path and
+     * false when no partition is writable.
      *
-     * Mounts the drive for the look and **blocks without limit**, as getUSBMountInfo() does.
+     * The directory is the mount point of the first writable partition. If several are writable, it
+     * is the parent directory of that mount point, unless that is "/". The parent directory is on
+     * none of the partitions, so USBDriveCleanAccessManager::lock() marks nothing for it.
+     *
+     * Mounts the drive temporarily and **blocks without limit** as getUSBMountInfo() does.
      */
     Q_INVOKABLE static QVariantList getUSBMountPathRoot();
 
     /**
-     * Which FAT a partition is taken for, by the 16-bit number at byte 22 of its boot sector
-     * (sectors per FAT, little-endian): 256 "fat12", 512 "fat16", 0 "fat32". Empty for every
-     * other number, and when the device cannot be read. Blocks while the device is read.
+     * Type of a FAT file system by the 16-bit little-endian number at byte 22 of its boot sector,
+     * the sectors per FAT: "fat12" for 256, "fat16" for 512, "fat32" for 0. Empty for any other
+     * number, and when the device cannot be read. Blocks while the device is read.
      *
-     * This small table is what the system goes by, and not the rule of the FAT format, which
-     * counts clusters. A FAT16 volume whose FAT has 256 sectors, as mkfs makes it by default for
-     * some sizes, is called "fat12" here; most FAT12 volumes, which have far fewer, get no type.
-     * The place of the dirty byte is the same for both. The number says nothing about devices
-     * that hold no FAT at all: on exFAT and NTFS it is 0, too.
+     * The system uses this small table instead of the rule of the FAT format, which counts
+     * clusters. So a FAT16 volume with 256 sectors per FAT, the default of mkfs for some sizes, is
+     * "fat12", and most FAT12 volumes, which have far fewer, have no type. The dirty byte is at the
+     * same offset in both. The device must contain a FAT: on exFAT and NTFS the number is 0, too.
      */
     static QString getFatSubtype(const QString &devicePath);
 
     /**
-     * Appends the USB mass-storage devices of @p context to @p devices, without mount
-     * information: all SCSI devices with a block device and a disk that hang on a USB device.
-     * Appends nothing when @p context is null. Mounts nothing. The context stays the caller's.
+     * Appends the USB mass-storage devices of @p context to @p devices, without mount information:
+     * the SCSI devices that have a block device and a disk below them and a USB device above them.
+     * Appends nothing when @p context is null. Mounts nothing. The caller keeps the ownership of
+     * @p context.
      */
     static void enumerateUsbMassStorageDevices(udev *context,
                                                QList<QSharedPointer<usbDeviceInfo>> &devices);
 
     /**
-     * The first device of @p subsystem below @p parent, in libudev's order. Null when there is
-     * none, and when libudev has no memory. **Belongs to the caller**, who gives it back with
+     * The first device of @p subsystem below @p parent, in the order of libudev. Null when there is
+     * none, or when libudev is out of memory. **The caller owns the result** and releases it with
      * udev_device_unref().
      */
     static udev_device *getChild(udev *context, udev_device *parent, const char *subsystem);
 };
 
 /**
- * Those of @p items whose device's absolute path begins with @p prefix, in their order. Upper and
- * lower case differ; an empty prefix takes all.
+ * Returns the items whose device has an absolute path that begins with @p prefix, in their order.
+ * The comparison is case-sensitive. An empty prefix matches all items. Does not block.
  */
 OVO_SHARED_EXPORT QList<mountItem> findAllItemsWithPrefix(const QList<mountItem> &items,
                                                           const QString &prefix);

@@ -24,20 +24,20 @@ constexpr qint64 s_noDirtyByte = -1;
 // the tablet is a 32-bit machine, and drives are larger than 2 GiB
 static_assert(sizeof(off_t) == sizeof(qint64), "offsets must reach all of a drive");
 
-// of a drive that was pulled: opened to write, a file would take the place of its node
+// of a drive that was pulled: opening it to write would create a file in place of its node
 bool isMissingNode(const QString &path)
 {
     return QDir::cleanPath(path).startsWith(QLatin1String("/dev/"))
         && ::access(QFile::encodeName(path).constData(), F_OK) != 0;
 }
 
-// sync() speaks of no error: a drive that fails now would count as marked
+// sync() reports no error: a drive that fails now would count as marked
 bool reachesTheDevice(std::FILE *device)
 {
     return ::fsync(::fileno(device)) == 0 || errno == EINVAL; // a device without a cache
 }
 
-// buffered, a write that the device refuses would count as done
+// with a buffer, a write that the device refuses would count as done
 std::FILE *openUnbuffered(const QString &path, const char *mode)
 {
     std::FILE *device = std::fopen(QFile::encodeName(path).constData(), mode);
@@ -79,7 +79,7 @@ bool USBDriveCleanAccessManager::lock(const QString &mountPath)
 {
     QList<mountItem> items = MountedUSBDeviceList::getUSBMountPaths().items;
     if (items.isEmpty()) {
-        // a drive plugged in a moment ago may have got its node since
+        // a drive that was plugged in a moment ago may have its node by now
         items = MountedUSBDeviceList::getUSBMountPaths().items;
     }
     if (items.isEmpty()) {
@@ -94,7 +94,7 @@ bool USBDriveCleanAccessManager::lock(const QString &mountPath)
         m_fileSystemType = item->fileSystemType;
         m_volume = identityOf(*item);
     }
-    // the look may have unmounted it; where it is mounted, this fails and does no harm
+    // the inspection may have unmounted it; if it is mounted, this fails and does no harm
     MountedUSBDeviceList::mountUSB();
     return mark(s_dirty);
 }

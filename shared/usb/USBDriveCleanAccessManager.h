@@ -10,22 +10,22 @@
 namespace Tavro::Shared {
 
 /**
- * Brackets a time of writing to the USB drive: lock() mounts it and marks its FAT file system as
- * in use, unlock() unmounts it and marks it clean.
+ * Marks the USB drive as in use while it is written to: lock() mounts the drive and marks its FAT
+ * file system dirty, unlock() unmounts it and marks it clean.
  *
- * The mark is the dirty byte of the volume, written to the block device itself. A drive that is
- * pulled, or loses its power, between the two has it set, and the next system that meets the
- * drive checks it. The mark is not asked before it is set: a volume that was dirty before lock()
- * is clean after unlock(), although nobody has checked it.
+ * The mark is the dirty byte of the volume, see getDirtyByteOffset(). It is written to the block
+ * device. If the drive is pulled or loses its power between lock() and unlock(), the byte stays
+ * set, and the next system that uses the drive checks it. lock() does not check the byte before:
+ * a volume that was dirty before lock() is clean after unlock(), although it has not been checked.
  *
- * There is no count: every call acts at once. An unlock() is about the volume that a lock() has
- * found last. Where its device has become another volume's, because another drive was plugged in
- * or this one formatted, neither function writes to it: kind of FAT, OEM name, volume serial number
- * and sizes in the boot sector have to be those that lock() has found.
+ * Calls are not counted: each one acts at once. unlock() applies to the volume that a lock() has
+ * found last. If the device contains another volume by then, because another drive was plugged in
+ * or the drive was formatted, neither function writes to it: type of FAT, OEM name, volume serial
+ * number and the sizes in the boot sector must be those that lock() has found.
  *
- * Every function works on the caller's thread and **blocks it while commands run
- * and the device is written**. One object brackets one writer. Needs the right to mount the
- * drive and to write to its block device.
+ * The functions run on the thread of the caller and **block while commands run and the device is
+ * written**. Not thread-safe; use one object for each writer. The process needs the rights to mount
+ * the drive and to read and write its block device. Nothing is logged.
  */
 class OVO_SHARED_EXPORT USBDriveCleanAccessManager : public QObject
 {
@@ -36,58 +36,63 @@ public:
     ~USBDriveCleanAccessManager() override;
 
     /**
-     * Mounts the drive and marks the partition dirty that holds @p mountPath: the first one with
-     * a mount point by which the path begins. **Only the letters count**: with the mount point
-     * /media/usbdrive the path /media/usbdrive-backup/x is on the drive, /media is not. Where no
-     * mount point fits, the partition found by an earlier call is marked once more.
+     * Mounts the drive and marks the partition of @p mountPath dirty: the first one in
+     * MountedUSBDeviceList::getUSBMountPaths() whose mount point is a prefix of the path. **The
+     * paths are compared as texts**: with the mount point /media/usbdrive, the path
+     * /media/usbdrive-backup/x matches and /media does not. If no mount point matches, the
+     * partition of an earlier call is marked again.
      *
-     * True when the mark is on the device. False where there is no partition to write to (the
-     * drive is left as it is then, though it may have been mounted for the look), and where the
-     * partition cannot be marked. The drive is mounted nevertheless in these cases:
+     * Returns true when the mark is on the device. Returns false when there is no writable
+     * partition; then the drive is left as it was, apart from the temporary mount to inspect it.
+     * Returns false also when the partition cannot be marked; then the drive is mounted
+     * nevertheless:
      * - its type has no dirty byte ("vfat", "ntfs", "exfat");
-     * - the right to read from and write to the device is missing;
-     * - the device is another volume's by now;
+     * - the right to read and write the device is missing;
+     * - the device contains another volume by now;
      * - no call has found a partition yet.
      *
      * **Blocks without limit** as MountedUSBDeviceList::getUSBMountPaths() and mountUSB() do, and
-     * until all of the system's caches are written.
+     * until sync() has written all caches of the system.
      */
     Q_INVOKABLE bool lock(const QString &mountPath);
 
     /**
-     * Unmounts the drive if it is mounted on /media/usbdrive, and marks the partition of the last
-     * lock() clean. True when the mark is on the device. False where it is not, where the device is
-     * another volume's by now, and where no lock() has found a partition: the drive is unmounted
-     * nevertheless.
+     * Unmounts the drive if it is mounted on /media/usbdrive, and marks the partition that lock()
+     * has found last as clean. Returns true when the mark is on the device. Returns false when the
+     * byte cannot be written, when the device contains another volume by now, and when no lock()
+     * has found a partition. The drive is unmounted in all cases.
      *
-     * **Blocks without limit**, for good where the drive stays in use, as
-     * MountedUSBDeviceList::dismountUSB() does.
+     * **Blocks without limit** as MountedUSBDeviceList::dismountUSB() does: for ever while the
+     * drive is in use. Then blocks until sync() has written all caches of the system.
      */
     Q_INVOKABLE bool unlock();
 
     /**
-     * Writes 1 to the dirty byte of a file system of the type @p fileSystemType on
-     * @p devicePath; the result is that of writeByteIntoDev(), false for types without one.
+     * Sets the dirty byte on @p devicePath to 1. @p fileSystemType determines its offset, see
+     * getDirtyByteOffset(). Returns false for a type without a dirty byte, else the result of
+     * writeByteIntoDev(); see there for errors and blocking. Does not check which volume the device
+     * contains.
      */
     static bool setDirtyFlag(const QString &devicePath, const QString &fileSystemType);
 
-    /** Writes 0 there, and is as setDirtyFlag() in everything else. */
+    /** Sets the dirty byte to 0. See setDirtyFlag() for parameters, errors and blocking. */
     static bool clearDirtyFlag(const QString &devicePath, const QString &fileSystemType);
 
     /**
-     * Replaces one whole byte, at @p offset bytes from the beginning of @p devicePath. True when
-     * the device has taken it. False for a negative offset, and when the device cannot be opened
-     * or does not take the byte. Blocks until all of the system's caches are written.
+     * Writes @p value to the byte at @p offset, in bytes from the beginning of @p devicePath.
+     * Returns true when the byte is on the device. Returns false for a negative offset, and when
+     * the device cannot be opened or written. Blocks until sync() has written all caches of the
+     * system.
      *
-     * **A regular file is emptied first**, or created, so that all before the byte reads 0. Below
-     * /dev/, though, a name that does not exist is not opened: it is that of a pulled drive, and
-     * the next drive could not get its node.
+     * **A regular file is truncated first**, or created, so all bytes before the offset read 0. A
+     * name below /dev/ that does not exist is not created: it belongs to a drive that was pulled,
+     * and a file of that name would take the place of the next drive's node.
      */
     static bool writeByteIntoDev(const QString &devicePath, qint64 offset, char value);
 
     /**
-     * The byte at @p offset bytes from the beginning of @p devicePath. **0 also when the offset is
-     * negative or nothing can be read there.** Blocks while the device is read.
+     * Returns the byte at @p offset, in bytes from the beginning of @p devicePath. **Returns 0 also
+     * when the offset is negative or the byte cannot be read.** Blocks while the device is read.
      */
     static char readByteFromDev(const QString &devicePath, qint64 offset);
 
@@ -101,9 +106,9 @@ private:
 };
 
 /**
- * Where the dirty byte of a FAT volume is, in bytes from the beginning of its partition (the
- * reserved byte behind the drive number, of the FAT boot sector): 37 for "fat12" and "fat16", 65
- * for "fat32". -1 for every other type: there is none.
+ * Offset of the dirty byte of a FAT volume, in bytes from the beginning of its partition: 37 for
+ * "fat12" and "fat16", 65 for "fat32". It is the reserved byte after the drive number in the FAT
+ * boot sector. -1 for any other type, which has no dirty byte. Any thread; does not block.
  */
 OVO_SHARED_EXPORT qint64 getDirtyByteOffset(const QString &fileSystemType);
 

@@ -7,28 +7,28 @@
 namespace Tavro::View3d {
 
 /**
- * A place on the earth. Nothing checks whether its angles are in range.
+ * A place on the earth: longitude, latitude and height. Ranges are not checked.
  *
- * A value: any thread may use its own.
+ * A plain value: each thread may use its own copy.
  */
 class OVO_SHARED_EXPORT GeoCoord
 {
 public:
-    /** Longitude in degrees east, latitude in degrees north, height. */
+    /** Creates a place from degrees east, degrees north and a height in any unit. */
     GeoCoord(double lon, double lat, double alt);
-    /** The same at height 0. */
+    /** Creates a place from degrees east and degrees north, at height 0. */
     GeoCoord(double lon, double lat);
 
-    /** Degrees east. */
+    /** Longitude in degrees east. */
     double lon() const;
-    /** Degrees north. */
+    /** Latitude in degrees north. */
     double lat() const;
-    /** Height, in the unit in which it was given. */
+    /** Height, in the unit of the constructor's argument. */
     double alt() const;
 
     /**
-     * Longitude, latitude and height in this order, each rounded to the nearest float, which moves
-     * a place by up to a metre. These are not the axes of a Vector3D.
+     * Returns longitude, latitude and height in this order, each rounded to the nearest float. The
+     * rounding moves a place by up to one metre. The axes are not those of Vector3D.
      */
     QVector3D toQVector3D() const;
 

@@ -4,7 +4,7 @@ namespace Tavro::View3d {
 
 QString GeoProjectorSettings::getDefaultPseudoMercatorWKT()
 {
-    // laid out for us; those who read the text get it without a blank
+    // laid out for readers of the code; the result has no blanks
     static const QString text = QStringLiteral(R"(WKT:
     PROJCS["WGS_84_Pseudo_Mercator",
         GEOGCS["GCS_WGS_1984",
@@ -46,7 +46,7 @@ QString GeoProjectorSettings::getValidPseudoMercatorWKT()
 
 QString GeoProjectorSettings::getValidPseudoMercatorWKT_2()
 {
-    // the registry's own layout, which is part of the text
+    // the layout of the registry, which is part of the text
     static const QString text = QStringLiteral(R"(PROJCS["WGS 84 / Pseudo-Mercator",
     GEOGCS["WGS 84",
         DATUM["WGS_1984",

@@ -7,11 +7,11 @@
 namespace Tavro::View3d {
 
 /**
- * The projection of the map, WGS 84 Web Mercator (EPSG:3857), as well-known texts in the three
- * spellings that map layers and geometry data ask for.
+ * The projection of the map, WGS 84 Web Mercator (EPSG:3857), as well-known text (WKT) in the three
+ * spellings that map layers and geometry data need.
  *
- * The texts are compared byte for byte by those who read them, so not a blank of them changes.
- * Every function may be called from any thread.
+ * Readers compare the texts byte for byte, so they never change. Static functions without state.
+ * Any thread. Nothing blocks.
  */
 class OVO_SHARED_EXPORT GeoProjectorSettings
 {
@@ -19,15 +19,17 @@ public:
     GeoProjectorSettings() = delete;
 
     /**
-     * What the map layers start with: the spelling of ESRI with EPSG's authority codes, behind the
-     * prefix "WKT:" and without a blank anywhere. 475 characters.
+     * The text for the map layers: "WKT:", followed by the spelling of ESRI with the authority
+     * codes of EPSG. It contains no blanks. 475 characters.
      */
     static QString getDefaultPseudoMercatorWKT();
-    /** The WGS 1984 Web Mercator (Auxiliary Sphere) of ESRI, in one line. 425 characters. */
+    /**
+     * The text of ESRI, "WGS 1984 Web Mercator (Auxiliary Sphere)", in one line. 425 characters.
+     */
     static QString getValidPseudoMercatorWKT();
     /**
-     * What the EPSG registry publishes, as OGC WKT 1: 22 lines with a line feed between each two
-     * of them, indented by four blanks a level. 850 characters.
+     * The text of the EPSG registry in OGC WKT 1: 22 lines, separated by line feeds and indented by
+     * four blanks for each level. 850 characters.
      */
     static QString getValidPseudoMercatorWKT_2();
 };

@@ -7,8 +7,10 @@
 namespace Tavro {
 
 /**
- * Says which fields have to be filled in: in a 3D project an object cannot be placed without some
- * that the catalog leaves optional.
+ * Tells which fields of a form are mandatory. In a 3D project, placing an object needs some fields
+ * that are optional in the catalog.
+ *
+ * Has no state. Nothing blocks or fails.
  */
 class OVO_SHARED_EXPORT Mandatory3dDef : public QObject
 {
@@ -18,14 +20,15 @@ public:
     explicit Mandatory3dDef(QObject *parent = nullptr);
 
     /**
-     * Whether the field @p fieldKey of the data view @p viewKey has to be filled in.
+     * Returns whether the field @p fieldKey of the data view @p viewKey is mandatory.
      *
-     * That is what the catalog says, @p defaultMandatory, unless ProjectTypeGlobal knows a 3D
-     * project and the view is one of the three that place objects. There the catalog does not
-     * count: the nine fields that placing needs are mandatory and **every other one is optional**.
+     * Returns @p defaultMandatory, the value of the catalog, unless ProjectTypeGlobal::is3d() is
+     * true and the view is one of the three that place objects ("detail_s_inspection", "detail_s",
+     * "detail_p"). There @p defaultMandatory is ignored: the nine fields that placing an object
+     * needs are mandatory, and **all other fields are optional**.
      *
-     * Keys are compared as whole texts, upper and lower case apart. May be called from any thread
-     * while nobody sets the project's type.
+     * Keys are compared exactly. May be called from any thread while no other thread sets the type
+     * of the project.
      */
     static bool isMandatory(bool defaultMandatory, const QString &fieldKey, const QString &viewKey);
 };

@@ -8,11 +8,10 @@
 namespace Tavro {
 
 /**
- * What kind of project is open, for QML and for Mandatory3dDef.
+ * The type of the open project, for QML and for Mandatory3dDef.
  *
- * There is one in the process, made at first use and destroyed at the process's exit. The host
- * sets it when a project is opened, and when its catalog changes, on the GUI thread; it may be
- * read from any thread while nobody sets it.
+ * A process-wide instance. The host sets the type, on the GUI thread, when a project is opened and
+ * when its catalog changes. Any thread may read it while no other thread sets it. Nothing blocks.
  */
 class OVO_SHARED_EXPORT ProjectTypeGlobal : public QObject
 {
@@ -22,8 +21,9 @@ class OVO_SHARED_EXPORT ProjectTypeGlobal : public QObject
 
 public:
     /**
-     * The one of the process. Has no parent: a host that hands it to a QML engine says that C++
-     * owns it.
+     * The process-wide instance. The first call creates it; it is destroyed when the process exits.
+     * It has no parent: before the host passes it to a QML engine, it calls
+     * QQmlEngine::setObjectOwnership() with QQmlEngine::CppOwnership.
      */
     static ProjectTypeGlobal &instance()
     {
@@ -31,14 +31,14 @@ public:
         return theOne;
     }
 
-    /** True when the project's type is "PRO3D", in capitals. */
+    /** True when projectType() is exactly "PRO3D". */
     bool is3d() const;
-    /** Whether the project's catalog is one for plumbers; false until it is set. */
+    /** True when the catalog of the project is one for plumbers. */
     bool isPlumberCatalog() const;
-    /** The type as it was set; empty until then. */
+    /** The type of the project, as it was set. */
     QString projectType() const;
 
-    /** Sets the type, any text; announces it only if is3d answers something new. */
+    /** Sets the type, any text. Default: empty. Emits is3dChanged() if is3d changes. */
     void setProjectType(const QString &projectType)
     {
         const bool before = is3d();
@@ -47,7 +47,10 @@ public:
             Q_EMIT is3dChanged();
         }
     }
-    /** Sets whether the catalog is one for plumbers; announces it only if that is new. */
+    /**
+     * Sets whether the catalog is one for plumbers. Default: false. Emits isPlumberCatalogChanged()
+     * if the value changes.
+     */
     void setIsPlumberCatalog(bool isPlumberCatalog)
     {
         if (m_isPlumberCatalog != isPlumberCatalog) {
@@ -57,9 +60,9 @@ public:
     }
 
 Q_SIGNALS:
-    /** is3d answers something new. */
+    /** Emitted when is3d has changed. */
     void is3dChanged();
-    /** isPlumberCatalog answers something new. */
+    /** Emitted when isPlumberCatalog has changed. */
     void isPlumberCatalogChanged();
 
 private:

@@ -4,23 +4,23 @@
 
 namespace Tavro::View3d {
 
-// Each source that includes this has texts of its own, made before its own globals that are made
-// from them. Shared ones might be made later than those.
+// Each source file that includes this header has its own texts, which are initialised before its
+// own globals. Texts of another source file might be initialised after them.
 // clazy:excludeall=non-pod-global-static
 
-/** The column that holds an object's shape as well-known text. */
+/** Column with the shape of an object as well-known text (WKT). */
 const QString shapeColumn = QStringLiteral("OBJ_Shape_WKT");
-/** With what the columns of the views begin. */
+/** Prefix of the columns in a view. */
 const QString shapeViewPrefix = QStringLiteral("V_");
-/** The shape's column in a view. */
+/** Column with the shape, in a view. */
 const QString shapeViewColumn = shapeViewPrefix + shapeColumn;
-/** The easting of the shape, the text WktPoint::x, in a view. */
+/** Column with the easting of the shape, WktPoint::x, in a view. */
 const QString shapeViewColumnX = shapeViewColumn + QStringLiteral("_X");
-/** The northing of the shape, the text WktPoint::y, in a view. */
+/** Column with the northing of the shape, WktPoint::y, in a view. */
 const QString shapeViewColumnY = shapeViewColumn + QStringLiteral("_Y");
-/** The height of the shape, the text WktPoint::z, in a view. */
+/** Column with the height of the shape, WktPoint::z, in a view. */
 const QString shapeViewColumnZ = shapeViewColumn + QStringLiteral("_Z");
-/** The measure of the shape, the text WktPoint::m, in a view. */
+/** Column with the measure of the shape, WktPoint::m, in a view. */
 const QString shapeViewColumnM = shapeViewColumn + QStringLiteral("_M");
 
 } // namespace Tavro::View3d

@@ -25,7 +25,7 @@ int TransformFlags::getFlags() const
 
 bool TransformFlags::hasPosition() const
 {
-    // without the mask: a bit that only the host knows says, too, that something is given
+    // without the mask: a bit that only the host knows also means that something is given
     return m_flags != 0;
 }
 

@@ -7,26 +7,26 @@
 namespace Tavro::View3d {
 
 /**
- * A set of bits that says which parts of an object's transform are given.
+ * A set of bits that tell which parts of the transform of an object are given.
  *
- * What each bit stands for is the host's; the library knows that there are seven, and that the
- * lowest does not bind a position. A value: any thread may use its own.
+ * The host defines the meaning of each bit. The library relies on two facts: there are seven bits,
+ * and bit 0 alone does not bind a position. A plain value: each thread may use its own copy.
  */
 class OVO_SHARED_EXPORT TransformFlags
 {
 public:
-    /** Takes the bits as they are, also those above the seventh. */
+    /** Stores @p flags unchanged, including bits above bit 6. */
     TransformFlags(int flags);
     virtual ~TransformFlags();
 
-    /** All seven bits: 127. */
+    /** Returns 127: bits 0 to 6. */
     static int allTransformFlags();
 
-    /** The bits as they were given. */
+    /** Returns the bits unchanged. */
     int getFlags() const;
-    /** True when any bit is set, one above the seventh included. */
+    /** True when any bit is set, including bits above bit 6. */
     bool hasPosition() const;
-    /** True when any of the bits 1 to 6 is set; bit 0 and those above bit 6 do not count. */
+    /** True when any of the bits 1 to 6 is set. Bit 0 and bits above bit 6 do not count. */
     bool positionBound() const;
 
 private:

@@ -13,11 +13,12 @@ namespace Tavro::View3d {
 /**
  * A point or a direction in the 3D view, in double precision.
  *
- * The view's x points west: it is the negated easting of the map. Its y is the height, and its z
- * the northing. A scale factor leads from the map to the view and applies to the horizontal
- * components alone, heights are the same in both.
+ * The x axis of the view points west: x is the negated easting of the map. y is the height, z is
+ * the northing. A scale factor converts from the map to the view. It applies to the horizontal
+ * components only; heights are equal in both.
  *
- * A value: any thread may use its own. The library carries it for double only.
+ * A plain value: each thread may use its own copy. Nothing blocks or fails. The library exports the
+ * instance for double only.
  */
 template<typename T> class Vector3D
 {
@@ -26,16 +27,16 @@ public:
     T y = 0; /**< upward: the map's height */
     T z = 0; /**< northward: the map's northing, scaled */
 
-    /** The origin. */
+    /** Creates the origin. */
     Vector3D() = default;
-    /** The given components. */
+    /** Creates a vector of the given components. */
     Vector3D(T xValue, T yValue, T zValue)
         : x(xValue)
         , y(yValue)
         , z(zValue)
     {
     }
-    /** Each component widened, so its value is exactly that of the float. */
+    /** Converts each component; the values stay exactly those of the floats. */
     Vector3D(QVector3D v)
         : x(v.x())
         , y(v.y())
@@ -43,11 +44,11 @@ public:
     {
     }
     /**
-     * A point of the map, its horizontal coordinates multiplied by @p scale. Its texts are numbers
-     * with a decimal point, whatever the locale; one that is no number counts as 0. The measure
-     * does not matter.
+     * Converts a point of the map; its horizontal coordinates are multiplied by @p scale. The
+     * coordinates are read by the rules of the C locale. A text that is not a number counts as 0.
+     * The measure is not used.
      */
-    // by value, as the hosts call it
+    // by value: part of the interface
     // NOLINTNEXTLINE(performance-unnecessary-value-param)
     Vector3D(Database::WktPoint p, T scale)
         : x(-(p.x.toDouble() * scale))
@@ -55,7 +56,7 @@ public:
         , z(scale * p.y.toDouble())
     {
     }
-    /** Multiplies the horizontal components of @p v by @p scale and leaves its height. */
+    /** Copies @p v with its horizontal components multiplied by @p scale. */
     Vector3D(const Vector3D &v, T scale)
         : x(v.x * scale)
         , y(v.y)
@@ -63,42 +64,44 @@ public:
     {
     }
 
-    /** Sum, component by component. */
+    /** Returns the sum, component by component. */
     Vector3D operator+(const Vector3D &other) const
     {
         return Vector3D(x + other.x, y + other.y, z + other.z);
     }
-    /** Difference, component by component. */
+    /** Returns the difference, component by component. */
     Vector3D operator-(const Vector3D &other) const
     {
         return Vector3D(x - other.x, y - other.y, z - other.z);
     }
-    /** Every component times @p factor. */
+    /** Returns the vector with each component multiplied by @p factor. */
     Vector3D operator*(T factor) const { return Vector3D(x * factor, y * factor, z * factor); }
-    /** Every component divided by @p divisor; by 0 that makes infinities, and NaN of a 0. */
+    /**
+     * Returns the vector with each component divided by @p divisor. A @p divisor of 0 gives
+     * infinities, and NaN for components that are 0.
+     */
     Vector3D operator/(T divisor) const { return Vector3D(x / divisor, y / divisor, z / divisor); }
 
     /**
-     * True when each component differs from its counterpart by at most a part in 10^12 of the one
-     * that is nearer to 0. Relative throughout: 0 equals nothing but 0, and neither infinities
-     * nor NaN equal themselves.
+     * True when each two components differ by at most 10^-12 of the one that is nearer to 0. The
+     * tolerance is relative: only 0 equals 0. Infinities and NaN do not equal themselves.
      */
     bool operator==(const Vector3D &other) const
     {
         return isNear(x, other.x) && isNear(y, other.y) && isNear(z, other.z);
     }
 
-    /** Each component rounded to the nearest float; infinite beyond a float's range. */
+    /** Rounds each component to the nearest float; infinite beyond the range of float. */
     QVector3D toQVector3D() const
     {
         return QVector3D(static_cast<float>(x), static_cast<float>(y), static_cast<float>(z));
     }
 
     /**
-     * The point of the map that this vector stands for, its horizontal components divided by
-     * @p scale, with @p m as its measure. The coordinates are written with 13 significant digits
-     * and a decimal point, whatever the locale: to a hundredth of a millimetre anywhere on a map
-     * in metres. Infinities and NaN read "inf", "-inf" and "nan"; a 0 loses its sign.
+     * Returns the point of the map, with the horizontal components divided by @p scale and the
+     * measure @p m. The coordinates have 13 significant digits and the decimal point "." in every
+     * locale. On a map in metres that is exact to 0.01 mm. Infinities and NaN become "inf", "-inf"
+     * and "nan". A negative 0 loses its sign.
      */
     Database::WktPoint toWKTPoint(T scale, int m) const
     {
@@ -106,10 +109,10 @@ public:
         return Database::WktPoint{text(-x / scale), text(z / scale), text(y), QString::number(m)};
     }
 
-    /** Distance from the origin; infinite when a square is beyond the range of the type. */
+    /** Distance from the origin; infinite when the square of a component overflows. */
     T length() const { return std::sqrt(x * x + y * y + z * z); }
 
-    /** The scalar product of @p a and @p b. */
+    /** Returns the scalar product of @p a and @p b. */
     static T dotProduct(const Vector3D &a, const Vector3D &b)
     {
         return a.x * b.x + a.y * b.y + a.z * b.z;

@@ -15,6 +15,15 @@ expect_equal()
     fail "$1"
 }
 
+# readme_block TEXT: the fenced block of README that follows the first line with TEXT
+readme_block()
+{
+    awk -v text="$1" '
+        index($0, text) { found = 1; next }
+        found && /^```/ { if (inside) exit; inside = 1; next }
+        inside' "$OVO_SOURCE_DIR/README.md"
+}
+
 # headers_in FOLDER: relative to it, sorted
 headers_in()
 {
@@ -44,6 +53,26 @@ run_copy_example()
         && fail "$program was content with a source that is missing: $output"
     expect_equal 'what is said of a missing source' \
         "the copy is not whole: $scratch/missing: No such file or directory" "$(tail --lines=1 <<<"$output")"
+}
+
+# run_copy_window PROGRAM: has it copy the tree of run_copy_example, shows it nowhere and compares
+run_copy_window()
+{
+    local program=$1 window outcome=''
+
+    mkfifo "$scratch/outcome"
+    XDG_RUNTIME_DIR=$scratch QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
+        "$program" "$scratch/source" "$scratch/shown" >"$scratch/outcome" 2>"$scratch/complaints" &
+    window=$!
+    # the window stays when the copy is done
+    read -r -t 60 outcome <"$scratch/outcome" || true
+    kill "$window" 2>/dev/null || true
+    wait "$window" || true
+    rm "$scratch/outcome"
+    expect_equal "what $program says" copied "$outcome"
+    expect_equal "what $program complains of" '' "$(<"$scratch/complaints")"
+    diff --recursive "$scratch/source" "$scratch/shown" || fail "$program copied something else"
+    rm --recursive "$scratch/shown"
 }
 
 scratch=$(mktemp --directory)

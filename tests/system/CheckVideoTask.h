@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QRunnable>
 
-/** Finds out whether a video can be read to its end. */
+/** Checks whether a video can be read to its end. */
 class CheckVideoTask : public QRunnable
 {
 public:
@@ -18,9 +18,9 @@ public:
     void run() override
     {
         const bool readable = isReadable();
-        Q_EMIT m_async.taskDone(readable); // arrives on the owner's thread
-        m_async.startNext(); // whatever came out, and exactly once
-        m_async.asyncDeleteLater(); // does nothing unless the owner has asked for it
+        Q_EMIT m_async.taskDone(readable); // delivered to the owner's thread
+        m_async.startNext(); // also after a failure, exactly once
+        m_async.asyncDeleteLater(); // no effect unless setDeleteLater() was called
     }
 
 private:

@@ -63,9 +63,9 @@ private:
 };
 
 /**
- * Has the system keep how children end, in a host that ignores SIGCHLD, too.
+ * Makes the system keep the exit status of children, also in a host that ignores SIGCHLD.
  *
- * Children of the host's own that end meanwhile stay as zombies, which nobody waits for.
+ * Other children of the host that end meanwhile stay zombies.
  */
 class KeptEnds
 {
@@ -209,7 +209,7 @@ ChildEnd runProgram(const QString &program, const QStringList &arguments, int pa
     const ChildEnd end = waitFor(child, milliseconds(patience));
     if (end.kind == ChildEnd::OutOfTime) {
         ::kill(child, SIGKILL);
-        // one that hangs in the kernel does not go
+        // a process that hangs in the kernel does not end
         waitFor(child, s_patienceWithKilled);
     }
     return end;

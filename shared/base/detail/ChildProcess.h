@@ -20,12 +20,11 @@ struct ChildEnd
 
 /**
  * Runs @p program, which is looked for on PATH if it has no slash, and blocks until it has ended. A
- * script without a "#!" line is run by the shell. What it reads is empty, and what it writes is
- * lost.
+ * script without a "#!" line is run by the shell. Its input is empty, and its output is dropped.
  *
  * With a @p patience of 0 or more, a program that runs for longer, in ms, is killed.
  *
- * While it runs, SIGCHLD is not ignored: the system would keep its end to itself.
+ * While it runs, SIGCHLD is not ignored: otherwise its exit status would be lost.
  */
 ChildEnd runProgram(const QString &program, const QStringList &arguments, int patience = -1);
 

@@ -8,7 +8,7 @@ namespace Tavro::Shared::detail {
 
 void logRefusedText(const QString &category, const QString &text)
 {
-    // two blanks before the full stop: the log's readers look for the line as it always was
+    // two blanks before the full stop: readers of the log search for exactly this line
     Logging::CLogger::logMessage(Logging::LogLevel::Debug, category,
                                  QLatin1String("Cannot validate '") + text + QLatin1String("'  ."));
 }

@@ -21,7 +21,7 @@ class TaskPool
     Q_DISABLE_COPY(TaskPool)
 
 public:
-    /** Made at first use; at the process's exit it waits for the tasks that still run. */
+    /** Created at first use. At the exit of the process it waits for the tasks that still run. */
     static TaskPool &instance();
 
     /**

@@ -8,7 +8,7 @@
 
 namespace Tavro::Shared::detail {
 
-/** Closes a stream that is only read: what the close answers is of no interest. */
+/** Closes a stream that was only read: an error of the close does not matter. */
 struct FileCloser
 {
     void operator()(std::FILE *file) const { std::fclose(file); }

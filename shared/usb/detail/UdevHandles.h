@@ -6,7 +6,7 @@
 
 namespace Tavro::Shared::detail {
 
-/** Gives a libudev object back. */
+/** Releases a libudev object. */
 struct UdevUnref
 {
     void operator()(udev *context) const { udev_unref(context); }

@@ -48,11 +48,11 @@ bool isZero(const QByteArray &value)
     return value.count('\0') == value.size();
 }
 
-// the type was told some time before this look, and each kind has its dirty byte where another
-// keeps a size
+// the type was detected earlier, and the offset of the dirty byte in one type is that of a size in
+// another
 bool isOfAnotherType(const QByteArray &bootSector, bool isFat32)
 {
-    // without the signature there is nothing to go by, and Linux mounts such a FAT, too
+    // without the signature the types cannot be distinguished, and Linux mounts such a FAT
     if (valueOf(s_signature, bootSector) != "\x55\xAA") {
         return false;
     }
@@ -69,7 +69,7 @@ bool isOfAnotherType(const QByteArray &bootSector, bool isFat32)
 QByteArray volumeIdentity(std::FILE *device, const QString &fileSystemType)
 {
     struct stat status = {};
-    // the seek fails on a pipe, which would be waited for
+    // the seek fails on a pipe, on which a read would wait
     if (::fstat(::fileno(device), &status) != 0 || ::fseeko(device, 0, SEEK_SET) != 0) {
         return {};
     }
