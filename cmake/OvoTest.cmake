@@ -11,12 +11,18 @@ function(ovo_add_test folder class)
     endif()
 
     set(target tst_${folder}_${class})
-    add_executable(${target} tst_${class}.cpp ${arg_SOURCES})
+    # moc is called directly: AUTOMOC would start a program for each of so many targets to find that
+    # none has another class to read
+    set(moc "${CMAKE_CURRENT_BINARY_DIR}/tst_${class}.moc")
+    qt5_generate_moc(tst_${class}.cpp "${moc}")
+    add_executable(${target} tst_${class}.cpp "${moc}" ${arg_SOURCES})
     ovo_defaults(${target})
-    set_target_properties(${target} PROPERTIES AUTORCC ON)
-    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
+    set_target_properties(${target} PROPERTIES AUTOMOC OFF)
+    target_precompile_headers(${target} REUSE_FROM ovo_test_support)
+    target_include_directories(${target} PRIVATE
+        "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_BINARY_DIR}")
     target_link_libraries(${target} PRIVATE
-        ${arg_LIBRARIES} OvoSharedBase ovo_fieldhost_services Qt5::Test)
+        ${arg_LIBRARIES} OvoSharedBase ovo_fieldhost_services Qt5::Qml Qt5::Test)
 
     add_test(NAME ${folder}.${class} COMMAND ${arg_LAUNCHER} $<TARGET_FILE:${target}>)
     set_tests_properties(${folder}.${class} PROPERTIES

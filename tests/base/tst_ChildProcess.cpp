@@ -77,11 +77,13 @@ private Q_SLOTS:
     void signalsAreAsAProgramExpectsThem();
 
     void programOutOfTimeIsKilled();
+    void noTimeAtAllIsALimit();
     void programWithinItsTimeIsLeftAlone();
 
     void ignoredChildSignalHidesNothing_data();
     void ignoredChildSignalHidesNothing();
     void twoAtOnceInAHostThatIgnores();
+    void endThatTheHostTookIsUnknown_data();
     void endThatTheHostTookIsUnknown();
 
 private:
@@ -244,6 +246,12 @@ void tst_ChildProcess::programOutOfTimeIsKilled()
     QCOMPARE(errno, ESRCH);
 }
 
+void tst_ChildProcess::noTimeAtAllIsALimit()
+{
+    addWaiting();
+    QCOMPARE(runProgram(s_tool, {}, 0).kind, ChildEnd::OutOfTime);
+}
+
 void tst_ChildProcess::programWithinItsTimeIsLeftAlone()
 {
     const QString fifo = addWaiting();
@@ -300,8 +308,17 @@ void tst_ChildProcess::twoAtOnceInAHostThatIgnores()
     QVERIFY(ChildSignal::now().sa_handler == SIG_IGN);
 }
 
+void tst_ChildProcess::endThatTheHostTookIsUnknown_data()
+{
+    QTest::addColumn<int>("patience");
+
+    QTest::newRow("without a limit of time") << -1;
+    QTest::newRow("with one") << 20'000;
+}
+
 void tst_ChildProcess::endThatTheHostTookIsUnknown()
 {
+    QFETCH(int, patience);
     const QString fifo = addWaiting();
     const ChildSignal usual(SIG_DFL);
     std::thread host([fifo] {
@@ -309,7 +326,7 @@ void tst_ChildProcess::endThatTheHostTookIsUnknown()
         ::signal(SIGCHLD, SIG_IGN);
         ::close(file);
     });
-    const ChildEnd end = runProgram(s_tool, {});
+    const ChildEnd end = runProgram(s_tool, {}, patience);
     host.join();
     QCOMPARE(end.kind, ChildEnd::Unknown);
     QCOMPARE(end.code, ECHILD);

@@ -1,3 +1,8 @@
+#include "shared/input/DateTimeValidator.h"
+#include "shared/input/DoubleValidator.h"
+#include "shared/input/IntValidator.h"
+#include "shared/input/RegExpValidator.h"
+#include "shared/input/StringLengthValidator.h"
 #include "shared/input/Validator.h"
 #include "tests/input/Declared.h"
 #include "tests/input/VirtualSlot.h"
@@ -5,7 +10,7 @@
 #include <QTest>
 
 using namespace Test;
-using Tavro::Shared::Validator;
+using namespace Tavro::Shared;
 
 namespace {
 
@@ -32,6 +37,20 @@ public:
     int updates = 0;
 };
 
+/** Whether the setter marks the hint as outdated, for a host's rule that keeps its hint. */
+template<typename Rule, typename Value, typename... Arguments>
+bool outdates(void (Rule::*setter)(Value), Arguments... arguments)
+{
+    struct KeepingRule : Rule
+    {
+        using Rule::m_hintOutdated;
+        using Rule::Rule;
+    } rule(arguments...);
+    rule.m_hintOutdated = false;
+    (rule.*setter)({});
+    return rule.m_hintOutdated;
+}
+
 } // namespace
 
 class tst_Validator : public QObject
@@ -42,6 +61,7 @@ private Q_SLOTS:
     void hintIsEmptyAndOutdatedAtFirst();
     void hintIsMadeAnewByEachCall();
     void hintThatIsNotOutdatedIsKept();
+    void settersOutdateTheHint();
     void virtualFunctionsStandInTheirOrder();
     void metaObjectAddsNothing();
     void hasNoParent();
@@ -70,6 +90,20 @@ void tst_Validator::hintThatIsNotOutdatedIsKept()
     validator.freeze();
     QCOMPARE(validator.hint(), QStringLiteral("Upper case, told 1 times\n"));
     QCOMPARE(validator.updates, 1);
+}
+
+void tst_Validator::settersOutdateTheHint()
+{
+    QVERIFY(outdates(&DateTimeValidator::setFormat));
+    QVERIFY(outdates(&DoubleValidator::setBottom));
+    QVERIFY(outdates(&DoubleValidator::setTop));
+    QVERIFY(outdates(&DoubleValidator::setStep));
+    QVERIFY(outdates(&IntValidator::setBottom));
+    QVERIFY(outdates(&IntValidator::setTop));
+    QVERIFY(outdates(&IntValidator::setStep));
+    QVERIFY(outdates(&RegExpValidator::setPattern, false));
+    QVERIFY(outdates(&StringLengthValidator::setBottom));
+    QVERIFY(outdates(&StringLengthValidator::setTop));
 }
 
 void tst_Validator::virtualFunctionsStandInTheirOrder()

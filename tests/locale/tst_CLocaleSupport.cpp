@@ -42,6 +42,7 @@ const QVector<Locale> &locales()
         {"hi_IN", "m", "°C", "d/M/yyyy", false, "-1234.50"},
         {"pt_BR", "m", "°C", "dd/MM/yyyy", true, "-1234,50"},
         {"fa_IR", "m", "°C", "yyyy/M/d", true, "-۱۲۳۴٫۵۰"}, // U+066B as decimal mark
+        {"ko_KR", "m", "°C", "yyyy. M. d.", false, "-1234.50"}, // "AP" before the hours
         {"C", "m", "°C", "d MMM yyyy", true, "-1234.50"},
     };
     return table;

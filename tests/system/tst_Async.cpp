@@ -190,6 +190,7 @@ private Q_SLOTS:
     void oneFinishTooManyCountsAsRunning();
     void waitDoneReturnsAtOnceWhenIdle_data() { startsIdle_data(); }
     void waitDoneReturnsAtOnceWhenIdle();
+    void waitDoneOutlastsTheOnlyTask();
     void waitDoneReturnsAfterTheNextTask();
     void waitDoneDoesNotWaitForTheQueue();
     void waitDoneWakesEverybody();
@@ -682,6 +683,23 @@ void tst_Async::waitDoneReturnsAtOnceWhenIdle()
     m_async->addToQueue(task("waiting"));
     m_async->waitDone();
     m_async->clearQueue();
+}
+
+void tst_Async::waitDoneOutlastsTheOnlyTask()
+{
+    make(Async::Parallel);
+    m_async->startTask(heldTask("1"));
+    QVERIFY(haveBegun(1));
+    std::atomic<bool> isLetGo{false};
+    std::thread host([this, &isLetGo] {
+        QThread::msleep(50); // a wait that ends at once has ended by now
+        isLetGo = true;
+        m_letGo->release();
+    });
+    m_async->waitDone();
+    const bool wasLetGo = isLetGo;
+    host.join();
+    QVERIFY(wasLetGo);
 }
 
 bool tst_Async::waitEndsWhile(const std::function<void()> &finishOne)
