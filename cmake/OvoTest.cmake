@@ -1,16 +1,16 @@
-# ovo_add_test(<folder> <Class> [LIBRARIES <target>...] [SOURCES <file>...] [TIMEOUT <seconds>]
+# ovo_add_test(<directory> <Class> [LIBRARIES <target>...] [SOURCES <file>...] [TIMEOUT <seconds>]
 #              [ENVIRONMENT <NAME=value>...] [LAUNCHER <command> <argument>...])
 #
-# Builds tst_<Class>.cpp of the calling folder into the test "<folder>.<Class>", labelled with
-# the folder. Every test links the library and the simulated host, and runs in a pinned
+# Builds tst_<Class>.cpp of the calling directory into the test "<directory>.<Class>", labelled with
+# the directory. Every test links the library and the simulated host, and runs in a pinned
 # environment: UTF-8, English, UTC, no display. A launcher is what the test is run by.
-function(ovo_add_test folder class)
+function(ovo_add_test directory class)
     cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "LIBRARIES;SOURCES;ENVIRONMENT;LAUNCHER")
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
 
-    set(target tst_${folder}_${class})
+    set(target tst_${directory}_${class})
     # moc is called directly: AUTOMOC would start a program for each of so many targets to find that
     # none has another class to read
     set(moc "${CMAKE_CURRENT_BINARY_DIR}/tst_${class}.moc")
@@ -24,9 +24,9 @@ function(ovo_add_test folder class)
     target_link_libraries(${target} PRIVATE
         ${arg_LIBRARIES} OvoSharedBase ovo_fieldhost_services Qt5::Qml Qt5::Test)
 
-    add_test(NAME ${folder}.${class} COMMAND ${arg_LAUNCHER} $<TARGET_FILE:${target}>)
-    set_tests_properties(${folder}.${class} PROPERTIES
-        LABELS ${folder}
+    add_test(NAME ${directory}.${class} COMMAND ${arg_LAUNCHER} $<TARGET_FILE:${target}>)
+    set_tests_properties(${directory}.${class} PROPERTIES
+        LABELS ${directory}
         TIMEOUT ${arg_TIMEOUT}
         ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;${OVO_TEST_ENVIRONMENT};${arg_ENVIRONMENT}")
 endfunction()

@@ -1,8 +1,8 @@
 # shellcheck shell=bash
 # Who may include whom, and which headers are installed. To be sourced, in the project's root.
 
-# What the sources of each folder of shared/ may include besides their own folder: other folders,
-# or single headers of them. The arrows go one way; the one header that points back includes
+# What the sources of each directory of shared/ may include besides their own: other directories, or
+# single headers of them. The arrows go one way; the one header that points back includes
 # nothing of ours.
 declare -A uses_of=(
     [base]=''
@@ -25,7 +25,7 @@ declare -A fieldhost_uses_of=(
     [services]=''
 )
 
-# includes_of FOLDER: "file:line:included path" of all includes of this project's own headers
+# includes_of DIRECTORY: "file:line:included path" of all includes of this project's own headers
 includes_of()
 {
     # Qt's headers and the system's stand in <>; ours in "", as does moc's output
@@ -34,7 +34,7 @@ includes_of()
         | grep --invert-match '\.moc$'
 }
 
-# area_of PATH: "host", or the folder of shared/ that it lies in
+# area_of PATH: "host", or the directory of shared/ that it lies in
 area_of()
 {
     case $1 in
@@ -60,7 +60,7 @@ check_arrows()
             [[ $to == host ]] || echo "$file:$line: host/ includes $included"
         elif [[ $to != "$from" && $to != export ]]; then
             if [[ ! -v "uses_of[$from]" ]]; then
-                echo "$file:$line: the folder $from is not in the table of scripts/lib/layout.bash"
+                echo "$file:$line: the directory $from is not in the table of scripts/lib/layout.bash"
             elif [[ " ${uses_of[$from]} " != *" $to "* && " ${uses_of[$from]} " != *" $included "* ]]; then
                 echo "$file:$line: $from may not use $to"
             fi
@@ -100,13 +100,13 @@ words_of()
 # prints the headers that are listed wrongly: all but those of detail/ are installed
 check_installed_headers()
 {
-    local folder
-    for folder in shared/*/; do
-        diff --label "listed in ${folder}CMakeLists.txt" --label "in $folder" --unified=0 \
-            <(words_of "${folder}CMakeLists.txt" '^PUBLIC_HEADERS' '^SOURCES') \
-            <(find "$folder" -name '*.h' ! -path '*/detail/*' -printf '%P\n' | sort)
-        grep --quiet --line-regexp "add_subdirectory($(basename "$folder"))" shared/CMakeLists.txt \
-            || echo "shared/CMakeLists.txt lacks $folder"
+    local directory
+    for directory in shared/*/; do
+        diff --label "listed in ${directory}CMakeLists.txt" --label "in $directory" --unified=0 \
+            <(words_of "${directory}CMakeLists.txt" '^PUBLIC_HEADERS' '^SOURCES') \
+            <(find "$directory" -name '*.h' ! -path '*/detail/*' -printf '%P\n' | sort)
+        grep --quiet --line-regexp "add_subdirectory($(basename "$directory"))" shared/CMakeLists.txt \
+            || echo "shared/CMakeLists.txt lacks $directory"
     done
     diff --label 'listed in host/CMakeLists.txt' --label 'in host/' --unified=0 \
         <(words_of host/CMakeLists.txt '^set\\(host_headers' '^[a-z]') \
