@@ -102,6 +102,11 @@ void makeTree(const QString &shape, const TreeMaker &tree)
         tree.file(QStringLiteral("d/e/e/p/tree of directories/ends/last/nothing.txt"), 0);
         tree.directory(QStringLiteral("empty"));
         tree.directory(QStringLiteral("d/e/e/p/tree of directories/ends/last/empty"));
+    } else if (shape == QLatin1String("early")) { // "sync" alone writes what is empty
+        for (int i = 0; i < 12; ++i) {
+            tree.file(QStringLiteral("early/Nothing is in file %1.txt").arg(i), 0);
+        }
+        tree.file(QStringLiteral("last/clip.mpg"), 5000);
     } else if (shape == QLatin1String("few")) { // a bit of everything
         tree.file(QStringLiteral("a.txt"), 10);
         tree.file(QStringLiteral("nothing.txt"), 0);
