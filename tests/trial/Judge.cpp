@@ -97,6 +97,7 @@ void Verdict::add(const Verdict &other)
     lost += other.lost;
     before += other.before;
     beforeLost += other.beforeLost;
+    foundByCheck += other.foundByCheck;
     findings.insert(findings.end(), other.findings.begin(), other.findings.end());
 }
 

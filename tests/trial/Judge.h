@@ -26,6 +26,7 @@ struct Verdict
     std::int64_t lost = 0; /**< of them */
     std::int64_t before = 0; /**< files that were there before */
     std::int64_t beforeLost = 0; /**< of them */
+    std::int64_t foundByCheck = 0; /**< none of the lost ones: found once the volume was checked */
     std::vector<std::string> findings; /**< a line for each file that is lost */
 
     void add(const Verdict &other);
