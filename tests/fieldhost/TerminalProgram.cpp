@@ -109,6 +109,20 @@ bool TerminalProgram::waitFor(const QByteArray &text)
     }
 }
 
+bool TerminalProgram::waitUntilAsleep()
+{
+    const QString process = QStringLiteral("/proc/%1/%2");
+    return QTest::qWaitFor([&] {
+        QFile children(process.arg(m_shell).arg(QStringLiteral("task/%1/children").arg(m_shell)));
+        if (!children.open(QIODevice::ReadOnly)) {
+            return false;
+        }
+        const QString program = QString::fromLatin1(children.readAll()).trimmed();
+        QFile stat(process.arg(program, QStringLiteral("stat")));
+        return stat.open(QIODevice::ReadOnly) && stat.readAll().contains(") S ");
+    });
+}
+
 void TerminalProgram::type(const QByteArray &keys)
 {
     if (::write(m_terminal, keys.constData(), static_cast<size_t>(keys.size())) != keys.size()) {

@@ -25,6 +25,11 @@ public:
 
     /** Reads until @p text has been shown since the last wait; false when it does not come. */
     bool waitFor(const QByteArray &text);
+    /**
+     * Waits until the program waits for something itself. The thread sanitizer keeps a signal that
+     * comes right before that until something else happens.
+     */
+    bool waitUntilAsleep();
     /** Types @p keys. */
     void type(const QByteArray &keys);
     /** Waits for the end and returns the program's exit code, -1 when it does not end. */

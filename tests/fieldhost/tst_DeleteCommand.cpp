@@ -241,6 +241,7 @@ void tst_DeleteCommand::anyOtherKeyDeletesNothing()
     TerminalProgram program({s_delete, path("tree")});
     QVERIFY(program.waitFor("Delete? "));
     QVERIFY(program.waitFor("does not\r\n"));
+    QVERIFY(program.waitUntilAsleep());
     program.type(key);
     QVERIFY(program.waitFor("Nothing was deleted.\r\n"));
     QCOMPARE(program.exitCode(), int(Aborted));
