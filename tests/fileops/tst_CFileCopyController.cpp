@@ -4,6 +4,7 @@
 #include "tests/support/FileTree.h"
 #include "tests/support/LogRecorder.h"
 #include "tests/support/MetaObjectChecks.h"
+#include "tests/support/Threads.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -474,9 +475,12 @@ void tst_CFileCopyController::abortWhilePausedEndsTheRun()
     makeTree("src");
     CFileCopyController controller;
     Test::CopyOutcomes ends(controller);
+    makeSyncWait();
     controller.copyDirectory(path("src"), path("dst"));
+    QVERIFY(isInSync());
     controller.pause();
-    QTest::qWait(20);
+    letSyncGo();
+    QTRY_COMPARE(controller.processedBytes(), Q_INT64_C(300)); // waits before it closes the file
     controller.abort();
     QVERIFY(ends.waitFor(1));
     QCOMPARE(ends.ends(), QStringLiteral("canceled"));
@@ -652,9 +656,13 @@ void tst_CFileCopyController::overlappingRequestWakesAPausedRun()
     makeTree("two");
     CFileCopyController controller;
     Test::CopyOutcomes ends(controller);
+    makeSyncWait();
     controller.copyDirectory(path("one"), path("first"));
+    QVERIFY(isInSync());
     controller.pause();
-    QTest::qSleep(20);
+    letSyncGo();
+    QTRY_COMPARE(controller.processedBytes(), Q_INT64_C(300));
+    QCOMPARE(ends.ends(), QString());
     controller.copyDirectory(path("two"), path("second"));
     QVERIFY(ends.waitFor(2));
     QCOMPARE(ends.ends(), QStringLiteral("completed completed"));
@@ -901,16 +909,18 @@ void tst_CFileCopyController::destroyedDuringACopyLeavesNoPartOfAFile()
 
 void tst_CFileCopyController::destroyedWhilePaused()
 {
-    Test::makeFile(path("src"), Test::someBytes(40 * s_mebibyte));
+    Test::makeFile(path("src"), Test::someBytes(300));
     auto controller = std::make_unique<CFileCopyController>();
+    makeSyncWait();
     controller->copyDatabaseFile(path("src"), path("dst"));
-    while (QFileInfo(path("dst")).size() == 0) {
-        QTest::qSleep(1);
-    }
+    QVERIFY(isInSync());
     controller->pause();
+    letSyncGo();
+    QTRY_COMPARE(controller->processedBytes(), Q_INT64_C(300));
+    const int threads = Test::threadCount();
     controller.reset();
-    QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(path("dst")), 30000);
-    QTest::qWait(50);
+    QTRY_COMPARE_WITH_TIMEOUT(Test::threadCount(), threads - 1, 30000); // it does not wait on
+    QCOMPARE(QFileInfo(path("dst")).size(), Q_INT64_C(300));
 }
 
 QTEST_GUILESS_MAIN(tst_CFileCopyController)

@@ -3,6 +3,7 @@
 #include "tests/support/FakeCommands.h"
 #include "tests/support/FaultInjection.h"
 #include "tests/support/FileTree.h"
+#include "tests/support/Threads.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -32,14 +33,6 @@ constexpr int s_mebibyte = 1024 * 1024;
 quint32 codeOf(CFileCopyController::Error error)
 {
     return CFileCopyController::createErrorCode(error);
-}
-
-// threads of this program
-int threadCount()
-{
-    return QDir(QStringLiteral("/proc/self/task"))
-        .entryList(QDir::Dirs | QDir::NoDotAndDotDot)
-        .size();
 }
 
 /** Waits without processing events; false after 30 s. */
@@ -423,11 +416,11 @@ void tst_CopyResult::abortedRunIsCanceled()
 
 void tst_CopyResult::runAbortedAfterTheWorkIsCanceled()
 {
-    const int threads = threadCount();
+    const int threads = Test::threadCount();
     CFileCopyController controller;
     const CopyOutcomes outcomes(controller);
     controller.copyDirectory(path("src"), path("dst"));
-    QVERIFY(waitUndisturbed([=] { return threadCount() == threads; }));
+    QVERIFY(waitUndisturbed([=] { return Test::threadCount() == threads; }));
     controller.abort();
     QVERIFY(outcomes.waitFor(1));
     QCOMPARE(outcomes.ends(), QStringLiteral("canceled"));
@@ -665,7 +658,7 @@ void tst_CopyResult::controllerMayEndInAnySlot()
         [](CFileCopyController &c) { c.reset(); },
         [](CFileCopyController &c) { c.abort(); },
     };
-    const int threads = threadCount();
+    const int threads = Test::threadCount();
     for (int n = 1, signalled = n; signalled >= n; ++n) {
         signalled = 0;
         QPointer<CFileCopyController> controller = new CFileCopyController;
@@ -696,7 +689,7 @@ void tst_CopyResult::controllerMayEndInAnySlot()
         QCOMPARE(controller.isNull(), signalled >= n);
         delete controller.data();
         // the workers go by themselves
-        QTRY_COMPARE_WITH_TIMEOUT(threadCount(), threads, 30000);
+        QTRY_COMPARE_WITH_TIMEOUT(Test::threadCount(), threads, 30000);
         QVERIFY(n < 1000);
     }
 }
@@ -738,17 +731,17 @@ void tst_CopyResult::endOfTheControllerEndsAnEndlessWalk()
 {
     QVERIFY(QFile::link(QStringLiteral("."), path("src/sub/one")));
     QVERIFY(QFile::link(QStringLiteral("."), path("src/sub/two")));
-    const int threads = threadCount();
+    const int threads = Test::threadCount();
     auto controller = std::make_unique<CFileCopyController>();
     Faults::watch(m_folder->path());
     controller->copyDirectory(path("src"), path("dst"));
     QVERIFY(waitUndisturbed([] { return Faults::count(Call::OpenDirectory) > 1000; }));
-    QCOMPARE(threadCount(), threads + 1);
+    QCOMPARE(Test::threadCount(), threads + 1);
     QElapsedTimer elapsed;
     elapsed.start();
     controller.reset();
     QVERIFY2(elapsed.elapsed() < 1000, "the destructor waits");
-    QTRY_COMPARE_WITH_TIMEOUT(threadCount(), threads, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(Test::threadCount(), threads, 20000);
     QVERIFY(!QFileInfo::exists(path("dst")));
 }
 

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QDir>
+#include <QString>
+
+namespace Test {
+
+/** Threads of this program, the calling one included. */
+inline int threadCount()
+{
+    return QDir(QStringLiteral("/proc/self/task"))
+        .entryList(QDir::Dirs | QDir::NoDotAndDotDot)
+        .size();
+}
+
+} // namespace Test
