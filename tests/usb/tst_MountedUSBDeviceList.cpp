@@ -294,12 +294,14 @@ void tst_MountedUSBDeviceList::prefixTakesDevices_data()
     QTest::newRow("upper and lower case differ") << QStringLiteral("/dev/SDA") << QString();
     QTest::newRow("none begins so") << QStringLiteral("/dev/sdc") << QString();
     QTest::newRow("a part within is none") << QStringLiteral("sda") << QString();
+    const QDir here; // which may be the root
     QTest::newRow("an empty one takes all")
         << QString()
-        << QStringLiteral("/dev/sda2 /dev/sdb1 /dev/sda1 /dev/sdb11 /dev/sdaa1 %1/tmpfs")
-               .arg(QDir::currentPath());
-    QTest::newRow("a name without path stands in the current folder") << QDir::currentPath()
-            + QStringLiteral("/tmp") << QDir::currentPath() + QStringLiteral("/tmpfs");
+        << QStringLiteral("/dev/sda2 /dev/sdb1 /dev/sda1 /dev/sdb11 /dev/sdaa1 %1")
+               .arg(here.absoluteFilePath(QStringLiteral("tmpfs")));
+    QTest::newRow("a name without path stands in the current directory")
+        << here.absoluteFilePath(QStringLiteral("tmp"))
+        << here.absoluteFilePath(QStringLiteral("tmpfs"));
 }
 
 void tst_MountedUSBDeviceList::prefixTakesDevices()
