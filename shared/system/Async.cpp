@@ -140,11 +140,9 @@ void Async::setDeleteLater(bool deleteLater)
 
 void Async::asyncDeleteLater()
 {
-    bool wanted = false;
-    {
-        const std::lock_guard<std::mutex> lock(d->mutex);
-        wanted = d->deleteLater;
-    }
+    std::unique_lock<std::mutex> lock(d->mutex);
+    const bool wanted = d->deleteLater;
+    lock.unlock();
     if (wanted) {
         deleteLater();
     }
