@@ -1,4 +1,5 @@
 #include "fieldhost/jobs/ExportPlan.h"
+#include "fieldhost/jobs/Text.h"
 #include "fieldhost/qml/translations/Translations.h"
 #include "shared/input/NotEmptyValidator.h"
 #include "shared/locale/GlobalLocaleData.h"
@@ -41,6 +42,7 @@ private Q_SLOTS:
     void bindingsFollowTheLanguage();
     void bindingsRestWhileTheLanguageStays();
     void jobsSpeakTheLanguage();
+    void numbersInTextsAreOfTheirLanguage();
     void aProcessWithoutThemSpeaksEnglish();
 };
 
@@ -133,6 +135,20 @@ void tst_Translations::jobsSpeakTheLanguage()
                                        [] { return false; });
     QCOMPARE(plan.reasons,
              QStringList(QStringLiteral("Die Quelle \"%1\" gibt es nicht.").arg(source)));
+}
+
+// where nothing is translated, they are as in the sentences: English
+void tst_Translations::numbersInTextsAreOfTheirLanguage()
+{
+    QQmlEngine engine;
+    const Translations translations(engine);
+    setLocale("fr_FR");
+    QCOMPARE(formatBytes(1536), QStringLiteral("1.5 KiB"));
+    setLocale("de_DE");
+    QCOMPARE(formatBytes(1536), QStringLiteral("1,5 KiB"));
+    QCOMPARE(formatBytes(1024 * 1024 - 1), QStringLiteral("1,0 MiB"));
+    QCOMPARE(formatRate(2000.0 * 1024 * 1024), QStringLiteral("2000,0 MiB/s"));
+    QCOMPARE(formatDuration(1300), QStringLiteral("1,3 s"));
 }
 
 void tst_Translations::aProcessWithoutThemSpeaksEnglish()

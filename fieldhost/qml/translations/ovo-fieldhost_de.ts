@@ -2,6 +2,48 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Main</name>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Inspection</source>
+        <translation>Inspektion</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>Units and language</source>
+        <translation>Einheiten und Sprache</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Field host</source>
+        <translation>Kanalinspektion</translation>
+    </message>
+</context>
+<context>
+    <name>Rail</name>
+    <message>
+        <source>Light colours</source>
+        <translation>Helle Farben</translation>
+    </message>
+    <message>
+        <source>Dark colours</source>
+        <translation>Dunkle Farben</translation>
+    </message>
+</context>
+<context>
     <name>Tavro::FieldHost::CatalogText</name>
     <message>
         <source>null</source>
@@ -738,6 +780,11 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     <message>
         <source>%1 did not take the mark back.</source>
         <translation>Bei %1 ließ sich die Markierung nicht entfernen.</translation>
+    </message>
+    <message>
+        <source>C</source>
+        <extracomment>The locale of the numbers in all texts: &quot;de&quot; for German</extracomment>
+        <translation>de</translation>
     </message>
 </context>
 <context>
