@@ -407,4 +407,27 @@ QString targetPath(const ExportJob &job, const SurveyedFile &file, const QString
     return job.isDirectory ? below(root, file.path) : root;
 }
 
+QString leftOut(const ExportPlan &plan)
+{
+    int hidden = 0;
+    int broken = 0;
+    int special = 0;
+    for (const ExportJob &job : plan.jobs) {
+        hidden += job.survey.hiddenEntries;
+        broken += job.survey.brokenLinks;
+        special += job.survey.specialEntries;
+    }
+    QStringList parts;
+    if (hidden > 0) {
+        parts.append(counted(hidden, "hidden entry", "hidden entries"));
+    }
+    if (broken > 0) {
+        parts.append(counted(broken, "link that leads nowhere", "links that lead nowhere"));
+    }
+    if (special > 0) {
+        parts.append(counted(special, "pipe, socket or device", "pipes, sockets or devices"));
+    }
+    return parts.join(QLatin1String(", "));
+}
+
 } // namespace Tavro::FieldHost
