@@ -102,7 +102,8 @@ bool DriveAccess::end()
     m_begun = false;
     const QMutexLocker locker(&usbDriveMutex());
     QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
-    if (MountedUSBDeviceList::isUSBMounted()) {
+    const bool isMounted = MountedUSBDeviceList::isUSBMounted();
+    if (isMounted) {
         Q_EMIT unmounting();
     }
     const bool clean = m_manager.unlock();
@@ -113,7 +114,7 @@ bool DriveAccess::end()
         Q_EMIT warned(QStringLiteral("The USB drive is unmounted, and still marked as in "
                                      "use: it did not take the mark back."));
     }
-    return true;
+    return isMounted;
 }
 
 } // namespace Tavro::FieldHost

@@ -37,7 +37,7 @@ public:
 
     /**
      * Unmounts and cleans what begin() has mounted and marked; waits while it is in use, without
-     * limit. True when the drive is unmounted now, which can be pulled then.
+     * limit. True when it has unmounted the drive, which can be pulled then.
      */
     bool end();
 

@@ -105,11 +105,10 @@ void DeleteModel::add(const QString &path)
         m_entries.append({added, QStringLiteral("link"), 0});
     } else if (info.isDir()) {
         const Entry directory{added, QStringLiteral("directory"), -1};
-        m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(),
-                                       [&](const Entry &entry) {
-                                           return goesAlong(directory, entry.path);
-                                       }),
-                        m_entries.end());
+        m_entries.erase(
+            std::remove_if(m_entries.begin(), m_entries.end(),
+                           [&](const Entry &entry) { return goesAlong(directory, entry.path); }),
+            m_entries.end());
         m_entries.append(directory);
         m_sizeFinder.startDirectorySizeCalculation(added);
     } else {

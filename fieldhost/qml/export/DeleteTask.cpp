@@ -17,6 +17,8 @@ constexpr int s_pulse = 100; // ms; an eye follows no more
 DeleteTask::DeleteTask()
     : m_pulse(this) // moves along to the thread
 {
+    // a connection to a lambda does not register what it queues
+    qRegisterMetaType<DeleteStates::State>();
     m_pulse.setInterval(s_pulse);
     connect(&m_pulse, &QTimer::timeout, this, &DeleteTask::reportBytes);
 }
@@ -68,10 +70,7 @@ void DeleteTask::onRunFinished()
     m_pulse.stop();
     const DeleteResult result = m_run->result();
     m_run.reset();
-    Q_EMIT ended(result.left == 0           ? Done
-                     : result.isAborted ? Aborted
-                                        : Failed,
-                 result.left);
+    Q_EMIT ended(result.left == 0 ? Done : result.isAborted ? Aborted : Failed, result.left);
     if (m_isClosing) {
         thread()->quit();
     }

@@ -104,10 +104,9 @@ void ExportModel::start()
     forget();
     setState(Locking);
     m_task->interrupt(false);
-    QMetaObject::invokeMethod(
-        m_task, [task = m_task, source = m_source, destination = m_destination, verify = m_verify] {
-            task->begin(source, destination, verify);
-        });
+    QMetaObject::invokeMethod(m_task,
+                              [task = m_task, source = m_source, destination = m_destination,
+                               verify = m_verify] { task->begin(source, destination, verify); });
 }
 
 void ExportModel::confirm(bool replace)

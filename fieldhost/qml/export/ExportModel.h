@@ -22,8 +22,7 @@ class ExportModel : public QObject
     Q_PROPERTY(bool verify READ verify WRITE setVerify NOTIFY verifyChanged)
     Q_PROPERTY(qlonglong sourceSize READ sourceSize NOTIFY sourceSizeChanged)
     Q_PROPERTY(QString usbDrive READ usbDrive CONSTANT)
-    Q_PROPERTY(
-        Tavro::FieldHost::ExportStates::State state READ state NOTIFY stateChanged)
+    Q_PROPERTY(Tavro::FieldHost::ExportStates::State state READ state NOTIFY stateChanged)
     Q_PROPERTY(bool busy READ isBusy NOTIFY stateChanged)
     Q_PROPERTY(QString landing READ landing NOTIFY planChanged)
     Q_PROPERTY(bool landingExists READ landingExists NOTIFY planChanged)

@@ -17,6 +17,10 @@ constexpr int s_pulse = 100; // ms; an eye follows no more
 ExportTask::ExportTask()
     : m_pulse(this) // moves along to the thread
 {
+    // a connection to a lambda does not register what it queues
+    qRegisterMetaType<ExportStates::State>();
+    qRegisterMetaType<ExportSummary>();
+    qRegisterMetaType<ExportFigures>();
     m_pulse.setInterval(s_pulse);
     connect(&m_pulse, &QTimer::timeout, this, &ExportTask::reportFigures);
 }
@@ -47,8 +51,8 @@ void ExportTask::plan()
 {
     Q_EMIT stateChanged(Planning);
     // what is there stays until all of the copy is whole
-    m_plan = std::make_unique<ExportPlan>(planExport(
-        {m_source}, m_destination, true, [this]() -> bool { return m_isInterrupted; }));
+    m_plan = std::make_unique<ExportPlan>(
+        planExport({m_source}, m_destination, true, [this]() -> bool { return m_isInterrupted; }));
     if (m_plan->refusal == Refusal::Canceled || m_isInterrupted) {
         say(QStringLiteral("info"), {tr("Aborted before anything was copied.")});
         release(Aborted);
