@@ -1,7 +1,6 @@
 #include "fieldhost/qml/export/ExportModel.h"
 
 #include "fieldhost/jobs/Text.h"
-#include "fieldhost/jobs/UsbDrive.h"
 #include "fieldhost/qml/export/LocalPath.h"
 
 #include <QMetaObject>
@@ -16,13 +15,6 @@ ExportModel::ExportModel(QObject *parent)
     , m_task(new ExportTask)
     , m_thread(m_task)
 {
-    connect(&m_sizeFinder, &Shared::CDirectorySizeFinder::gotSizeOfPath, this,
-            [this](const QString &path, qulonglong size) {
-                if (path == m_source) { // else another one was chosen meanwhile
-                    m_sourceSize = static_cast<qlonglong>(size);
-                    Q_EMIT sourceSizeChanged();
-                }
-            });
     connect(m_task, &ExportTask::stateChanged, this, &ExportModel::setState);
     connect(m_task, &ExportTask::planned, this, [this](const ExportSummary &summary) {
         m_summary = summary;
@@ -52,16 +44,10 @@ ExportModel::~ExportModel()
 void ExportModel::setSource(const QString &source)
 {
     const QString path = localPath(source);
-    if (path == m_source || isBusy()) {
-        return;
+    if (path != m_source && !isBusy()) {
+        m_source = path;
+        Q_EMIT sourceChanged();
     }
-    m_source = path;
-    m_sourceSize = -1;
-    if (!path.isEmpty()) {
-        m_sizeFinder.startDirectorySizeCalculation(path);
-    }
-    Q_EMIT sourceChanged();
-    Q_EMIT sourceSizeChanged();
 }
 
 void ExportModel::setDestination(const QString &destination)
@@ -79,11 +65,6 @@ void ExportModel::setVerify(bool verify)
         m_verify = verify;
         Q_EMIT verifyChanged();
     }
-}
-
-QString ExportModel::usbDrive() const
-{
-    return QString::fromLatin1(usbMountPoint);
 }
 
 bool ExportModel::isBusy() const

@@ -2,7 +2,6 @@
 
 #include "fieldhost/qml/export/ExportTask.h"
 #include "fieldhost/qml/export/JobThread.h"
-#include "shared/fileops/CDirectorySizeFinder.h"
 
 #include <QObject>
 #include <QVariantList>
@@ -20,8 +19,6 @@ class ExportModel : public QObject
     Q_PROPERTY(QString source READ source WRITE setSource NOTIFY sourceChanged)
     Q_PROPERTY(QString destination READ destination WRITE setDestination NOTIFY destinationChanged)
     Q_PROPERTY(bool verify READ verify WRITE setVerify NOTIFY verifyChanged)
-    Q_PROPERTY(qlonglong sourceSize READ sourceSize NOTIFY sourceSizeChanged)
-    Q_PROPERTY(QString usbDrive READ usbDrive CONSTANT)
     Q_PROPERTY(Tavro::FieldHost::ExportStates::State state READ state NOTIFY stateChanged)
     Q_PROPERTY(bool busy READ isBusy NOTIFY stateChanged)
     Q_PROPERTY(QString landing READ landing NOTIFY planChanged)
@@ -49,11 +46,6 @@ public:
     /** Whether every copy is read back and compared. */
     bool verify() const { return m_verify; }
     void setVerify(bool verify);
-
-    /** Bytes in the source, hidden entries counted; -1 while they are being counted. */
-    qlonglong sourceSize() const { return m_sourceSize; }
-    /** Where the USB drive is mounted. */
-    QString usbDrive() const;
 
     ExportStates::State state() const { return m_state; }
     /** From start() until the outcome is known. */
@@ -95,7 +87,6 @@ Q_SIGNALS:
     void sourceChanged();
     void destinationChanged();
     void verifyChanged();
-    void sourceSizeChanged();
     void stateChanged();
     void planChanged();
     void figuresChanged();
@@ -108,8 +99,6 @@ private:
     QString m_source;
     QString m_destination;
     bool m_verify = true;
-    qlonglong m_sourceSize = -1;
-    Shared::CDirectorySizeFinder m_sizeFinder;
     ExportStates::State m_state = ExportStates::Choosing;
     ExportSummary m_summary;
     ExportFigures m_figures;

@@ -2,6 +2,7 @@
 
 #include "fieldhost/qml/export/DeleteModel.h"
 #include "fieldhost/qml/export/ExportModel.h"
+#include "fieldhost/qml/export/Places.h"
 
 #include <QtQml>
 
@@ -13,6 +14,8 @@ void registerExportTypes()
     const QString values = QStringLiteral("holds values only");
     qmlRegisterType<ExportModel>(uri, 1, 0, "ExportModel");
     qmlRegisterType<DeleteModel>(uri, 1, 0, "DeleteModel");
+    qmlRegisterSingletonType<Places>(
+        uri, 1, 0, "Places", [](QQmlEngine *, QJSEngine *) -> QObject * { return new Places; });
     qmlRegisterUncreatableMetaObject(ExportStates::staticMetaObject, uri, 1, 0, "ExportState",
                                      values);
     qmlRegisterUncreatableMetaObject(DeleteStates::staticMetaObject, uri, 1, 0, "DeleteState",
