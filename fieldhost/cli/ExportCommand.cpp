@@ -60,13 +60,16 @@ void announce(const ExportPlan &plan, Console &console)
 {
     for (const ExportJob &job : plan.jobs) {
         const bool hasSlash = job.source.size() > 1 && job.source.endsWith(QLatin1Char('/'));
-        console.print(
-            QStringLiteral("Copying %1 (%2) from %3 to %4")
-                .arg(counted(job.survey.files.size(), "file"), formatBytes(job.survey.bytes),
-                     quoted(hasSlash ? job.source.chopped(1) : job.source), quoted(job.landing)));
+        console.print(QStringLiteral("Copying %1 (%2) from %3 to %4")
+                          .arg(counted(job.survey.files.size(), QStringLiteral("1 file"),
+                                       QStringLiteral("%1 files")),
+                               formatBytes(job.survey.bytes),
+                               quoted(hasSlash ? job.source.chopped(1) : job.source),
+                               quoted(job.landing)));
         if (job.replacedFiles > 0) {
             console.print(QStringLiteral("  replaces %1 there, once all of the copy is whole")
-                              .arg(counted(job.replacedFiles, "file")));
+                              .arg(counted(job.replacedFiles, QStringLiteral("1 file"),
+                                           QStringLiteral("%1 files"))));
         }
     }
     const QString omitted = leftOut(plan);
