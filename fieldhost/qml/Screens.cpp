@@ -1,5 +1,8 @@
 #include "fieldhost/qml/Screens.h"
 
+#include "fieldhost/qml/export/ExportTypes.h"
+#include "qml/OvoSharedBaseTypes.h"
+
 #include <QtGlobal>
 
 // in no namespace: the name that it refers to is in none
@@ -13,6 +16,8 @@ namespace Tavro::FieldHost {
 void registerScreens()
 {
     initialiseResources();
+    registerOvoSharedBaseTypes();
+    registerExportTypes();
 }
 
 } // namespace Tavro::FieldHost
