@@ -68,13 +68,16 @@ QString leftOut(const ExportPlan &plan)
     }
     QStringList parts;
     if (hidden > 0) {
-        parts.append(counted(hidden, "hidden entry", "hidden entries"));
+        parts.append(
+            counted(hidden, QStringLiteral("1 hidden entry"), QStringLiteral("%1 hidden entries")));
     }
     if (broken > 0) {
-        parts.append(counted(broken, "link that leads nowhere", "links that lead nowhere"));
+        parts.append(counted(broken, QStringLiteral("1 link that leads nowhere"),
+                             QStringLiteral("%1 links that lead nowhere")));
     }
     if (special > 0) {
-        parts.append(counted(special, "pipe, socket or device", "pipes, sockets or devices"));
+        parts.append(counted(special, QStringLiteral("1 pipe, socket or device"),
+                             QStringLiteral("%1 pipes, sockets or devices")));
     }
     return parts.join(QLatin1String(", "));
 }
@@ -83,13 +86,16 @@ void announce(const ExportPlan &plan, Console &console)
 {
     for (const ExportJob &job : plan.jobs) {
         const bool hasSlash = job.source.size() > 1 && job.source.endsWith(QLatin1Char('/'));
-        console.print(
-            QStringLiteral("Copying %1 (%2) from %3 to %4")
-                .arg(counted(job.survey.files.size(), "file"), formatBytes(job.survey.bytes),
-                     quoted(hasSlash ? job.source.chopped(1) : job.source), quoted(job.landing)));
+        console.print(QStringLiteral("Copying %1 (%2) from %3 to %4")
+                          .arg(counted(job.survey.files.size(), QStringLiteral("1 file"),
+                                       QStringLiteral("%1 files")),
+                               formatBytes(job.survey.bytes),
+                               quoted(hasSlash ? job.source.chopped(1) : job.source),
+                               quoted(job.landing)));
         if (job.replacedFiles > 0) {
             console.print(QStringLiteral("  replaces %1 there, once all of the copy is whole")
-                              .arg(counted(job.replacedFiles, "file")));
+                              .arg(counted(job.replacedFiles, QStringLiteral("1 file"),
+                                           QStringLiteral("%1 files"))));
         }
     }
     const QString omitted = leftOut(plan);

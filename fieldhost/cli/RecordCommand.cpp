@@ -150,7 +150,8 @@ ExitCode sum(const RecordRun &run, Console &console)
     console.print(
         QStringLiteral("%1 %2 of video, %3 in %4")
             .arg(result.isEndedByUser ? QStringLiteral("Ended after") : QStringLiteral("Recorded"),
-                 formatDuration(result.duration), counted(result.samples, "sample"),
+                 formatDuration(result.duration),
+                 counted(result.samples, QStringLiteral("1 sample"), QStringLiteral("%1 samples")),
                  quoted(run.infoPath())));
     return result.isEndedByUser ? ExitAborted : ExitDone;
 }
@@ -170,7 +171,9 @@ int carryOut(const RecordPlan &plan, Console &console)
     run.start();
     if (run.samplesBefore() >= 0) {
         console.print(QStringLiteral("Continues %1 after %2")
-                          .arg(quoted(run.infoPath()), counted(run.samplesBefore(), "sample")));
+                          .arg(quoted(run.infoPath()),
+                               counted(run.samplesBefore(), QStringLiteral("1 sample"),
+                                       QStringLiteral("%1 samples"))));
     }
     return QCoreApplication::exec();
 }

@@ -152,9 +152,9 @@ void RecordRun::finish()
     if (!file.error.isEmpty()) {
         m_result.problem = file.error;
     } else if (!file.endsWhole) {
-        m_result.problem = QStringLiteral("its last line is not complete");
+        m_result.problem = tr("its last line is not complete");
     } else if (m_result.samples <= 0) { // the initial sample is always there
-        m_result.problem = QStringLiteral("it lacks what was recorded");
+        m_result.problem = tr("it lacks what was recorded");
     }
     Q_EMIT finished();
 }

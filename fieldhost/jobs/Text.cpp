@@ -71,15 +71,9 @@ QString formatDuration(qint64 milliseconds)
     return QStringLiteral("%1 h %2 min").arg(seconds / 3600).arg(seconds / 60 % 60, 2, 10, zero);
 }
 
-QString counted(qint64 n, const char *singular, const char *plural)
+QString counted(qint64 n, const QString &one, const QString &many)
 {
-    if (n == 1) {
-        return QStringLiteral("1 %1").arg(QLatin1String(singular));
-    }
-    if (plural) {
-        return QStringLiteral("%1 %2").arg(n).arg(QLatin1String(plural));
-    }
-    return QStringLiteral("%1 %2s").arg(n).arg(QLatin1String(singular));
+    return n == 1 ? one : many.arg(n);
 }
 
 QString quoted(const QString &path)
@@ -124,12 +118,11 @@ QString quotedList(const QStringList &paths)
     return texts.join(QLatin1String(", "));
 }
 
-QStringList listed(const QStringList &sentences, const char *singular, const char *plural)
+QStringList listed(const QStringList &sentences, const QString &oneMore, const QString &manyMore)
 {
     QStringList shown = sentences.mid(0, s_listed);
     if (sentences.size() > s_listed) {
-        shown.append(QStringLiteral("The same goes for %1.")
-                         .arg(counted(sentences.size() - s_listed, singular, plural)));
+        shown.append(counted(sentences.size() - s_listed, oneMore, manyMore));
     }
     return shown;
 }

@@ -68,7 +68,6 @@ private:
     {
         m_form->open(catalog, form);
         QVERIFY(QTest::qWaitFor([&] { return !m_form->isOpening(); }, 30'000));
-        QCoreApplication::processEvents(); // the result is taken by a signal of its own
     }
     FormField *field(int index) const { return qobject_cast<FormField *>(m_form->fields()[index]); }
     QVector<bool> marks() const

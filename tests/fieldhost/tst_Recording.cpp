@@ -317,7 +317,7 @@ void tst_Recording::aTraceWithDoubtsNamesThem()
     QCOMPARE(trace.problem(), QString());
     QCOMPARE(
         trace.doubts(),
-        (QStringList{QStringLiteral("1 line could not be read, the first is line 3."),
+        (QStringList{QStringLiteral("Line 3 could not be read."),
                      QStringLiteral("1 sample has the number of a later one, which was taken.")}));
 }
 

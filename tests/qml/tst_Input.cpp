@@ -1,6 +1,6 @@
 #include "fieldhost/forms/ColumnInputType.h"
-#include "fieldhost/forms/FieldValidator.h"
 #include "host/CColumnDefinition.h"
+#include "qml/FieldValidator.h"
 #include "shared/input/CInputType.h"
 #include "shared/input/QmlStringListModel.h"
 #include "shared/input/TextValidator.h"
@@ -16,7 +16,7 @@
 
 using Tavro::FieldHost::ColumnForm;
 using Tavro::FieldHost::ColumnInputType;
-using Tavro::FieldHost::FieldValidator;
+using Tavro::Qml::FieldValidator;
 using Tavro::Shared::CInputType;
 using Tavro::Shared::CodeListItem;
 using Tavro::Shared::QmlStringListModel;

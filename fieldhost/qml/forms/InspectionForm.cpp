@@ -50,6 +50,7 @@ InspectionForm::~InspectionForm() = default;
 
 void InspectionForm::open(const QString &catalog, const QString &form)
 {
+    m_isOpening = true;
     m_problem.clear();
     m_reading.setFuture(QtConcurrent::run(&InspectionForm::read, catalog, form));
     Q_EMIT openingChanged();
@@ -84,6 +85,7 @@ InspectionForm::Files InspectionForm::read(const QString &catalog, const QString
 void InspectionForm::take()
 {
     const Files files = m_reading.result();
+    m_isOpening = false;
     m_problem = files.problem;
     if (m_problem.isEmpty()) {
         // those who show the old fields let go of them before they are gone

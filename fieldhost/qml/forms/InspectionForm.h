@@ -49,7 +49,7 @@ public:
      * catalog that cannot be used leaves @ref problem, and the form that is open.
      */
     Q_INVOKABLE void open(const QString &catalog, const QString &form);
-    bool isOpening() const { return m_reading.isRunning(); }
+    bool isOpening() const { return m_isOpening; }
     /** Why the last catalog or form cannot be used, as a sentence; empty when it can. */
     const QString &problem() const { return m_problem; }
 
@@ -106,6 +106,7 @@ private:
     QList<FormField *> fieldsOfView() const;
 
     QFutureWatcher<Files> m_reading;
+    bool m_isOpening = false; // until its end is known here
     QString m_problem;
     QString m_name;
     QSharedPointer<Templates::CCatalogTemplate> m_template; // outlives the fields

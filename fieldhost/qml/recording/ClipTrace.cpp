@@ -44,6 +44,7 @@ ClipTrace::~ClipTrace() = default;
 
 void ClipTrace::read(const QString &clip)
 {
+    m_isReading = true;
     m_reading.setFuture(
         QtConcurrent::run(&ClipTrace::draw, Shared::ClipInfoHandler::videoPathToFilePath(clip)));
     Q_EMIT changed();
@@ -58,18 +59,20 @@ ClipTrace::Drawing ClipTrace::draw(const QString &path)
         return drawing;
     }
     const Trace trace(file);
-    drawing.headline = tr("%1: %2, %3, %4")
-                           .arg(quoted(path), counted(file.samples.size(), "sample"),
-                                formatDuration(std::llround(trace.duration() * 1000)),
-                                counted(trace.recordings(), "recording"));
+    drawing.headline =
+        QStringLiteral("%1: %2, %3, %4")
+            .arg(quoted(path), counted(file.samples.size(), tr("1 sample"), tr("%1 samples")),
+                 formatDuration(std::llround(trace.duration() * 1000)),
+                 counted(trace.recordings(), tr("1 recording"), tr("%1 recordings")));
     if (file.badLines > 0) {
-        drawing.doubts += tr("%1 could not be read, the first is line %2.")
-                              .arg(counted(file.badLines, "line"))
+        drawing.doubts += counted(file.badLines, tr("Line %2 could not be read."),
+                                  tr("%1 lines could not be read, the first is line %2."))
                               .arg(file.firstBadLine);
     }
     if (file.replacedSamples > 0) {
-        drawing.doubts += tr("%1 the number of a later one, which was taken.")
-                              .arg(counted(file.replacedSamples, "sample has", "samples have"));
+        drawing.doubts += counted(
+            file.replacedSamples, tr("1 sample has the number of a later one, which was taken."),
+            tr("%1 samples have the number of a later one, which was taken."));
     }
     if (file.samples.isEmpty()) {
         drawing.problem = tr("There is no sample to draw.");
@@ -85,6 +88,7 @@ ClipTrace::Drawing ClipTrace::draw(const QString &path)
 void ClipTrace::take()
 {
     const Drawing drawing = m_reading.result();
+    m_isReading = false;
     m_problem = drawing.problem;
     m_headline = drawing.headline;
     m_doubts = drawing.doubts;

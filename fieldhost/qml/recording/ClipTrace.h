@@ -32,7 +32,7 @@ public:
      */
     Q_INVOKABLE void read(const QString &clip);
 
-    bool isReading() const { return m_reading.isRunning(); }
+    bool isReading() const { return m_isReading; }
     /** Why there is nothing to draw, as a sentence; empty when there is, and before. */
     const QString &problem() const { return m_problem; }
     /** What the file holds, in a line. Empty when it cannot be read, and before. */
@@ -62,6 +62,7 @@ private:
     void take();
 
     QFutureWatcher<Drawing> m_reading;
+    bool m_isReading = false; // until its end is known here
     QString m_problem;
     QString m_headline;
     QStringList m_doubts;

@@ -102,8 +102,10 @@ void Recording::start()
         m_infoPath = m_run->infoPath();
         m_run->start();
         if (m_run->samplesBefore() >= 0) {
-            m_continued = tr("Continues %1 after %2.")
-                              .arg(quoted(m_infoPath), counted(m_run->samplesBefore(), "sample"));
+            m_continued =
+                tr("Continues %1 after %2.")
+                    .arg(quoted(m_infoPath),
+                         counted(m_run->samplesBefore(), tr("1 sample"), tr("%1 samples")));
         }
         m_refresh.start();
         addPoints();
@@ -168,9 +170,10 @@ void Recording::finish()
     show();
     const RecordResult &result = m_run->result();
     if (result.problem.isEmpty()) {
-        m_summary = tr("Recorded %1 of video, %2 in %3.")
-                        .arg(formatDuration(result.duration), counted(result.samples, "sample"),
-                             quoted(m_infoPath));
+        m_summary =
+            tr("Recorded %1 of video, %2 in %3.")
+                .arg(formatDuration(result.duration),
+                     counted(result.samples, tr("1 sample"), tr("%1 samples")), quoted(m_infoPath));
     } else {
         m_problem =
             tr("%1 was not written as it should be: %2").arg(quoted(m_infoPath), result.problem);
