@@ -2,6 +2,318 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>DeletePage</name>
+    <message>
+        <source>Counting …</source>
+        <translation>Wird gezählt …</translation>
+    </message>
+    <message>
+        <source>Everything is deleted</source>
+        <translation>Alles ist gelöscht</translation>
+    </message>
+    <message>
+        <source>Not everything is deleted</source>
+        <translation>Nicht alles ist gelöscht</translation>
+    </message>
+    <message>
+        <source>The deletion was aborted</source>
+        <translation>Das Löschen wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>To delete</source>
+        <translation>Zum Löschen</translation>
+    </message>
+    <message>
+        <source>Nothing is chosen.</source>
+        <translation>Nichts ausgewählt.</translation>
+    </message>
+    <message>
+        <source>A link; what it leads to stays</source>
+        <translation>Eine Verknüpfung; ihr Ziel bleibt</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Together</source>
+        <translation>Zusammen</translation>
+    </message>
+    <message>
+        <source>Choose a directory or file</source>
+        <translation>Verzeichnis oder Datei wählen</translation>
+    </message>
+    <message>
+        <source>Aborting</source>
+        <translation>Wird abgebrochen</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>Wird gelöscht</translation>
+    </message>
+    <message>
+        <source>The directory that is being deleted is deleted as a whole.</source>
+        <translation>Das begonnene Verzeichnis wird noch ganz gelöscht.</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Delete for good?</source>
+        <translation>Endgültig löschen?</translation>
+    </message>
+    <message>
+        <source>%1 in all. This cannot be undone.</source>
+        <translation>Zusammen %1. Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Keep everything</source>
+        <translation>Alles behalten</translation>
+    </message>
+</context>
+<context>
+    <name>DirectoryChooser</name>
+    <message>
+        <source>Choose this directory</source>
+        <translation>Dieses Verzeichnis wählen</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Aufwärts</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Persönlich</translation>
+    </message>
+    <message>
+        <source>Drives</source>
+        <translation>Laufwerke</translation>
+    </message>
+    <message>
+        <source>This directory is empty.</source>
+        <translation>Dieses Verzeichnis ist leer.</translation>
+    </message>
+    <message>
+        <source>There are no directories in here.</source>
+        <translation>Hier gibt es keine Verzeichnisse.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>ExportPage</name>
+    <message>
+        <source>Getting the drive ready</source>
+        <translation>Laufwerk wird vorbereitet</translation>
+    </message>
+    <message>
+        <source>Looking through the project</source>
+        <translation>Projekt wird durchgesehen</translation>
+    </message>
+    <message>
+        <source>Waiting for your answer</source>
+        <translation>Warten auf Ihre Antwort</translation>
+    </message>
+    <message>
+        <source>Writing the last data to the drive</source>
+        <translation>Letzte Daten werden auf das Laufwerk geschrieben</translation>
+    </message>
+    <message>
+        <source>Copying</source>
+        <translation>Wird kopiert</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Comparing the copy with the project</source>
+        <translation>Kopie wird mit dem Projekt verglichen</translation>
+    </message>
+    <message>
+        <source>Aborting</source>
+        <translation>Wird abgebrochen</translation>
+    </message>
+    <message>
+        <source>Unmounting the drive</source>
+        <translation>Laufwerk wird ausgeworfen</translation>
+    </message>
+    <message>
+        <source>The export is done</source>
+        <translation>Der Export ist fertig</translation>
+    </message>
+    <message>
+        <source>The export has failed</source>
+        <translation>Der Export ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>The export was aborted</source>
+        <translation>Der Export wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>Nothing was copied</source>
+        <translation>Nichts wurde kopiert</translation>
+    </message>
+    <message>
+        <source>The drive is mounted and marked as in use. Leave it plugged in.</source>
+        <translation>Das Laufwerk wird eingehängt und als benutzt markiert. Bitte eingesteckt lassen.</translation>
+    </message>
+    <message>
+        <source>The data on its way is written first, then the copy is removed.</source>
+        <translation>Begonnene Daten werden noch geschrieben, dann wird die Kopie entfernt.</translation>
+    </message>
+    <message>
+        <source>This waits until no other program uses the drive. Leave it plugged in.</source>
+        <translation>Das dauert, bis kein anderes Programm das Laufwerk benutzt. Bitte eingesteckt lassen.</translation>
+    </message>
+    <message>
+        <source>The copy in %1 stays, but it is not compared to its end.</source>
+        <translation>Die Kopie in %1 bleibt, wird aber nicht zu Ende verglichen.</translation>
+    </message>
+    <message>
+        <source>The unfinished copy is removed. What was in %1 before stays as it was.</source>
+        <translation>Die unfertige Kopie wird entfernt. Was schon in %1 war, bleibt unverändert.</translation>
+    </message>
+    <message>
+        <source>%1 is removed, with everything that was copied.</source>
+        <translation>%1 wird entfernt, mit allem, was schon kopiert ist.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Choose the directory to copy.</source>
+        <translation>Wählen Sie das Verzeichnis, das kopiert werden soll.</translation>
+    </message>
+    <message>
+        <source>Counting …</source>
+        <translation>Wird gezählt …</translation>
+    </message>
+    <message>
+        <source>Choose directory</source>
+        <translation>Verzeichnis wählen</translation>
+    </message>
+    <message>
+        <source>Drive</source>
+        <translation>Laufwerk</translation>
+    </message>
+    <message>
+        <source>Choose where the copy goes.</source>
+        <translation>Wählen Sie das Ziel der Kopie.</translation>
+    </message>
+    <message>
+        <source>USB drive (%1)</source>
+        <translation>USB-Laufwerk (%1)</translation>
+    </message>
+    <message>
+        <source>%1 free</source>
+        <translation>%1 frei</translation>
+    </message>
+    <message>
+        <source>USB drive</source>
+        <translation>USB-Laufwerk</translation>
+    </message>
+    <message>
+        <source>Another directory</source>
+        <translation>Anderes Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Read the copy back and compare it</source>
+        <translation>Kopie zurücklesen und vergleichen</translation>
+    </message>
+    <message>
+        <source>Compared</source>
+        <translation>Verglichen</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Directory</source>
+        <translation>Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>%1 MiB/s</source>
+        <translation>%1 MiB/s</translation>
+    </message>
+    <message>
+        <source>Time left</source>
+        <translation>Restzeit</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>You can pull the drive now.</source>
+        <translation>Sie können das Laufwerk jetzt abziehen.</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replace %n file(s)?</source>
+        <translation>
+            <numerusform>%n Datei ersetzen?</numerusform>
+            <numerusform>%n Dateien ersetzen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 holds files of the same name. They are replaced once all of the copy is whole.</source>
+        <translation>%1 enthält gleichnamige Dateien. Sie werden ersetzt, sobald die Kopie vollständig ist.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Copy nothing</source>
+        <translation>Nichts kopieren</translation>
+    </message>
+    <message>
+        <source>Abort the export?</source>
+        <translation>Export abbrechen?</translation>
+    </message>
+    <message>
+        <source>Stay paused</source>
+        <translation>Angehalten lassen</translation>
+    </message>
+    <message>
+        <source>Go on copying</source>
+        <translation>Weiter kopieren</translation>
+    </message>
+</context>
+<context>
     <name>Main</name>
     <message>
         <source>Export</source>
@@ -199,6 +511,49 @@
     </message>
 </context>
 <context>
+    <name>Tavro::FieldHost::ClipTrace</name>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>%1 ist nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>1 sample</source>
+        <translation>1 Messwert</translation>
+    </message>
+    <message>
+        <source>%1 samples</source>
+        <translation>%1 Messwerte</translation>
+    </message>
+    <message>
+        <source>1 recording</source>
+        <translation>1 Aufnahme</translation>
+    </message>
+    <message>
+        <source>%1 recordings</source>
+        <translation>%1 Aufnahmen</translation>
+    </message>
+    <message>
+        <source>Line %2 could not be read.</source>
+        <translation>Zeile %2 war nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>%1 lines could not be read, the first is line %2.</source>
+        <translation>%1 Zeilen waren nicht lesbar, die erste ist Zeile %2.</translation>
+    </message>
+    <message>
+        <source>1 sample has the number of a later one, which was taken.</source>
+        <translation>1 Messwert hat die Nummer eines späteren; der spätere gilt.</translation>
+    </message>
+    <message>
+        <source>%1 samples have the number of a later one, which was taken.</source>
+        <translation>%1 Messwerte haben die Nummer eines späteren; der spätere gilt.</translation>
+    </message>
+    <message>
+        <source>There is no sample to draw.</source>
+        <translation>Es gibt keinen Messwert zum Zeichnen.</translation>
+    </message>
+</context>
+<context>
     <name>Tavro::FieldHost::CopyVerification</name>
     <message>
         <source>it or its copy cannot be read any more</source>
@@ -207,6 +562,16 @@
     <message>
         <source>its copy differs from it</source>
         <translation>die Kopie weicht vom Original ab</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::DeleteModel</name>
+    <message numerus="yes">
+        <source>Aborted. Not deleted: %n</source>
+        <translation>
+            <numerusform>Abgebrochen. Nicht gelöscht: %n</numerusform>
+            <numerusform>Abgebrochen. Nicht gelöscht: %n</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -245,6 +610,13 @@
     </message>
 </context>
 <context>
+    <name>Tavro::FieldHost::DeleteTask</name>
+    <message>
+        <source>Deleted: %1</source>
+        <translation>Gelöscht: %1</translation>
+    </message>
+</context>
+<context>
     <name>Tavro::FieldHost::DriveAccess</name>
     <message>
         <source>Warning: on a FAT drive every file has less than 4 GiB. The copy will fail at %1.</source>
@@ -277,10 +649,6 @@
     <message>
         <source>The USB drive is not marked as in use. %1</source>
         <translation>Das USB-Laufwerk ist nicht als benutzt markiert. %1</translation>
-    </message>
-    <message>
-        <source>Unmounting the USB drive, as soon as nobody uses it; Ctrl-C leaves it mounted.</source>
-        <translation>Das USB-Laufwerk wird ausgeworfen, sobald es niemand mehr benutzt; mit Strg-C bleibt es eingehängt.</translation>
     </message>
     <message>
         <source>The USB drive is unmounted and marked clean.</source>
@@ -415,6 +783,52 @@
     </message>
 </context>
 <context>
+    <name>Tavro::FieldHost::ExportTask</name>
+    <message>
+        <source>Aborted before anything was copied.</source>
+        <translation>Abgebrochen, bevor etwas kopiert wurde.</translation>
+    </message>
+    <message>
+        <source>Left out: %1</source>
+        <translation>Ausgelassen: %1</translation>
+    </message>
+    <message>
+        <source>Nothing was copied.</source>
+        <translation>Nichts wurde kopiert.</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::FormField</name>
+    <message>
+        <source>Right.</source>
+        <translation>Richtig.</translation>
+    </message>
+    <message>
+        <source>Not finished.</source>
+        <translation>Noch unvollständig.</translation>
+    </message>
+    <message>
+        <source>Must be filled in.</source>
+        <translation>Muss ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>Not right.</source>
+        <translation>Nicht richtig.</translation>
+    </message>
+    <message>
+        <source>Not right yet.</source>
+        <translation>Noch nicht richtig.</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
     <name>Tavro::FieldHost::FormFile</name>
     <message>
         <source>the form</source>
@@ -483,6 +897,21 @@
     <message>
         <source>it is not an object</source>
         <translation>sie ist kein Objekt</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::InspectionForm</name>
+    <message>
+        <source>The catalog &quot;%1&quot; cannot be read: %2.</source>
+        <translation>Der Katalog „%1“ ist nicht lesbar: %2.</translation>
+    </message>
+    <message>
+        <source>The catalog &quot;%1&quot; cannot be used. Line %2, column %3: %4.</source>
+        <translation>Der Katalog „%1“ ist nicht brauchbar. Zeile %2, Spalte %3: %4.</translation>
+    </message>
+    <message>
+        <source>The form &quot;%1&quot; cannot be used: %2.</source>
+        <translation>Das Formular „%1“ ist nicht brauchbar: %2.</translation>
     </message>
 </context>
 <context>
@@ -786,6 +1215,38 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
         <extracomment>The locale of the numbers in all texts: &quot;de&quot; for German</extracomment>
         <translation>de</translation>
     </message>
+    <message>
+        <source>There is no %1.</source>
+        <translation>%1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1 is, or holds, the current directory.</source>
+        <translation>%1 ist das aktuelle Verzeichnis oder enthält es.</translation>
+    </message>
+    <message>
+        <source>1 hidden entry</source>
+        <translation>1 versteckter Eintrag</translation>
+    </message>
+    <message>
+        <source>%1 hidden entries</source>
+        <translation>%1 versteckte Einträge</translation>
+    </message>
+    <message>
+        <source>1 link that leads nowhere</source>
+        <translation>1 Verknüpfung ins Leere</translation>
+    </message>
+    <message>
+        <source>%1 links that lead nowhere</source>
+        <translation>%1 Verknüpfungen ins Leere</translation>
+    </message>
+    <message>
+        <source>1 pipe, socket or device</source>
+        <translation>1 Pipe, Socket oder Gerät</translation>
+    </message>
+    <message>
+        <source>%1 pipes, sockets or devices</source>
+        <translation>%1 Pipes, Sockets oder Geräte</translation>
+    </message>
 </context>
 <context>
     <name>Tavro::FieldHost::RecordRun</name>
@@ -796,6 +1257,29 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     <message>
         <source>it lacks what was recorded</source>
         <translation>die Aufzeichnung fehlt darin</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::Recording</name>
+    <message>
+        <source>Continues %1 after %2.</source>
+        <translation>Fortsetzung von %1, bisher %2.</translation>
+    </message>
+    <message>
+        <source>1 sample</source>
+        <translation>1 Messwert</translation>
+    </message>
+    <message>
+        <source>%1 samples</source>
+        <translation>%1 Messwerte</translation>
+    </message>
+    <message>
+        <source>Recorded %1 of video, %2 in %3.</source>
+        <translation>Aufgenommen: %1 Video, %2 in %3.</translation>
+    </message>
+    <message>
+        <source>%1 was not written as it should be: %2</source>
+        <translation>%1 wurde nicht richtig geschrieben: %2</translation>
     </message>
 </context>
 </TS>
