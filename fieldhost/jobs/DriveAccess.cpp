@@ -58,6 +58,7 @@ bool DriveAccess::begin()
     if (!isOnUsbDrive(m_destination)) {
         return true;
     }
+    const auto turn = driveTurn();
     const QString missing = missingMountRight();
     if (!missing.isEmpty() && MountedUSBDeviceList::isUSBMounted()) {
         // to unmount it would be tried for ever
@@ -101,6 +102,7 @@ void DriveAccess::end()
         return;
     }
     m_begun = false;
+    const auto turn = driveTurn();
     QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
     if (MountedUSBDeviceList::isUSBMounted()) {
         Q_EMIT reported(tr("Unmounting the USB drive, as soon as nobody uses it; "

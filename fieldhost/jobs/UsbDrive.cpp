@@ -67,6 +67,12 @@ QString missingRight(const QString &device, int mode, const QString &needsRoot,
 
 } // namespace
 
+std::unique_lock<std::mutex> driveTurn()
+{
+    static std::mutex mutex;
+    return std::unique_lock<std::mutex>(mutex);
+}
+
 bool isOnUsbDrive(const QString &path)
 {
     return isSameOrBelow(path, QLatin1String(usbMountPoint));

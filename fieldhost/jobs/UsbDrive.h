@@ -4,12 +4,19 @@
 
 #include <QString>
 
+#include <mutex>
 #include <optional>
 
 namespace Tavro::FieldHost {
 
 /** Where the library mounts the drive. */
 extern const char usbMountPoint[];
+
+/**
+ * To be held by whoever has the library look for drives, mount or unmount one: it does so on one
+ * thread at a time. Waits for its turn.
+ */
+std::unique_lock<std::mutex> driveTurn();
 
 /** Whether an absolute path, links resolved, is to be found on the drive once it is mounted. */
 bool isOnUsbDrive(const QString &path);

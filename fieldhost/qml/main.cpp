@@ -1,8 +1,10 @@
 #include "fieldhost/qml/Screens.h"
 #include "fieldhost/services/FieldApplication.h"
+#include "shared/locale/GlobalLocaleData.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QLocale>
 #include <QQmlApplicationEngine>
 #include <QRegularExpression>
 #include <QTextStream>
@@ -34,6 +36,9 @@ int main(int argc, char *argv[])
     QCommandLineParser parser;
     parser.addHelpOption();
     parser.addOption({QStringLiteral("dark"), QStringLiteral("Starts with dark colours.")});
+    parser.addOption({QStringLiteral("language"),
+                      QStringLiteral("Language of the texts: en or de. Default: the system's."),
+                      QStringLiteral("CODE"), QLocale::system().name().left(2)});
     parser.addOption({QStringLiteral("font-scale"),
                       QStringLiteral("Makes fonts larger by FACTOR, 1 to 2."),
                       QStringLiteral("FACTOR"), QStringLiteral("1")});
@@ -54,12 +59,14 @@ int main(int argc, char *argv[])
         return refuse(QStringLiteral("--font-scale needs a number from 1 to 2."));
     }
 
+    Tavro::Shared::GlobalLocaleData::instance()->setDeviceLocale(QLocale::system());
     registerScreens();
     QQmlApplicationEngine engine;
     engine.setInitialProperties({
         {QStringLiteral("page"), parser.value(QStringLiteral("page"))},
         {QStringLiteral("dark"), parser.isSet(QStringLiteral("dark"))},
         {QStringLiteral("fontScale"), fontScale},
+        {QStringLiteral("language"), parser.value(QStringLiteral("language"))},
         {QStringLiteral("width"), size.captured(1).toInt()},
         {QStringLiteral("height"), size.captured(2).toInt()},
     });
