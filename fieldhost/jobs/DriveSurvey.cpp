@@ -49,7 +49,7 @@ bool surveyMounts()
 
 QList<SurveyedDrive> surveyDrives()
 {
-    const auto turn = driveTurn();
+    const QMutexLocker locker(&usbDriveMutex());
     const bool mounts = surveyMounts();
     if (mounts) {
         MountedUSBDeviceList::mountUSB(); // and not by the library: the space is to be read, too

@@ -2,9 +2,9 @@
 
 #include "shared/usb/MountedUSBDeviceList.h"
 
+#include <QMutex>
 #include <QString>
 
-#include <mutex>
 #include <optional>
 
 namespace Tavro::FieldHost {
@@ -13,10 +13,11 @@ namespace Tavro::FieldHost {
 extern const char usbMountPoint[];
 
 /**
- * To be held by whoever has the library look for drives, mount or unmount one: it does so on one
- * thread at a time. Waits for its turn.
+ * To be held around calls of MountedUSBDeviceList where several threads make them: two at the same
+ * time would read one another's lines of the mount table. DriveAccess and the functions below that
+ * call them hold it.
  */
-std::unique_lock<std::mutex> driveTurn();
+QRecursiveMutex &usbDriveMutex();
 
 /** Whether an absolute path, links resolved, is to be found on the drive once it is mounted. */
 bool isOnUsbDrive(const QString &path);

@@ -1,4 +1,3 @@
-import OvoFieldHost 1.0
 import OvoSharedBase 1.0
 import QtQuick 2.15
 import QtQuick.Templates 2.15 as T
@@ -14,7 +13,6 @@ T.ApplicationWindow {
     // how it starts; later, Look has the answer
     property bool dark: false
     property real fontScale: 1
-    property string language: "en"
     readonly property bool mirrored: Formats.current.isRightToLeft()
 
     function show(name) {
@@ -46,7 +44,6 @@ T.ApplicationWindow {
     color: Look.background
     onDarkChanged: Look.dark = dark
     onFontScaleChanged: Look.fontScale = fontScale
-    onLanguageChanged: ScreenLanguage.current = language
     onMirroredChanged: Look.mirrored = mirrored
 
     // no JavaScript: a model that a binding makes is made anew with each change of the language,

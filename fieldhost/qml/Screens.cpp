@@ -1,7 +1,10 @@
 #include "fieldhost/qml/Screens.h"
 
 #include "fieldhost/qml/device/DeviceTypes.h"
+#include "fieldhost/qml/export/ExportTypes.h"
+#include "fieldhost/qml/forms/FormsTypes.h"
 #include "fieldhost/qml/locale/LocaleTypes.h"
+#include "fieldhost/qml/recording/RecordingTypes.h"
 #include "qml/OvoSharedBaseTypes.h"
 
 #include <QtGlobal>
@@ -9,9 +12,7 @@
 // in no namespace: the name that it refers to is in none
 static void initialiseResources()
 {
-    // the linker leaves them out of an archive otherwise
-    Q_INIT_RESOURCE(screens);
-    Q_INIT_RESOURCE(translations);
+    Q_INIT_RESOURCE(screens); // the linker leaves it out of an archive otherwise
 }
 
 namespace Tavro::FieldHost {
@@ -20,8 +21,11 @@ void registerScreens()
 {
     initialiseResources();
     registerOvoSharedBaseTypes();
-    registerLocaleTypes();
     registerDeviceTypes();
+    registerExportTypes();
+    registerFormsTypes();
+    registerLocaleTypes();
+    registerRecordingTypes();
 }
 
 } // namespace Tavro::FieldHost

@@ -1,4 +1,5 @@
 #include "fieldhost/qml/Screens.h"
+#include "fieldhost/qml/translations/Translations.h"
 #include "fieldhost/services/FieldApplication.h"
 #include "shared/locale/GlobalLocaleData.h"
 
@@ -37,8 +38,9 @@ int main(int argc, char *argv[])
     parser.addHelpOption();
     parser.addOption({QStringLiteral("dark"), QStringLiteral("Starts with dark colours.")});
     parser.addOption({QStringLiteral("language"),
-                      QStringLiteral("Language of the texts: en or de. Default: the system's."),
-                      QStringLiteral("CODE"), QLocale::system().name().left(2)});
+                      QStringLiteral("The device's language, as de or de_CH. Default: the "
+                                     "environment's."),
+                      QStringLiteral("LOCALE")});
     parser.addOption({QStringLiteral("font-scale"),
                       QStringLiteral("Makes fonts larger by FACTOR, 1 to 2."),
                       QStringLiteral("FACTOR"), QStringLiteral("1")});
@@ -59,14 +61,16 @@ int main(int argc, char *argv[])
         return refuse(QStringLiteral("--font-scale needs a number from 1 to 2."));
     }
 
-    Tavro::Shared::GlobalLocaleData::instance()->setDeviceLocale(QLocale::system());
+    const QString language = parser.value(QStringLiteral("language"));
+    Tavro::Shared::GlobalLocaleData::instance()->setDeviceLocale(
+        language.isEmpty() ? QLocale::system() : QLocale(language));
     registerScreens();
     QQmlApplicationEngine engine;
+    const Translations translations(engine);
     engine.setInitialProperties({
         {QStringLiteral("page"), parser.value(QStringLiteral("page"))},
         {QStringLiteral("dark"), parser.isSet(QStringLiteral("dark"))},
         {QStringLiteral("fontScale"), fontScale},
-        {QStringLiteral("language"), parser.value(QStringLiteral("language"))},
         {QStringLiteral("width"), size.captured(1).toInt()},
         {QStringLiteral("height"), size.captured(2).toInt()},
     });

@@ -25,14 +25,6 @@ Page {
 
             Heading { text: qsTr("Choose") }
             Choice {
-                objectName: "languageOfScreens"
-                caption: qsTr("Language of the screens")
-                textRole: "text"
-                model: [{ text: "English", value: "en" }, { text: "Deutsch", value: "de" }]
-                currentIndex: page.indexIn(model, ScreenLanguage.current)
-                onActivated: ScreenLanguage.current = model[index].value
-            }
-            Choice {
                 objectName: "device"
                 caption: qsTr("Locale of the device")
                 textRole: "text"

@@ -1,7 +1,6 @@
 #include "fieldhost/qml/locale/LocaleTypes.h"
 
 #include "fieldhost/qml/locale/ProjectLocale.h"
-#include "fieldhost/qml/locale/ScreenLanguage.h"
 
 #include <QQmlEngine>
 
@@ -9,13 +8,10 @@ namespace Tavro::FieldHost {
 
 void registerLocaleTypes()
 {
-    // one for each engine, which owns them
+    // one for each engine, which owns it
     qmlRegisterSingletonType<ProjectLocale>(
         "OvoFieldHost", 1, 0, "ProjectLocale",
         [](QQmlEngine *, QJSEngine *) -> QObject * { return new ProjectLocale; });
-    qmlRegisterSingletonType<ScreenLanguage>(
-        "OvoFieldHost", 1, 0, "ScreenLanguage",
-        [](QQmlEngine *engine, QJSEngine *) -> QObject * { return new ScreenLanguage(engine); });
 }
 
 } // namespace Tavro::FieldHost

@@ -1,6 +1,7 @@
 #include "tests/qml/screens/ScreenTest.h"
 
 #include "fieldhost/qml/Screens.h"
+#include "fieldhost/qml/translations/Translations.h"
 #include "fieldhost/services/FieldApplication.h"
 
 #include <QApplication>
@@ -31,7 +32,10 @@ void recordMessage(QtMsgType type, const QMessageLogContext &context, const QStr
         message.contains(QLatin1String("propagateSizeHints"))
         // a change of the language evaluates the binding again from which the test runs
         || message.contains(QLatin1String("ScreenCase: Binding loop detected for property \"w"));
-    if (type != QtDebugMsg && type != QtInfoMsg && !isOfTesting) {
+    if (isOfTesting) {
+        return;
+    }
+    if (type != QtDebugMsg && type != QtInfoMsg) {
         const std::lock_guard<std::mutex> lock(s_mutex);
         s_warnings += message;
         s_hasWarned = true;
@@ -260,6 +264,10 @@ QQuickItem *findIn(QQuickItem *item, const QString &objectName)
 
 } // namespace
 
+ScreenTest::ScreenTest() = default;
+
+ScreenTest::~ScreenTest() = default;
+
 QStringList ScreenTest::takeWarnings()
 {
     const std::lock_guard<std::mutex> lock(s_mutex);
@@ -299,6 +307,7 @@ QStringList ScreenTest::visibleTexts(QQuickItem *root) const
 
 void ScreenTest::qmlEngineAvailable(QQmlEngine *engine)
 {
+    m_translations = std::make_unique<FieldHost::Translations>(*engine);
     engine->rootContext()->setContextProperty(QStringLiteral("screenTest"), this);
 }
 

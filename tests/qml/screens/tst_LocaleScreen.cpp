@@ -40,10 +40,9 @@ private:
 
 int main(int argc, char *argv[])
 {
-    return Tavro::Test::runScreenTest(argc, argv, "tst_LocaleScreen",
-                                      []() -> Tavro::Test::ScreenTest * {
-                                          return new LocaleScreenTest;
-                                      });
+    return Tavro::Test::runScreenTest(
+        argc, argv, "tst_LocaleScreen",
+        []() -> Tavro::Test::ScreenTest * { return new LocaleScreenTest; });
 }
 
 #include "tst_LocaleScreen.moc"
