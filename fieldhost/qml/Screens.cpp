@@ -1,5 +1,9 @@
 #include "fieldhost/qml/Screens.h"
 
+#include "fieldhost/qml/forms/FormsTypes.h"
+#include "fieldhost/qml/recording/RecordingTypes.h"
+#include "qml/OvoSharedBaseTypes.h"
+
 #include <QtGlobal>
 
 // in no namespace: the name that it refers to is in none
@@ -13,6 +17,9 @@ namespace Tavro::FieldHost {
 void registerScreens()
 {
     initialiseResources();
+    registerOvoSharedBaseTypes();
+    registerFormsTypes();
+    registerRecordingTypes();
 }
 
 } // namespace Tavro::FieldHost
