@@ -17,7 +17,7 @@ const char s_catalog[] = R"({"format": 1, "id": "c", "name": "Sewers", "country"
     "language": "DEU", "template": {"id": "t", "unit": "m", "views": [
         {"key": "detail_s", "columns": [{"key": "OBJ_Key"}, {"key": "OBJ_Size", "unit": "mm"},
             {"key": "SEC_Material"}, {"key": "INS_Date"}, {"key": "INS_Weather"},
-            {"key": "INS_Cleaned"}, {"key": "OBJ_Key"}]},
+            {"key": "INS_Cleaned"}, {"key": "OBJ_Key"}, {"key": "OBJ_Offset"}]},
         {"key": "overview_s", "columns": [{"key": "OBJ_Key"}, {"key": "SEC_Material"}]}]}})";
 
 const char s_form[] = R"({"format": 1,
@@ -31,7 +31,8 @@ const char s_form[] = R"({"format": 1,
                          "mandatory": true},
         "INS_Date": {"type": "DAT", "displayFormat": "dd.MM.yyyy"},
         "INS_Weather": {"type": "TXT", "list": "weather", "editableList": true},
-        "INS_Cleaned": {"type": "BOL"}}})";
+        "INS_Cleaned": {"type": "BOL"},
+        "OBJ_Offset": {"type": "DEC", "maximum": 5}}})";
 
 } // namespace
 
@@ -109,7 +110,7 @@ void tst_InspectionForm::theColumnsOfAViewAreItsFields()
     QCOMPARE(m_form->name(), QStringLiteral("Sewers"));
     QCOMPARE(m_form->views(),
              (QStringList{QStringLiteral("detail_s"), QStringLiteral("overview_s")}));
-    QCOMPARE(m_form->fields().size(), 6); // one key is there twice
+    QCOMPARE(m_form->fields().size(), 7); // one key is there twice
     QCOMPARE(field(0)->caption(), QStringLiteral("Section"));
     QCOMPARE(field(1)->caption(), QStringLiteral("Diameter"));
     QCOMPARE(field(1)->type()->unit(), QStringLiteral("mm"));
@@ -117,6 +118,7 @@ void tst_InspectionForm::theColumnsOfAViewAreItsFields()
         field(1)->hint(),
         QStringLiteral("Minimum value larger or equal 50\nMaximum value smaller or equal 5000"));
     QCOMPARE(field(3)->caption(), QStringLiteral("INS_Date"));
+    QCOMPARE(field(6)->hint(), QStringLiteral("Maximum value smaller or equal 5"));
 }
 
 void tst_InspectionForm::aColumnThatTheFormDoesNotKnowTakesAnyText()
@@ -255,7 +257,7 @@ void tst_InspectionForm::onlyWhatIsRightIsAccepted()
     QCOMPARE(accepted.count(), 1);
     QCOMPARE(m_form->mistakes(), 0);
     const QVariantList record = m_form->record();
-    QCOMPARE(record.size(), 6);
+    QCOMPARE(record.size(), 7);
     QCOMPARE(record.at(1).toMap(),
              (QVariantMap{{QStringLiteral("key"), QStringLiteral("OBJ_Size")},
                           {QStringLiteral("value"), QStringLiteral("300")}}));
@@ -279,7 +281,7 @@ void tst_InspectionForm::acceptedTextsAreRemembered()
 
 void tst_InspectionForm::marksFollowTheProject()
 {
-    QCOMPARE(marks(), (QVector<bool>{false, false, true, false, false, false}));
+    QCOMPARE(marks(), (QVector<bool>{false, false, true, false, false, false, false}));
     QSignalSpy changed(m_form.get(), &InspectionForm::is3dChanged);
     field(1)->setText(QStringLiteral("3"));
     field(1)->finish();
@@ -287,7 +289,7 @@ void tst_InspectionForm::marksFollowTheProject()
     QCOMPARE(changed.count(), 1);
     QVERIFY(m_form->is3d());
     QVERIFY(ProjectTypeGlobal::instance().is3d());
-    QCOMPARE(marks(), (QVector<bool>{true, true, false, false, false, false}));
+    QCOMPARE(marks(), (QVector<bool>{true, true, false, false, false, false, true}));
     QCOMPARE(field(1)->text(), QStringLiteral("3"));
     QCOMPARE(field(1)->verdict(), FormField::Invalid);
     QVERIFY(field(1)->hint().endsWith(QLatin1String("\nExpression can not be empty")));
@@ -298,7 +300,7 @@ void tst_InspectionForm::marksFollowTheProject()
     ProjectTypeGlobal::instance().setProjectType(QStringLiteral("PRO"));
     QCOMPARE(changed.count(), 2);
     QVERIFY(!m_form->is3d());
-    QCOMPARE(marks(), (QVector<bool>{false, false, true, false, false, false}));
+    QCOMPARE(marks(), (QVector<bool>{false, false, true, false, false, false, false}));
     QCOMPARE(field(0)->verdict(), FormField::Valid);
 }
 
@@ -308,7 +310,7 @@ void tst_InspectionForm::aViewWithoutObjectsKeepsItsMarks()
     m_form->set3d(true);
     QCOMPARE(marks(), (QVector<bool>{false, true}));
     m_form->setView(0);
-    QCOMPARE(marks(), (QVector<bool>{true, true, false, false, false, false}));
+    QCOMPARE(marks(), (QVector<bool>{true, true, false, false, false, false, true}));
 }
 
 void tst_InspectionForm::aChoiceOutlivesANewDescription()

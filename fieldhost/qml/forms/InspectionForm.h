@@ -43,7 +43,7 @@ public:
 
     /**
      * Opens the catalog file @p catalog with the form file @p form, which may be empty: then every
-     * column takes any text. Both may be resources, as ":/samples/metric.json".
+     * column takes any text. Both may be resources, as ":/catalogs/metric.json".
      *
      * Returns at once; the files are read in another thread. openingChanged() tells the end. A
      * catalog that cannot be used leaves @ref problem, and the form that is open.
