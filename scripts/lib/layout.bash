@@ -23,6 +23,7 @@ declare -A fieldhost_uses_of=(
     [cli]='catalog forms jobs services'
     [forms]=''
     [jobs]='catalog services'
+    [qml]='catalog forms jobs services'
     [services]=''
 )
 
@@ -78,6 +79,9 @@ check_arrows()
                 echo "$file:$line: fieldhost/$from is not in the table of scripts/lib/layout.bash"
             elif [[ $to != "$from" && " ${fieldhost_uses_of[$from]} " != *" $to "* ]]; then
                 echo "$file:$line: fieldhost/$from may not use fieldhost/$to"
+            elif [[ $file == fieldhost/qml/*/* && $included == fieldhost/qml/*/* \
+                && $included != "$(dirname "$file")"/* && $included != fieldhost/qml/look/* ]]; then
+                echo "$file:$line: a screen may not use another one, here $included"
             fi
         elif [[ $file == fieldhost/qml/* && $included == qml/OvoSharedBaseTypes.h ]]; then
             : # the only header of the module that is installed
