@@ -121,7 +121,9 @@ T.Dialog {
             model: FolderListModel {
                 id: folder
 
-                folder: "file://" + chooser.path.split("/").map(encodeURIComponent).join("/")
+                // encoded twice: the model decodes the local path a second time
+                folder: "file://" + chooser.path.split("/").map(
+                            name => encodeURIComponent(encodeURIComponent(name))).join("/")
                 showFiles: chooser.files
                 showDirsFirst: true
                 caseSensitive: false

@@ -74,16 +74,13 @@ Page {
     }
 
     title: qsTr("Export")
+    // there is nothing left to abort
+    onUnderWayChanged: if (!underWay) abortQuestion.close()
 
     ExportModel {
         id: exporter
 
-        onStateChanged: {
-            confirmQuestion.visible = state === ExportState.Confirming
-            if (!page.underWay) {
-                abortQuestion.close()
-            }
-        }
+        onStateChanged: confirmQuestion.visible = state === ExportState.Confirming
     }
     DirectorySize {
         id: sourceSize
@@ -135,7 +132,10 @@ Page {
                 width: parent.width
                 icon.name: "folder_open"
                 text: qsTr("Choose directory")
-                onClicked: sourceChooser.openAt(exporter.source)
+                onClicked: {
+                    chooser.forSource = true
+                    chooser.openAt(exporter.source)
+                }
             }
         }
         Card {
@@ -170,7 +170,10 @@ Page {
                 width: parent.width
                 icon.name: "folder_open"
                 text: qsTr("Another directory")
-                onClicked: destinationChooser.openAt(exporter.destination)
+                onClicked: {
+                    chooser.forSource = false
+                    chooser.openAt(exporter.destination)
+                }
             }
         }
     }
@@ -295,14 +298,17 @@ Page {
     }
 
     DirectoryChooser {
-        id: sourceChooser
+        id: chooser
 
-        onChosen: exporter.source = path
-    }
-    DirectoryChooser {
-        id: destinationChooser
+        property bool forSource: false
 
-        onChosen: exporter.destination = path
+        onChosen: {
+            if (forSource) {
+                exporter.source = path
+            } else {
+                exporter.destination = path
+            }
+        }
     }
     Question {
         id: confirmQuestion
