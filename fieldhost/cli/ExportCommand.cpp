@@ -56,32 +56,6 @@ Exit codes:
   5  nothing copied: DESTINATION has not enough free space
   6  aborted; the copy was removed)";
 
-QString leftOut(const ExportPlan &plan)
-{
-    int hidden = 0;
-    int broken = 0;
-    int special = 0;
-    for (const ExportJob &job : plan.jobs) {
-        hidden += job.survey.hiddenEntries;
-        broken += job.survey.brokenLinks;
-        special += job.survey.specialEntries;
-    }
-    QStringList parts;
-    if (hidden > 0) {
-        parts.append(
-            counted(hidden, QStringLiteral("1 hidden entry"), QStringLiteral("%1 hidden entries")));
-    }
-    if (broken > 0) {
-        parts.append(counted(broken, QStringLiteral("1 link that leads nowhere"),
-                             QStringLiteral("%1 links that lead nowhere")));
-    }
-    if (special > 0) {
-        parts.append(counted(special, QStringLiteral("1 pipe, socket or device"),
-                             QStringLiteral("%1 pipes, sockets or devices")));
-    }
-    return parts.join(QLatin1String(", "));
-}
-
 void announce(const ExportPlan &plan, Console &console)
 {
     for (const ExportJob &job : plan.jobs) {
@@ -196,6 +170,10 @@ int runExport(const CommandLine &line, Console &console)
                      [&](const QString &sentence) { console.print(sentence); });
     QObject::connect(&drive, &DriveAccess::warned, qApp,
                      [&](const QString &sentence) { console.printError(sentence); });
+    QObject::connect(&drive, &DriveAccess::unmounting, qApp, [&] {
+        console.print(QStringLiteral("Unmounting the USB drive, as soon as nobody uses it; "
+                                     "Ctrl-C leaves it mounted."));
+    });
     // they go before the drive: a signal ends the wait for one that stays in use
     RunControls controls(console);
     if (!drive.begin()) {

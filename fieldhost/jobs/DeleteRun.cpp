@@ -3,6 +3,7 @@
 #include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -61,6 +62,20 @@ QString deleteFile(const QString &path)
 }
 
 } // namespace
+
+QString whyNotDeleted(const QString &path)
+{
+    if (!existsOrIsLink(path)) {
+        return JobText::tr("There is no %1.").arg(quoted(path));
+    }
+    const QString target = QFileInfo(path).canonicalFilePath();
+    const QString here = QDir::current().canonicalPath();
+    const bool isLink = QFileInfo(path).isSymLink();
+    if (!isLink && (target == here || here.startsWith(below(target, QString())))) {
+        return JobText::tr("%1 is, or holds, the current directory.").arg(quoted(path));
+    }
+    return {};
+}
 
 DeleteRun::DeleteRun(QStringList paths, QObject *parent)
     : QObject(parent)

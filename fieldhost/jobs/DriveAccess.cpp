@@ -58,6 +58,7 @@ bool DriveAccess::begin()
     if (!isOnUsbDrive(m_destination)) {
         return true;
     }
+    const QMutexLocker locker(&usbDriveMutex());
     const QString missing = missingMountRight();
     if (!missing.isEmpty() && MountedUSBDeviceList::isUSBMounted()) {
         // to unmount it would be tried for ever
@@ -95,16 +96,17 @@ QString DriveAccess::largeFileWarning(const ExportPlan &plan) const
             : QString::fromLatin1(QStorageInfo(nearestExisting(m_destination)).fileSystemType()));
 }
 
-void DriveAccess::end()
+bool DriveAccess::end()
 {
     if (!m_begun) {
-        return;
+        return false;
     }
     m_begun = false;
+    const QMutexLocker locker(&usbDriveMutex());
     QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
-    if (MountedUSBDeviceList::isUSBMounted()) {
-        Q_EMIT reported(tr("Unmounting the USB drive, as soon as nobody uses it; "
-                           "Ctrl-C leaves it mounted."));
+    const bool isMounted = MountedUSBDeviceList::isUSBMounted();
+    if (isMounted) {
+        Q_EMIT unmounting();
     }
     const bool clean = m_manager.unlock();
     if (clean == m_marked) {
@@ -114,6 +116,7 @@ void DriveAccess::end()
         Q_EMIT warned(tr("The USB drive is unmounted, and still marked as in "
                          "use: it did not take the mark back."));
     }
+    return isMounted;
 }
 
 } // namespace Tavro::FieldHost

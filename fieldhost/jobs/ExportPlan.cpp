@@ -408,4 +408,30 @@ QString targetPath(const ExportJob &job, const SurveyedFile &file, const QString
     return job.isDirectory ? below(root, file.path) : root;
 }
 
+QString leftOut(const ExportPlan &plan)
+{
+    int hidden = 0;
+    int broken = 0;
+    int special = 0;
+    for (const ExportJob &job : plan.jobs) {
+        hidden += job.survey.hiddenEntries;
+        broken += job.survey.brokenLinks;
+        special += job.survey.specialEntries;
+    }
+    QStringList parts;
+    if (hidden > 0) {
+        parts.append(
+            counted(hidden, JobText::tr("1 hidden entry"), JobText::tr("%1 hidden entries")));
+    }
+    if (broken > 0) {
+        parts.append(counted(broken, JobText::tr("1 link that leads nowhere"),
+                             JobText::tr("%1 links that lead nowhere")));
+    }
+    if (special > 0) {
+        parts.append(counted(special, JobText::tr("1 pipe, socket or device"),
+                             JobText::tr("%1 pipes, sockets or devices")));
+    }
+    return parts.join(QLatin1String(", "));
+}
+
 } // namespace Tavro::FieldHost

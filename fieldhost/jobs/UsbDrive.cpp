@@ -67,6 +67,12 @@ QString missingRight(const QString &device, int mode, const QString &needsRoot,
 
 } // namespace
 
+QRecursiveMutex &usbDriveMutex()
+{
+    static QRecursiveMutex mutex;
+    return mutex;
+}
+
 bool isOnUsbDrive(const QString &path)
 {
     return isSameOrBelow(path, QLatin1String(usbMountPoint));
@@ -74,6 +80,7 @@ bool isOnUsbDrive(const QString &path)
 
 std::optional<mountItem> partitionOf(const QString &path)
 {
+    const QMutexLocker locker(&usbDriveMutex());
     const auto items = MountedUSBDeviceList::getUSBMountPaths().items;
     for (const mountItem &item : items) {
         if (path.startsWith(item.mountPoint.absoluteFilePath())) { // as lock() sees it
@@ -119,6 +126,7 @@ QString missingReadRight(const QString &device)
 
 QString whyNotMarked(const QString &path)
 {
+    const QMutexLocker locker(&usbDriveMutex());
     const std::optional<mountItem> partition = partitionOf(path);
     if (partition) {
         const QString device = partition->device.absoluteFilePath();
@@ -145,6 +153,7 @@ QString whyNotMarked(const QString &path)
 
 UnmountResult unmountUsbDrive(const std::optional<mountItem> &partition)
 {
+    const QMutexLocker locker(&usbDriveMutex());
     QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
     const QString device = partition ? partition->device.absoluteFilePath() : QString();
     const QByteArray mountedVolume = readFatVolume(device).identity;

@@ -1,6 +1,9 @@
 #include "fieldhost/qml/Screens.h"
 
+#include "fieldhost/qml/device/DeviceTypes.h"
+#include "fieldhost/qml/export/ExportTypes.h"
 #include "fieldhost/qml/forms/FormsTypes.h"
+#include "fieldhost/qml/locale/LocaleTypes.h"
 #include "fieldhost/qml/recording/RecordingTypes.h"
 #include "qml/OvoSharedBaseTypes.h"
 
@@ -18,7 +21,10 @@ void registerScreens()
 {
     initialiseResources();
     registerOvoSharedBaseTypes();
+    registerDeviceTypes();
+    registerExportTypes();
     registerFormsTypes();
+    registerLocaleTypes();
     registerRecordingTypes();
 }
 
