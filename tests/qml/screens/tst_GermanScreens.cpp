@@ -18,6 +18,8 @@ using Tavro::Test::ScreenTest;
 
 namespace {
 
+const char *const s_pages[] = {"export", "delete", "form", "recording", "locale", "device"};
+
 void setLocale(const char *name)
 {
     GlobalLocaleData::instance()->setDeviceLocale(QLocale(QLatin1String(name)));
@@ -83,7 +85,7 @@ QStringList tst_GermanScreens::words() const
 void tst_GermanScreens::everyTextIsTranslated_data()
 {
     QTest::addColumn<QString>("page");
-    for (const char *page : {"export", "delete"}) {
+    for (const char *page : s_pages) {
         QTest::newRow(page) << page;
     }
 }
@@ -115,7 +117,7 @@ void tst_GermanScreens::everyTextFits_data()
     QTest::addColumn<QString>("page");
     QTest::addColumn<QSize>("size");
     QTest::addColumn<double>("fontScale");
-    for (const char *page : {"export", "delete"}) {
+    for (const char *page : s_pages) {
         for (const QSize size : {QSize(1280, 800), QSize(800, 480)}) {
             for (const double fontScale : {1.0, 1.5}) {
                 QTest::addRow("%s, %d x %d, fonts %.1f times", page, size.width(), size.height(),
