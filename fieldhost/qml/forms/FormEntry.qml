@@ -76,7 +76,7 @@ ColumnLayout {
         caption: entry.field.caption
         mandatory: entry.type.mandatory
         textRole: "text"
-        model: (offset ? [{ text: qsTr("Nothing"), value: "" }] : []).concat(entry.type.itemList)
+        model: (offset ? [{ text: qsTr("Not stated"), value: "" }] : []).concat(entry.type.itemList)
         // by the model, too: it begins again with its first entry when it is another one
         currentIndex: model.length > 0 ? entry.field.choice + offset : -1
         displayText: currentIndex < 0 ? qsTr("Choose") : currentText

@@ -40,7 +40,6 @@ Page {
     }
 
     title: qsTr("Inspection")
-    onTitleChanged: form.describeAgain() // the language is another one
 
     InspectionForm {
         id: form

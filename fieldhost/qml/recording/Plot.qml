@@ -49,8 +49,9 @@ ColumnLayout {
     ChartView {
         Layout.fillWidth: true
         Layout.preferredHeight: 20 * Look.gap
-        // the labels of the axes need no more room around them
-        margins { left: 0; right: Look.gap; top: Look.gap; bottom: 0 }
+        // the same for all plots, so that their times are one below the other
+        plotArea: Qt.rect(9 * Look.gap, 2 * Look.gap, Math.max(1, width - 12 * Look.gap),
+                          Math.max(1, height - 7 * Look.gap))
         backgroundColor: "transparent"
         backgroundRoundness: 0
         plotAreaColor: Look.surface

@@ -74,7 +74,7 @@ Item {
             compare(item("OBJ_Size").message,
                     "Minimum value larger or equal 50. Maximum value smaller or equal 5000.")
             compare(item("SEC_Material").displayText, "Choose")
-            compare(item("INS_InspectionDir").displayText, "Nothing")
+            compare(item("INS_InspectionDir").displayText, "Not stated")
             const texts = screenTest.visibleTexts(root)
             for (const text of ["Section *", "Diameter", "mm", "Material *"]) {
                 verify(texts.includes(text), text)
@@ -167,7 +167,7 @@ Item {
         function test_anOptionalListCanBeLeftAgain() {
             choose("INS_InspectionDir", "Upstream")
             compare(item("INS_InspectionDirMessage").text, "Right.")
-            choose("INS_InspectionDir", "Nothing")
+            choose("INS_InspectionDir", "Not stated")
             verify(!shown("INS_InspectionDirMessage"))
         }
 
