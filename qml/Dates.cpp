@@ -2,6 +2,16 @@
 
 namespace Tavro::Qml {
 
+namespace {
+
+QDateTime noonOf(QDate date)
+{
+    // where clocks change at midnight, a day's midnight may not exist
+    return date.isValid() ? QDateTime(date, QTime(12, 0)) : QDateTime();
+}
+
+} // namespace
+
 Dates::Dates(QObject *parent)
     : QObject(parent)
 {
@@ -19,16 +29,19 @@ QString Dates::isoTime(const QDateTime &time)
 
 QDateTime Dates::date(int year, int month, int day)
 {
-    const QDate date(year, month, day);
-    // noon: where clocks change at midnight, that day's midnight may not exist
-    return date.isValid() ? QDateTime(date, QTime(12, 0)) : QDateTime();
+    return noonOf(QDate(year, month, day));
+}
+
+QDateTime Dates::copyOf(const QDateTime &date)
+{
+    return noonOf(date.toUTC().date());
 }
 
 QDateTime Dates::time(int hour, int minute, int second)
 {
     const QTime time(hour, minute, second);
-    // a day on which no clock was changed
-    return time.isValid() ? QDateTime(QDate(1970, 1, 1), time) : QDateTime();
+    // the day that QML takes for a QTime
+    return time.isValid() ? QDateTime(QDate(1971, 4, 1), time) : QDateTime();
 }
 
 } // namespace Tavro::Qml

@@ -31,6 +31,8 @@ public:
     Q_INVOKABLE static QString isoTime(const QDateTime &time);
     /** What to write to a QDate property, with a @p month from 1 to 12. No day: an invalid Date. */
     Q_INVOKABLE static QDateTime date(int year, int month, int day);
+    /** What to write to a QDate property to give it the day of another one. */
+    Q_INVOKABLE static QDateTime copyOf(const QDateTime &date);
     /** What to write to a QTime property, in local time. No time: an invalid Date. */
     Q_INVOKABLE static QDateTime time(int hour, int minute, int second = 0);
 };

@@ -9,6 +9,7 @@
 
 #include <QLocale>
 #include <QQmlEngine>
+#include <QRegularExpression>
 #include <QStringBuilder>
 
 namespace Tavro::Qml {
@@ -80,10 +81,11 @@ QString LocaleFormats::dateOf(const QDateTime &moment)
 
 QString LocaleFormats::time(const QDateTime &time)
 {
-    // the long format of most locales ends with the name of the time zone
+    // most locales name the time zone, which a time of day does not have
+    static const QRegularExpression zone(QStringLiteral("[ ,]*[(\\[]?t[)\\]]?[ ,]*"));
     QString format = CLocaleSupport::getTimeFormat();
-    format.remove(QLatin1Char('t'));
-    return CLocaleSupport::variantToLocalizedString(time.toLocalTime().time(), format).trimmed();
+    format.remove(zone);
+    return CLocaleSupport::variantToLocalizedString(time.toLocalTime().time(), format);
 }
 
 QString LocaleFormats::dateTime(const QDateTime &moment)

@@ -13,6 +13,8 @@
 
 namespace Tavro::Qml {
 
+// base classes are named in full: moc does not look them up for the type list
+
 /**
  * How the last run of a controller ended, see Shared::CFileOperationResult. The signals of the
  * controllers do not tell whether everything was copied or deleted.
@@ -70,8 +72,7 @@ protected:
 };
 
 /** How the last run of a CFileCopyController ended: `CopyResult { controller: copy }`. */
-class CopyResult :
-    public Tavro::Qml::OperationResult // in full: moc does not look it up for the type list
+class CopyResult : public Tavro::Qml::OperationResult
 {
     Q_OBJECT
     Q_PROPERTY(Tavro::Shared::CFileCopyController *controller READ controller WRITE setController
@@ -99,8 +100,7 @@ private:
 };
 
 /** How the last run of a CFileDeleteController ended: `DeleteResult { controller: deletion }`. */
-class DeleteResult :
-    public Tavro::Qml::OperationResult // in full: moc does not look it up for the type list
+class DeleteResult : public Tavro::Qml::OperationResult
 {
     Q_OBJECT
     Q_PROPERTY(Tavro::Shared::CFileDeleteController *controller READ controller WRITE setController

@@ -6,6 +6,8 @@
 
 namespace Tavro::Qml {
 
+// base classes are named in full: moc does not look them up for the type list
+
 /**
  * A number of bytes that belongs to a path, found out on another thread.
  *
@@ -66,8 +68,7 @@ private:
  * bytes is the sum of all files below the directory, hidden ones included: 0 before the first
  * result, and if there is no such directory. Shared::CDirectorySizeFinder walks it.
  */
-class DirectorySize :
-    public Tavro::Qml::PathMeasure // in full: moc does not look it up for the type list
+class DirectorySize : public Tavro::Qml::PathMeasure
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(DirectorySize)
@@ -85,8 +86,7 @@ protected:
  * bytes is what the user may still write: -1 before the first result, and if there is no such
  * path. A volume that does not answer, as that of a network, blocks one thread of Qt's global pool.
  */
-class FreeSpace :
-    public Tavro::Qml::PathMeasure // in full: moc does not look it up for the type list
+class FreeSpace : public Tavro::Qml::PathMeasure
 {
     Q_OBJECT
     QML_NAMED_ELEMENT(FreeSpace)

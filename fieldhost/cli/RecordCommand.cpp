@@ -9,6 +9,7 @@
 #include "fieldhost/services/FieldApplication.h"
 #include "shared/locale/CConversionServices.h"
 #include "shared/locale/CLocaleSupport.h"
+#include "shared/locale/CProjectLocaleData.h"
 
 #include <QCoreApplication>
 
@@ -189,7 +190,7 @@ int runRecord(const CommandLine &line, Console &console)
     plan.speed = reader.positive("speed", 1);
     plan.pauses = reader.times("pause-at", plan.duration);
     plan.observations = reader.times("observe-at", plan.duration);
-    plan.unit = reader.unit("unit");
+    const Base::DistanceUnit unit = reader.unit("unit");
     if (!reader.complaint().isEmpty()) {
         return line.refuse(reader.complaint());
     }
@@ -198,6 +199,7 @@ int runRecord(const CommandLine &line, Console &console)
         console.printError(objection);
         return ExitDestinationRefused;
     }
+    Shared::CProjectLocaleData::instance()->setUnitType(unit);
     return carryOut(plan, console);
 }
 

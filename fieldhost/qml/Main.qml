@@ -1,3 +1,4 @@
+import OvoSharedBase 1.0
 import QtQuick 2.15
 import QtQuick.Templates 2.15 as T
 import "look"
@@ -12,7 +13,7 @@ T.ApplicationWindow {
     // how it starts; later, Look has the answer
     property bool dark: false
     property real fontScale: 1
-    property bool mirrored: false
+    readonly property bool mirrored: Formats.current.isRightToLeft()
 
     function show(name) {
         page = name

@@ -12,7 +12,8 @@ Rectangle {
     property string page
     property var titleOf
     // one place for each screen and one for the colours
-    readonly property real entryHeight: Math.min(Look.touch * 1.2, height / (pages.count + 1))
+    readonly property real entryHeight: Math.min(Look.touch * 1.2,
+                                                 (height - 16) / (pages.count + 1))
 
     signal chosen(string name)
 
@@ -66,6 +67,7 @@ Rectangle {
     }
 
     Column {
+        y: 8
         width: parent.width
 
         Repeater {
@@ -82,7 +84,7 @@ Rectangle {
     }
     Entry {
         objectName: "darkToggle"
-        anchors.bottom: parent.bottom
+        anchors { bottom: parent.bottom; bottomMargin: 8 }
         text: Look.dark ? qsTr("Light colours") : qsTr("Dark colours")
         symbol: Look.dark ? "light_mode" : "dark_mode"
         onClicked: Look.dark = !Look.dark

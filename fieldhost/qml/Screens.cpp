@@ -1,6 +1,10 @@
 #include "fieldhost/qml/Screens.h"
 
+#include "fieldhost/qml/device/DeviceTypes.h"
 #include "fieldhost/qml/export/ExportTypes.h"
+#include "fieldhost/qml/forms/FormsTypes.h"
+#include "fieldhost/qml/locale/LocaleTypes.h"
+#include "fieldhost/qml/recording/RecordingTypes.h"
 #include "qml/OvoSharedBaseTypes.h"
 
 #include <QtGlobal>
@@ -17,7 +21,11 @@ void registerScreens()
 {
     initialiseResources();
     registerOvoSharedBaseTypes();
+    registerDeviceTypes();
     registerExportTypes();
+    registerFormsTypes();
+    registerLocaleTypes();
+    registerRecordingTypes();
 }
 
 } // namespace Tavro::FieldHost

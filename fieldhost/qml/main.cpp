@@ -1,8 +1,11 @@
 #include "fieldhost/qml/Screens.h"
+#include "fieldhost/qml/translations/Translations.h"
 #include "fieldhost/services/FieldApplication.h"
+#include "shared/locale/GlobalLocaleData.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QLocale>
 #include <QQmlApplicationEngine>
 #include <QRegularExpression>
 #include <QTextStream>
@@ -34,6 +37,10 @@ int main(int argc, char *argv[])
     QCommandLineParser parser;
     parser.addHelpOption();
     parser.addOption({QStringLiteral("dark"), QStringLiteral("Starts with dark colours.")});
+    parser.addOption({QStringLiteral("language"),
+                      QStringLiteral("The device's language, as de or de_CH. Default: the "
+                                     "environment's."),
+                      QStringLiteral("LOCALE")});
     parser.addOption({QStringLiteral("font-scale"),
                       QStringLiteral("Makes fonts larger by FACTOR, 1 to 2."),
                       QStringLiteral("FACTOR"), QStringLiteral("1")});
@@ -54,8 +61,12 @@ int main(int argc, char *argv[])
         return refuse(QStringLiteral("--font-scale needs a number from 1 to 2."));
     }
 
+    const QString language = parser.value(QStringLiteral("language"));
+    Tavro::Shared::GlobalLocaleData::instance()->setDeviceLocale(
+        language.isEmpty() ? QLocale::system() : QLocale(language));
     registerScreens();
     QQmlApplicationEngine engine;
+    const Translations translations(engine);
     engine.setInitialProperties({
         {QStringLiteral("page"), parser.value(QStringLiteral("page"))},
         {QStringLiteral("dark"), parser.isSet(QStringLiteral("dark"))},

@@ -63,8 +63,8 @@ T.Button {
     }
     background: Rectangle {
         radius: Look.radius
-        color: button.enabled ? button.down ? Qt.darker(button.ground, 1.15) : button.ground
-                              : Look.raised
+        color: !button.enabled ? "transparent"
+                               : button.down ? Qt.darker(button.ground, 1.15) : button.ground
         border.color: button.kind === "plain" || !button.enabled ? Look.outline : "transparent"
 
         FocusRing {

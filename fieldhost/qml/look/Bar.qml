@@ -6,7 +6,7 @@ import QtQuick.Templates 2.15 as T
 T.ProgressBar {
     id: bar
 
-    width: parent ? parent.width : implicitWidth
+    width: Look.isFilledIn(parent) ? parent.width : implicitWidth
     Layout.fillWidth: true
     implicitWidth: 200
     implicitHeight: Look.gap * 2

@@ -8,7 +8,7 @@ import QtQuick.Layouts 1.15
 Rectangle {
     default property alias content: column.data
 
-    width: parent ? parent.width : implicitWidth
+    width: Look.isFilledIn(parent) ? parent.width : implicitWidth
     Layout.fillWidth: true
     implicitWidth: 40 * Look.gap
     implicitHeight: column.height + 4 * Look.gap

@@ -21,7 +21,7 @@ FocusScope {
     // the user has chosen
     signal activated(int index)
 
-    width: parent ? parent.width : implicitWidth
+    width: Look.isFilledIn(parent) ? parent.width : implicitWidth
     Layout.fillWidth: true
     implicitWidth: 30 * Look.gap
     implicitHeight: column.height

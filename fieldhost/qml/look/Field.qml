@@ -22,7 +22,7 @@ FocusScope {
     signal edited()
     signal accepted()
 
-    width: parent ? parent.width : implicitWidth
+    width: Look.isFilledIn(parent) ? parent.width : implicitWidth
     Layout.fillWidth: true
     implicitWidth: 30 * Look.gap
     implicitHeight: column.height

@@ -5,7 +5,7 @@ import QtQuick.Layouts 1.15
 Text {
     property bool muted: false
 
-    width: parent ? parent.width : implicitWidth
+    width: Look.isFilledIn(parent) ? parent.width : implicitWidth
     Layout.fillWidth: true
     color: muted ? Look.muted : Look.text
     font.family: Look.family

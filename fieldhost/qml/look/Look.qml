@@ -40,6 +40,12 @@ QtObject {
     readonly property string iconFamily: "Material Icons"
     readonly property bool hasIcons: families.indexOf(iconFamily) >= 0
 
+    // Whether a component is as wide as its parent: in an Item or a Column. A layout sets the width
+    // itself, and what is in a Row has its own; unlike a Column, these have a layoutDirection.
+    function isFilledIn(parent) {
+        return parent && parent.layoutDirection === undefined
+    }
+
     // the colour of a kind of message: "info", "good", "warning" or "bad"
     function colourOf(kind) {
         switch (kind) {

@@ -9,7 +9,7 @@ Rectangle {
     property string text
     readonly property color ink: Look.colourOf(kind)
 
-    width: parent ? parent.width : implicitWidth
+    width: Look.isFilledIn(parent) ? parent.width : implicitWidth
     Layout.fillWidth: true
     implicitWidth: 40 * Look.gap
     implicitHeight: Math.max(label.height, icon.height) + 2 * Look.gap

@@ -60,6 +60,7 @@ FocusScope {
             Heading {
                 objectName: "pageTitle"
                 text: page.title
+                font.pointSize: Look.title * 1.25
             }
         }
     }

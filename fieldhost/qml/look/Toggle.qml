@@ -13,7 +13,7 @@ T.Switch {
         clicked()
     }
 
-    width: parent ? parent.width : implicitWidth
+    width: Look.isFilledIn(parent) ? parent.width : implicitWidth
     Layout.fillWidth: true
     implicitWidth: leftPadding + implicitContentWidth + rightPadding
     implicitHeight: Math.max(Look.touch, implicitContentHeight + topPadding + bottomPadding)

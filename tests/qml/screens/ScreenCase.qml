@@ -7,13 +7,16 @@ import "qrc:/screens/look"
 TestCase {
     id: screenCase
 
+    // the item or the window that is tested, where it is not the one that the case lies in
+    property var subject: screenCase
+
     when: windowShown
 
     // the visible item of that name; fails where there is none in time
     function item(objectName) {
         let found = null
         tryVerify(function() {
-            found = screenTest.find(screenCase, objectName)
+            found = screenTest.find(subject.contentItem || subject, objectName)
             return found !== null
         }, 5000, "there is no " + objectName)
         return found
@@ -50,16 +53,45 @@ TestCase {
         }
     }
 
-    // fails for what a user would object to in root, at the usual size of fonts and at 1.5 times it
+    // chooses the entry of that text, by the keyboard
+    function choose(objectName, text) {
+        const choice = item(objectName)
+        const box = choice.box
+        bringIntoView(choice)
+        box.forceActiveFocus(Qt.TabFocusReason)
+        const index = box.find(text)
+        verify(index >= 0, "no " + text)
+        keyClick(Qt.Key_Return)
+        tryVerify(() => box.popup.opened)
+        while (box.highlightedIndex !== index) {
+            keyClick(box.highlightedIndex < index ? Qt.Key_Down : Qt.Key_Up)
+        }
+        keyClick(Qt.Key_Return)
+        tryVerify(() => !box.popup.visible)
+    }
+
+    // replaces what is in the field
+    function fill(objectName, text) {
+        click(objectName)
+        const field = item(objectName)
+        field.input.forceActiveFocus()
+        field.input.selectAll()
+        keyClick(Qt.Key_Delete)
+        type(text)
+    }
+
+    // fails for what a user would object to in root, an item or a window, at the usual size of fonts
+    // and at 1.5 times it
     function verifyLayout(root) {
+        const item = root.contentItem || root
         for (const scale of [1, 1.5]) {
             Look.fontScale = scale
             // layouts settle when they are polished, before a frame, one after the other
-            waitForRendering(root, 200)
-            for (let i = 0; i < 20 && screenTest.layoutFaults(root).length > 0; ++i) {
+            waitForRendering(item, 200)
+            for (let i = 0; i < 20 && screenTest.layoutFaults(item).length > 0; ++i) {
                 wait(20)
             }
-            compare(screenTest.layoutFaults(root), [],
+            compare(screenTest.layoutFaults(item), [],
                     "fonts " + scale + " times, " + root.width + " x " + root.height)
         }
         Look.fontScale = 1
@@ -67,16 +99,21 @@ TestCase {
 
     // the same in windows of the tablet and of the smallest size
     function verifyLayoutInAllSizes(root) {
-        const size = Qt.size(root.width, root.height)
-        for (const each of [Qt.size(1280, 800), Qt.size(800, 480), size]) {
-            root.width = each.width
-            root.height = each.height
+        const width = root.width
+        const height = root.height
+        for (const size of [[1280, 800], [800, 480], [width, height]]) {
+            root.width = size[0]
+            root.height = size[1]
             verifyLayout(root)
         }
     }
 
     function initTestCase() {
         screenTest.watchMessages()
+        if (subject.requestActivate) {
+            subject.requestActivate()
+            tryVerify(() => subject.active)
+        }
     }
 
     function cleanup() {

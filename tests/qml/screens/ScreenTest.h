@@ -4,7 +4,13 @@
 #include <QQuickItem>
 #include <QStringList>
 
+#include <memory>
+
 class QQmlEngine;
+
+namespace Tavro::FieldHost {
+class Translations;
+}
 
 namespace Tavro::Test {
 
@@ -19,6 +25,9 @@ class ScreenTest : public QObject
     Q_OBJECT
 
 public:
+    ScreenTest();
+    ~ScreenTest() override;
+
     /** Messages of Qt, QML and the host since the last call; warnings, and what is worse. */
     Q_INVOKABLE QStringList takeWarnings();
     /** Qt Test installs a handler of its own when its first function begins; this one goes above.
@@ -41,6 +50,9 @@ public:
 public Q_SLOTS:
     /** Called by Qt Quick Test. */
     void qmlEngineAvailable(QQmlEngine *engine);
+
+private:
+    std::unique_ptr<FieldHost::Translations> m_translations;
 };
 
 /**
