@@ -449,16 +449,16 @@
 <context>
     <name>FormEntry</name>
     <message>
-        <source>Nothing</source>
-        <translation>Nichts</translation>
-    </message>
-    <message>
         <source>Choose</source>
         <translation>Auswählen</translation>
     </message>
     <message>
         <source>Before:</source>
         <translation>Zuletzt:</translation>
+    </message>
+    <message>
+        <source>Not stated</source>
+        <translation>Keine Angabe</translation>
     </message>
 </context>
 <context>
@@ -564,7 +564,7 @@
     </message>
     <message>
         <source>Speed</source>
-        <translation>Geschwindigkeit</translation>
+        <translation>Tempo</translation>
     </message>
     <message>
         <source>Temperature</source>

@@ -28,6 +28,18 @@ void setLocale(const char *name)
     GlobalLocaleData::instance()->setDeviceLocale(QLocale(QLatin1String(name)));
 }
 
+// catalogs have a language of their own
+bool isOfCatalog(QString text)
+{
+    QFile catalog(QStringLiteral(":/catalogs/inspection.json"));
+    QFile form(QStringLiteral(":/forms/inspection-form.json"));
+    if (!catalog.open(QIODevice::ReadOnly) || !form.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    text.remove(QRegularExpression(QStringLiteral(" \\*$"))); // a mandatory field
+    return (catalog.readAll() + form.readAll()).contains('"' + text.toUtf8() + '"');
+}
+
 } // namespace
 
 /** Every screen in German: nothing stays English, nothing is cut off, and English comes back. */
@@ -65,6 +77,9 @@ void tst_GermanScreens::initTestCase()
     QCOMPARE(m_engine->rootObjects().size(), 1);
     m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
     QVERIFY(QTest::qWaitForWindowExposed(m_window));
+    // a thread reads its catalog
+    m_window->setProperty("page", QStringLiteral("form"));
+    QTRY_VERIFY(m_screen.find(m_window->contentItem(), QStringLiteral("accept")));
 }
 
 void tst_GermanScreens::init()
@@ -114,7 +129,7 @@ void tst_GermanScreens::everyTextIsTranslated()
     const QStringList german = words();
     QStringList left;
     for (const QString &text : german) {
-        if (english.contains(text) && !sameInBoth.contains(text)) {
+        if (english.contains(text) && !sameInBoth.contains(text) && !isOfCatalog(text)) {
             left += text;
         }
     }
