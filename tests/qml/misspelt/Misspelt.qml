@@ -21,7 +21,7 @@ Item {
     CFileCopyController {
         id: copy
 
-        onStateChanged: console.log(copy.sate) // misspelt
+        onStateChanged: console.log(copy.states) // misspelt
     }
 
     CFileDeleteController {
@@ -55,8 +55,8 @@ Item {
     }
 
     Text {
-        text: Formats.current.lenght(1) // misspelt
-        visible: Formats.curent !== null // misspelt
+        text: Formats.current.lengths(1) // misspelt
+        visible: Formats.currents !== null // misspelt
     }
 
     Text {
