@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Window 2.15
 import OvoFieldHost 1.0
 import OvoSharedBase 1.0
 import "../look"
@@ -81,6 +82,17 @@ Page {
         id: exporter
 
         onStateChanged: confirmQuestion.visible = state === ExportState.Confirming
+    }
+    Connections {
+        target: page.Window.window
+
+        // a window that closes ends the export as an abort does
+        function onClosing(close) {
+            if (page.underWay) {
+                close.accepted = false
+                abortQuestion.open()
+            }
+        }
     }
     DirectorySize {
         id: sourceSize

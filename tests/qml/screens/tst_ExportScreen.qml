@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Window 2.15
 import QtTest 1.15
 import "qrc:/screens/look"
 
@@ -238,6 +239,18 @@ Item {
             }
             const texts = screenTest.visibleTexts(top)
             verify(texts.indexOf(text) >= 0, text + " is not in:\n" + texts.join("\n"))
+        }
+
+        function test_closingTheWindowAsks() {
+            startAndHold()
+            root.Window.window.close()
+            verifyQuestion(landing + " is removed, with everything that was copied.")
+            tap("questionCancel")
+            tryVerify(() => screenTest.find(root, "questionConfirm") === null)
+            verify(root.Window.window.visible)
+            compare(item("stateTitle").text, "Copying")
+            screenTest.letGo()
+            verifyResult("The export is done")
         }
 
         function test_aQuestionThatIsLateGoes() {
