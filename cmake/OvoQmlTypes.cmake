@@ -60,4 +60,8 @@ function(ovo_qml_type_list target)
         DEPENDS "${HEADERS_list}" "${FOREIGN_list}"
         VERBATIM)
     add_custom_target(${target}_type_list ALL DEPENDS "${arg_OUTPUT}")
+    if(NOT TARGET ovo_type_lists)
+        add_custom_target(ovo_type_lists) # all of them
+    endif()
+    add_dependencies(ovo_type_lists ${target}_type_list)
 endfunction()

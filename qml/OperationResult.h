@@ -65,7 +65,7 @@ Q_SIGNALS:
     void changed();
 
 protected:
-    explicit OperationResult(QObject *parent);
+    explicit OperationResult(QObject *parent = nullptr);
 
     /** The result of the controller; a default one without a controller. */
     virtual Shared::CFileOperationResult result() const = 0;

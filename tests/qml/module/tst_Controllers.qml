@@ -43,8 +43,8 @@ Item {
     TestCase {
         name: "Controllers"
 
-        property CFileCopyController copy
-        property CFileDeleteController deletion
+        property var copy
+        property var deletion
         property string source
         property string destination
 
