@@ -1302,10 +1302,6 @@
         <source>Not correct yet.</source>
         <translation>Noch nicht richtig.</translation>
     </message>
-    <message>
-        <source>Not finished.</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>Tavro::FieldHost::FormFile</name>
