@@ -5,6 +5,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QTranslator>
 
 #include <memory>
 
@@ -36,6 +37,17 @@ const char s_form[] = R"({"format": 1,
         "INS_Cleaned": {"type": "BOL"},
         "OBJ_Offset": {"type": "DEC", "maximum": 5},
         "INS_End": {"type": "DAT"}}})";
+
+/** Knows one word. */
+class OneWord : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *source, const char *, int) const override
+    {
+        return qstrcmp(source, "Yes") == 0 ? QStringLiteral("Ja") : QString();
+    }
+};
 
 } // namespace
 
@@ -235,6 +247,16 @@ void tst_InspectionForm::mandatoryFieldsAreNamedOnceTheUserIsDone()
     QCOMPARE(material->verdictText(), QStringLiteral("Must be filled in."));
     QCOMPARE(m_form->mistakes(), 1);
     QCOMPARE(m_form->firstMistake(), 2);
+
+    m_form->set3d(true);
+    FormField *const section = field(0);
+    section->setText(QStringLiteral("S"));
+    section->setText(QString());
+    QCOMPARE(section->verdict(), FormField::Intermediate);
+    QCOMPARE(section->verdictText(), QStringLiteral("Not finished."));
+    section->finish();
+    QCOMPARE(section->verdict(), FormField::Invalid);
+    QCOMPARE(section->verdictText(), QStringLiteral("Must be filled in."));
 }
 
 void tst_InspectionForm::onlyWhatIsRightIsAccepted()
@@ -324,11 +346,13 @@ void tst_InspectionForm::fieldsFollowTheLocale()
     QCOMPARE(field(7)->verdict(), FormField::Valid);
     const auto *before = field(5)->type();
     QSignalSpy changed(field(5), &FormField::typeChanged);
+    OneWord word;
+    QVERIFY(QCoreApplication::installTranslator(&word));
     const CurrentLocale american(QLocale(QStringLiteral("en_US")));
     QCOMPARE(changed.count(), 1);
     QVERIFY(field(5)->type() != before);
     QCOMPARE(field(5)->choice(), 0);
-    QCOMPARE(field(5)->text(), QStringLiteral("Yes"));
+    QCOMPARE(field(5)->text(), QStringLiteral("Ja"));
     QCOMPARE(field(7)->hint(), QStringLiteral("Date have to match format: M/d/yyyy"));
     QCOMPARE(field(7)->verdict(), FormField::Invalid);
 }

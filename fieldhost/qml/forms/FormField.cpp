@@ -49,6 +49,7 @@ void FormField::setText(const QString &text)
         return;
     }
     m_text = text;
+    m_isTouched = true;
     m_choice = m_type->itemList().size() - 1;
     while (m_choice >= 0 && m_type->textFromListIndex(m_choice) != text) {
         --m_choice;
@@ -79,7 +80,7 @@ QString FormField::verdictText() const
     case Valid:
         return m_text.isEmpty() ? QString() : tr("Right.");
     case Intermediate:
-        return m_text.isEmpty() ? QString() : tr("Not finished.");
+        return m_isTouched ? tr("Not finished.") : QString();
     case Invalid:
         break;
     }
@@ -152,10 +153,7 @@ FormField::Verdict FormField::judged() const
         return m_choice < 0 ? Invalid : Valid;
     }
     QString text = m_text;
-    if (m_rules->validate(text, true)) {
-        return Valid;
-    }
-    return !m_isFinished && m_rules->validate(text, false) ? Intermediate : Invalid;
+    return m_rules->validate(text, true) ? Valid : Invalid;
 }
 
 } // namespace Tavro::FieldHost

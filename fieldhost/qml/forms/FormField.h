@@ -40,10 +40,10 @@ class FormField : public QObject
     Q_PROPERTY(Tavro::Shared::QmlStringListModel *recent READ recent CONSTANT)
 
 public:
-    /** What the rules say: Intermediate may become Valid by more typing. */
+    /** What the rules say. */
     enum Verdict {
         Valid,
-        Intermediate,
+        Intermediate, // empty, and must not stay so; of other texts the rules say yes or no
         Invalid,
     };
     Q_ENUM(Verdict)
@@ -73,8 +73,7 @@ public:
     QString value() const;
 
     Verdict verdict() const { return m_verdict; }
-    /** The verdict as a sentence. Empty for a field that is empty and not finished, or may be so.
-     */
+    /** The verdict as a sentence. Empty for a field that may be empty, or was not touched yet. */
     QString verdictText() const;
     /** Whether the user is done with it. */
     bool isFinished() const { return m_isFinished; }
@@ -112,6 +111,7 @@ private:
     int m_choice = -1;
     Verdict m_verdict = Valid;
     bool m_isFinished = false;
+    bool m_isTouched = false;
 };
 
 } // namespace Tavro::FieldHost
