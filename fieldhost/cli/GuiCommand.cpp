@@ -99,8 +99,7 @@ int runGui(const CommandLine &line, Console &console)
 } // namespace
 
 const Command guiCommand = {
-    "gui",  "Shows the screens.", s_helpText, "dark page= language= font-scale= size=", "",
-    runGui,
+    "gui", "Shows the screens.", s_helpText, "dark page= language= font-scale= size=", "", runGui,
 };
 
 } // namespace Tavro::FieldHost

@@ -17,7 +17,7 @@ Rectangle {
 
     signal chosen(string name)
 
-    implicitWidth: wide ? 280 * Look.fontScale : 80
+    implicitWidth: wide ? 304 * Look.fontScale : 80
     color: Look.surface
 
     component Entry: T.AbstractButton {
@@ -28,6 +28,7 @@ Rectangle {
 
         width: parent.width
         height: rail.entryHeight
+        rightPadding: rail.wide ? 14 : 0
         activeFocusOnTab: true
         font.family: Look.family
         font.pointSize: Look.body

@@ -1,5 +1,6 @@
 #include "fieldhost/qml/forms/InspectionForm.h"
 #include "shared/view3d/ProjectTypeGlobal.h"
+#include "tests/input/CurrentLocale.h"
 #include "tests/support/FileTree.h"
 
 #include <QSignalSpy>
@@ -17,7 +18,8 @@ const char s_catalog[] = R"({"format": 1, "id": "c", "name": "Sewers", "country"
     "language": "DEU", "template": {"id": "t", "unit": "m", "views": [
         {"key": "detail_s", "columns": [{"key": "OBJ_Key"}, {"key": "OBJ_Size", "unit": "mm"},
             {"key": "SEC_Material"}, {"key": "INS_Date"}, {"key": "INS_Weather"},
-            {"key": "INS_Cleaned"}, {"key": "OBJ_Key"}]},
+            {"key": "INS_Cleaned"}, {"key": "OBJ_Key"}, {"key": "OBJ_Offset"},
+            {"key": "INS_End"}]},
         {"key": "overview_s", "columns": [{"key": "OBJ_Key"}, {"key": "SEC_Material"}]}]}})";
 
 const char s_form[] = R"({"format": 1,
@@ -31,7 +33,9 @@ const char s_form[] = R"({"format": 1,
                          "mandatory": true},
         "INS_Date": {"type": "DAT", "displayFormat": "dd.MM.yyyy"},
         "INS_Weather": {"type": "TXT", "list": "weather", "editableList": true},
-        "INS_Cleaned": {"type": "BOL"}}})";
+        "INS_Cleaned": {"type": "BOL"},
+        "OBJ_Offset": {"type": "DEC", "maximum": 5},
+        "INS_End": {"type": "DAT"}}})";
 
 } // namespace
 
@@ -57,7 +61,7 @@ private Q_SLOTS:
     void acceptedTextsAreRemembered();
     void marksFollowTheProject();
     void aViewWithoutObjectsKeepsItsMarks();
-    void aChoiceOutlivesANewDescription();
+    void fieldsFollowTheLocale();
     void aCatalogThatCannotBeUsedIsExplained_data();
     void aCatalogThatCannotBeUsedIsExplained();
     void theFormThatIsOpenOutlivesABrokenOne();
@@ -109,7 +113,7 @@ void tst_InspectionForm::theColumnsOfAViewAreItsFields()
     QCOMPARE(m_form->name(), QStringLiteral("Sewers"));
     QCOMPARE(m_form->views(),
              (QStringList{QStringLiteral("detail_s"), QStringLiteral("overview_s")}));
-    QCOMPARE(m_form->fields().size(), 6); // one key is there twice
+    QCOMPARE(m_form->fields().size(), 8); // one key is there twice
     QCOMPARE(field(0)->caption(), QStringLiteral("Section"));
     QCOMPARE(field(1)->caption(), QStringLiteral("Diameter"));
     QCOMPARE(field(1)->type()->unit(), QStringLiteral("mm"));
@@ -117,6 +121,7 @@ void tst_InspectionForm::theColumnsOfAViewAreItsFields()
         field(1)->hint(),
         QStringLiteral("Minimum value larger or equal 50\nMaximum value smaller or equal 5000"));
     QCOMPARE(field(3)->caption(), QStringLiteral("INS_Date"));
+    QCOMPARE(field(6)->hint(), QStringLiteral("Maximum value smaller or equal 5"));
 }
 
 void tst_InspectionForm::aColumnThatTheFormDoesNotKnowTakesAnyText()
@@ -255,7 +260,7 @@ void tst_InspectionForm::onlyWhatIsRightIsAccepted()
     QCOMPARE(accepted.count(), 1);
     QCOMPARE(m_form->mistakes(), 0);
     const QVariantList record = m_form->record();
-    QCOMPARE(record.size(), 6);
+    QCOMPARE(record.size(), 8);
     QCOMPARE(record.at(1).toMap(),
              (QVariantMap{{QStringLiteral("key"), QStringLiteral("OBJ_Size")},
                           {QStringLiteral("value"), QStringLiteral("300")}}));
@@ -279,7 +284,7 @@ void tst_InspectionForm::acceptedTextsAreRemembered()
 
 void tst_InspectionForm::marksFollowTheProject()
 {
-    QCOMPARE(marks(), (QVector<bool>{false, false, true, false, false, false}));
+    QCOMPARE(marks(), (QVector<bool>{false, false, true, false, false, false, false, false}));
     QSignalSpy changed(m_form.get(), &InspectionForm::is3dChanged);
     field(1)->setText(QStringLiteral("3"));
     field(1)->finish();
@@ -287,7 +292,7 @@ void tst_InspectionForm::marksFollowTheProject()
     QCOMPARE(changed.count(), 1);
     QVERIFY(m_form->is3d());
     QVERIFY(ProjectTypeGlobal::instance().is3d());
-    QCOMPARE(marks(), (QVector<bool>{true, true, false, false, false, false}));
+    QCOMPARE(marks(), (QVector<bool>{true, true, false, false, false, false, true, false}));
     QCOMPARE(field(1)->text(), QStringLiteral("3"));
     QCOMPARE(field(1)->verdict(), FormField::Invalid);
     QVERIFY(field(1)->hint().endsWith(QLatin1String("\nExpression can not be empty")));
@@ -298,7 +303,7 @@ void tst_InspectionForm::marksFollowTheProject()
     ProjectTypeGlobal::instance().setProjectType(QStringLiteral("PRO"));
     QCOMPARE(changed.count(), 2);
     QVERIFY(!m_form->is3d());
-    QCOMPARE(marks(), (QVector<bool>{false, false, true, false, false, false}));
+    QCOMPARE(marks(), (QVector<bool>{false, false, true, false, false, false, false, false}));
     QCOMPARE(field(0)->verdict(), FormField::Valid);
 }
 
@@ -308,19 +313,24 @@ void tst_InspectionForm::aViewWithoutObjectsKeepsItsMarks()
     m_form->set3d(true);
     QCOMPARE(marks(), (QVector<bool>{false, true}));
     m_form->setView(0);
-    QCOMPARE(marks(), (QVector<bool>{true, true, false, false, false, false}));
+    QCOMPARE(marks(), (QVector<bool>{true, true, false, false, false, false, true, false}));
 }
 
-void tst_InspectionForm::aChoiceOutlivesANewDescription()
+void tst_InspectionForm::fieldsFollowTheLocale()
 {
+    const CurrentLocale german(QLocale(QStringLiteral("de_DE")));
     field(5)->setChoice(0);
+    field(7)->setText(QStringLiteral("31.12.2026"));
+    QCOMPARE(field(7)->verdict(), FormField::Valid);
     const auto *before = field(5)->type();
     QSignalSpy changed(field(5), &FormField::typeChanged);
-    m_form->describeAgain();
+    const CurrentLocale american(QLocale(QStringLiteral("en_US")));
     QCOMPARE(changed.count(), 1);
     QVERIFY(field(5)->type() != before);
     QCOMPARE(field(5)->choice(), 0);
     QCOMPARE(field(5)->text(), QStringLiteral("Yes"));
+    QCOMPARE(field(7)->hint(), QStringLiteral("Date have to match format: M/d/yyyy"));
+    QCOMPARE(field(7)->verdict(), FormField::Invalid);
 }
 
 void tst_InspectionForm::aCatalogThatCannotBeUsedIsExplained_data()

@@ -17,7 +17,8 @@ Card {
             { text: qsTr("Errors, warnings and information"), value: 3 },
             { text: qsTr("Everything"), value: 4 }
         ]
-        currentIndex: LogEntries.threshold - 1
+        // by the model, too: it begins again with its first entry in another language
+        currentIndex: model.length > 0 ? LogEntries.threshold - 1 : -1
         onActivated: LogEntries.threshold = index + 1
     }
     Label {

@@ -6,7 +6,7 @@ import OvoFieldHost 1.0
 import "../look"
 
 // Lets the user walk to a directory, or to a file where files are wanted, too. Enter opens what is
-// highlighted, Backspace goes up, Escape leaves everything as it was.
+// highlighted, Backspace opens the parent, Escape leaves everything as it was.
 T.Dialog {
     id: chooser
 
@@ -31,7 +31,7 @@ T.Dialog {
         }
     }
 
-    function goUp() {
+    function openParent() {
         path = path.substring(0, path.lastIndexOf("/")) || "/"
     }
 
@@ -81,7 +81,7 @@ T.Dialog {
                 icon.name: "arrow_upward"
                 text: qsTr("Up")
                 enabled: chooser.path !== "/"
-                onClicked: chooser.goUp()
+                onClicked: chooser.openParent()
             }
             ActionButton {
                 objectName: "chooserHome"
@@ -112,7 +112,7 @@ T.Dialog {
             Keys.onEnterPressed: if (currentItem) currentItem.clicked()
             Keys.onPressed: {
                 if (event.key === Qt.Key_Backspace && chooser.path !== "/") {
-                    chooser.goUp()
+                    chooser.openParent()
                     event.accepted = true
                 }
             }
@@ -121,7 +121,9 @@ T.Dialog {
             model: FolderListModel {
                 id: folder
 
-                folder: "file://" + chooser.path.split("/").map(encodeURIComponent).join("/")
+                // encoded twice: the model decodes the local path a second time
+                folder: "file://" + chooser.path.split("/").map(
+                            name => encodeURIComponent(encodeURIComponent(name))).join("/")
                 showFiles: chooser.files
                 showDirsFirst: true
                 caseSensitive: false

@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Window 2.15
 import OvoFieldHost 1.0
 import OvoSharedBase 1.0
 import "../look"
@@ -74,14 +75,22 @@ Page {
     }
 
     title: qsTr("Export")
+    // there is nothing left to abort
+    onUnderWayChanged: if (!underWay) abortQuestion.close()
 
     ExportModel {
         id: exporter
 
-        onStateChanged: {
-            confirmQuestion.visible = state === ExportState.Confirming
-            if (!page.underWay) {
-                abortQuestion.close()
+        onStateChanged: confirmQuestion.visible = state === ExportState.Confirming
+    }
+    Connections {
+        target: page.Window.window
+
+        // a window that closes ends the export as an abort does
+        function onClosing(close) {
+            if (page.underWay) {
+                close.accepted = false
+                abortQuestion.open()
             }
         }
     }
@@ -135,7 +144,10 @@ Page {
                 width: parent.width
                 icon.name: "folder_open"
                 text: qsTr("Choose directory")
-                onClicked: sourceChooser.openAt(exporter.source)
+                onClicked: {
+                    chooser.forSource = true
+                    chooser.openAt(exporter.source)
+                }
             }
         }
         Card {
@@ -170,7 +182,10 @@ Page {
                 width: parent.width
                 icon.name: "folder_open"
                 text: qsTr("Another directory")
-                onClicked: destinationChooser.openAt(exporter.destination)
+                onClicked: {
+                    chooser.forSource = false
+                    chooser.openAt(exporter.destination)
+                }
             }
         }
     }
@@ -295,14 +310,17 @@ Page {
     }
 
     DirectoryChooser {
-        id: sourceChooser
+        id: chooser
 
-        onChosen: exporter.source = path
-    }
-    DirectoryChooser {
-        id: destinationChooser
+        property bool forSource: false
 
-        onChosen: exporter.destination = path
+        onChosen: {
+            if (forSource) {
+                exporter.source = path
+            } else {
+                exporter.destination = path
+            }
+        }
     }
     Question {
         id: confirmQuestion

@@ -37,7 +37,10 @@ QString FormField::caption() const
 
 QString FormField::hint() const
 {
-    return m_rules->hint();
+    // a decimal without a minimum has the least of all numbers for one, which tells nobody anything
+    const bool isUnbounded =
+        m_type->inputType() == CInputType::InputTypeDecimal && !m_type->minimumValue().isValid();
+    return isUnbounded ? m_rules->hint().section(QLatin1Char('\n'), 1) : m_rules->hint();
 }
 
 void FormField::setText(const QString &text)

@@ -29,6 +29,7 @@ class FormField : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(Tavro::Shared::CInputType *type READ type NOTIFY typeChanged)
+    Q_PROPERTY(QString key READ key CONSTANT)
     Q_PROPERTY(QString caption READ caption NOTIFY typeChanged)
     Q_PROPERTY(QString hint READ hint NOTIFY typeChanged)
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)

@@ -4,6 +4,7 @@
 #include "fieldhost/services/Printable.h"
 #include "host/CColumnDefinition.h"
 #include "host/CProgramView.h"
+#include "shared/locale/GlobalLocaleData.h"
 #include "shared/view3d/Mandatory3dDef.h"
 #include "shared/view3d/ProjectTypeGlobal.h"
 
@@ -41,6 +42,8 @@ InspectionForm::InspectionForm(QObject *parent)
     : QObject(parent)
 {
     connect(&m_reading, &QFutureWatcher<Files>::finished, this, &InspectionForm::take);
+    connect(Shared::GlobalLocaleData::instance(), &Shared::GlobalLocaleData::localeChanged, this,
+            &InspectionForm::describeAgain);
     const auto *project = &ProjectTypeGlobal::instance();
     connect(project, &ProjectTypeGlobal::is3dChanged, this, &InspectionForm::markMandatory);
     connect(project, &ProjectTypeGlobal::is3dChanged, this, &InspectionForm::is3dChanged);

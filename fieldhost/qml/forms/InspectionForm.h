@@ -21,7 +21,7 @@ namespace Tavro::FieldHost {
  *
  * The columns of a view are its fields. A column that is in two views is the same field in both.
  * Whether a field is mandatory depends on the view and on the type of the project, which @ref is3d
- * changes for the whole application.
+ * changes for the whole application. Hints and formats are those of the current locale.
  */
 class InspectionForm : public QObject
 {
@@ -43,7 +43,7 @@ public:
 
     /**
      * Opens the catalog file @p catalog with the form file @p form, which may be empty: then every
-     * column takes any text. Both may be resources, as ":/samples/metric.json".
+     * column takes any text. Both may be resources, as ":/catalogs/metric.json".
      *
      * Returns at once; the files are read in another thread. openingChanged() tells the end. A
      * catalog that cannot be used leaves @ref problem, and the form that is open.
@@ -80,9 +80,6 @@ public:
     bool is3d() const;
     void set3d(bool is3d);
 
-    /** To be called when the language or the locale has changed: describes all fields again. */
-    Q_INVOKABLE void describeAgain();
-
 Q_SIGNALS:
     void openingChanged();
     void catalogChanged();
@@ -102,6 +99,7 @@ private:
 
     static Files read(const QString &catalog, const QString &form);
     void take();
+    void describeAgain();
     void markMandatory();
     QList<FormField *> fieldsOfView() const;
 

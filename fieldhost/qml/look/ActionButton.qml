@@ -31,10 +31,18 @@ T.Button {
 
     contentItem: Item {
         readonly property real iconWidth: icon.visible ? icon.width + row.spacing : 0
+        // not the label's own: asked for its implicit width, a text lays itself out
+        readonly property real textWidth: Math.ceil(metrics.advanceWidth) + 1
 
-        implicitWidth: label.implicitWidth + iconWidth
+        implicitWidth: textWidth + iconWidth
         implicitHeight: Math.max(icon.implicitHeight, label.height)
 
+        TextMetrics {
+            id: metrics
+
+            font: button.font
+            text: button.text
+        }
         Row {
             id: row
 
@@ -53,7 +61,8 @@ T.Button {
 
                 anchors.verticalCenter: parent.verticalCenter
                 visible: text !== ""
-                width: Math.min(implicitWidth, button.availableWidth - button.contentItem.iconWidth)
+                width: Math.min(button.contentItem.textWidth,
+                                button.availableWidth - button.contentItem.iconWidth)
                 text: button.text
                 color: button.ink
                 font: button.font

@@ -6,6 +6,8 @@
 #include "shared/locale/CConversionServices.h"
 #include "shared/locale/CLocaleSupport.h"
 
+#include <QDir>
+
 namespace Tavro::FieldHost {
 
 namespace {
@@ -21,6 +23,7 @@ const SimulatedCrawler &crawler()
 
 Recording::Recording(QObject *parent)
     : QObject(parent)
+    , m_clip(QDir::home().filePath(QStringLiteral("inspection.mp4")))
 {
     m_refresh.setInterval(s_refreshInterval);
     connect(&m_refresh, &QTimer::timeout, this, &Recording::show);
@@ -118,6 +121,7 @@ void Recording::pause()
 {
     if (m_run) {
         m_run->pause();
+        show(); // where it stands
         Q_EMIT stateChanged();
     }
 }

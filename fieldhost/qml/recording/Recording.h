@@ -49,7 +49,7 @@ public:
     ~Recording() override;
 
     State state() const;
-    /** Path of the video; its clip information file lies beside it. */
+    /** Path of the video; its clip information file lies beside it. At first in the home. */
     const QString &clip() const { return m_clip; }
     void setClip(const QString &clip);
     /** How many times faster than real time the next recording passes; 1 at first. */

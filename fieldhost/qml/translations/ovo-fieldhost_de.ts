@@ -2,6 +2,61 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>ClockCard</name>
+    <message>
+        <source>There is no such day. Type it as 2026-11-21.</source>
+        <translation>Diesen Tag gibt es nicht. Eingabe wie 2026-11-21.</translation>
+    </message>
+    <message>
+        <source>There is no such time. Type it as 13:05 or 13:05:30.</source>
+        <translation>Diese Uhrzeit gibt es nicht. Eingabe wie 13:05 oder 13:05:30.</translation>
+    </message>
+    <message>
+        <source>The clock is not set. Setting it needs the rights of root.</source>
+        <translation>Die Uhr wurde nicht gestellt. Dazu sind Rechte von root nötig.</translation>
+    </message>
+    <message>
+        <source>The clock is set.</source>
+        <translation>Die Uhr ist gestellt.</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Uhr</translation>
+    </message>
+    <message>
+        <source>New date</source>
+        <translation>Neues Datum</translation>
+    </message>
+    <message>
+        <source>New time, in UTC</source>
+        <translation>Neue Uhrzeit, in UTC</translation>
+    </message>
+    <message>
+        <source>Set the clock</source>
+        <translation>Uhr stellen</translation>
+    </message>
+    <message>
+        <source>Set the clock?</source>
+        <translation>Uhr stellen?</translation>
+    </message>
+    <message>
+        <source>This takes up to 10 seconds. The screen does not answer meanwhile.</source>
+        <translation>Das dauert bis zu 10 Sekunden. So lange reagiert der Bildschirm nicht.</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Stellen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>The clock is being set…</source>
+        <translation>Die Uhr wird gestellt …</translation>
+    </message>
+</context>
+<context>
     <name>DeletePage</name>
     <message>
         <source>Counting …</source>
@@ -77,6 +132,13 @@
     </message>
 </context>
 <context>
+    <name>DevicePage</name>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+</context>
+<context>
     <name>DirectoryChooser</name>
     <message>
         <source>Choose this directory</source>
@@ -105,6 +167,77 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>DriveCard</name>
+    <message>
+        <source>Clean</source>
+        <translation>Sauber</translation>
+    </message>
+    <message>
+        <source>Dirty: it was pulled too early</source>
+        <translation>Nicht sauber: zu früh abgezogen</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>In Benutzung</translation>
+    </message>
+    <message>
+        <source>Not known: reading it needs more rights</source>
+        <translation>Unbekannt: zum Lesen fehlen Rechte</translation>
+    </message>
+    <message>
+        <source>Has no mark</source>
+        <translation>Keine Markierung</translation>
+    </message>
+    <message>
+        <source>USB drives</source>
+        <translation>USB-Laufwerke</translation>
+    </message>
+    <message>
+        <source>There is no USB drive.</source>
+        <translation>Kein USB-Laufwerk vorhanden.</translation>
+    </message>
+    <message>
+        <source>Nothing on it is mounted.</source>
+        <translation>Nichts davon ist eingehängt.</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>FAT of no known type</source>
+        <translation>FAT unbekannter Art</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Frei</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>The application works with FAT, exFAT and NTFS only.</source>
+        <translation>Die Anwendung arbeitet nur mit FAT, exFAT und NTFS.</translation>
+    </message>
+    <message>
+        <source>To look at a drive, it is mounted for a moment. Do not pull it meanwhile.</source>
+        <translation>Zum Nachsehen wird ein Laufwerk kurz eingehängt. Bitte so lange nicht abziehen.</translation>
+    </message>
+    <message>
+        <source>Looking…</source>
+        <translation>Wird nachgesehen …</translation>
+    </message>
+    <message>
+        <source>Look at the drives</source>
+        <translation>Laufwerke ansehen</translation>
     </message>
 </context>
 <context>
@@ -195,7 +328,7 @@
     </message>
     <message>
         <source>Choose the directory to copy.</source>
-        <translation>Wählen Sie das Verzeichnis, das kopiert werden soll.</translation>
+        <translation>Wählen Sie ein Verzeichnis zum Kopieren.</translation>
     </message>
     <message>
         <source>Counting …</source>
@@ -314,6 +447,253 @@
     </message>
 </context>
 <context>
+    <name>FormEntry</name>
+    <message>
+        <source>Choose</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Before:</source>
+        <translation>Zuletzt:</translation>
+    </message>
+    <message>
+        <source>Not stated</source>
+        <translation>Keine Angabe</translation>
+    </message>
+</context>
+<context>
+    <name>FormPage</name>
+    <message>
+        <source>Sewer inspection, 2D or 3D</source>
+        <translation>Kanalinspektion, 2D oder 3D</translation>
+    </message>
+    <message>
+        <source>Sewers, metric</source>
+        <translation>Kanäle, metrisch</translation>
+    </message>
+    <message>
+        <source>Another catalog</source>
+        <translation>Anderer Katalog</translation>
+    </message>
+    <message>
+        <source>Inspection</source>
+        <translation>Inspektion</translation>
+    </message>
+    <message>
+        <source>Catalog</source>
+        <translation>Katalog</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>3D project</source>
+        <translation>3D-Projekt</translation>
+    </message>
+    <message>
+        <source>File of the catalog</source>
+        <translation>Datei des Katalogs</translation>
+    </message>
+    <message>
+        <source>File of the form, if there is one</source>
+        <translation>Datei des Formulars, falls vorhanden</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>The catalog is being read.</source>
+        <translation>Der Katalog wird gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 The form &quot;%2&quot; stays open.</source>
+        <translation>%1 Das Formular „%2“ bleibt offen.</translation>
+    </message>
+    <message>
+        <source>Fields with a * must be filled in.</source>
+        <translation>Felder mit * müssen ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>Not accepted. Fields that are not right: %1</source>
+        <translation>Nicht übernommen. Zu korrigieren: %1</translation>
+    </message>
+    <message>
+        <source>All fields are right now.</source>
+        <translation>Jetzt stimmen alle Felder.</translation>
+    </message>
+    <message>
+        <source>Accepted.</source>
+        <translation>Übernommen.</translation>
+    </message>
+    <message>
+        <source>Accept</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>Accepted last</source>
+        <translation>Zuletzt übernommen</translation>
+    </message>
+</context>
+<context>
+    <name>Formatted</name>
+    <message>
+        <source>How values look</source>
+        <translation>So sehen Werte aus</translation>
+    </message>
+    <message>
+        <source>Locale of the project: %1</source>
+        <translation>Gebietsschema des Projekts: %1</translation>
+    </message>
+    <message>
+        <source>Locale of the device: %1</source>
+        <translation>Gebietsschema des Geräts: %1</translation>
+    </message>
+    <message>
+        <source>12.5 metres</source>
+        <translation>12,5 Meter</translation>
+    </message>
+    <message>
+        <source>Distance counter at 1234.567</source>
+        <translation>Meterzähler auf 1234,567</translation>
+    </message>
+    <message>
+        <source>Pipe of 300 millimetres</source>
+        <translation>Rohr mit 300 Millimetern</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Pressure</source>
+        <translation>Druck</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Datum und Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Size of a file</source>
+        <translation>Größe einer Datei</translation>
+    </message>
+    <message>
+        <source>Type a distance</source>
+        <translation>Länge eingeben</translation>
+    </message>
+    <message>
+        <source>Point and comma are both taken.</source>
+        <translation>Punkt und Komma gelten beide.</translation>
+    </message>
+    <message>
+        <source>Read as %1.</source>
+        <translation>Gelesen als %1.</translation>
+    </message>
+</context>
+<context>
+    <name>LocalePage</name>
+    <message>
+        <source>Units and language</source>
+        <translation>Einheiten und Sprache</translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Locale of the device</source>
+        <translation>Gebietsschema des Geräts</translation>
+    </message>
+    <message>
+        <source>Catalog of the project</source>
+        <translation>Katalog des Projekts</translation>
+    </message>
+    <message>
+        <source>Another catalog</source>
+        <translation>Anderer Katalog</translation>
+    </message>
+    <message>
+        <source>Path of a file</source>
+        <translation>Pfad einer Datei</translation>
+    </message>
+    <message>
+        <source>Country of the project</source>
+        <translation>Land des Projekts</translation>
+    </message>
+    <message>
+        <source>Language of the project</source>
+        <translation>Sprache des Projekts</translation>
+    </message>
+    <message>
+        <source>Close the project</source>
+        <translation>Projekt schließen</translation>
+    </message>
+    <message>
+        <source>Columns of the catalog</source>
+        <translation>Spalten des Katalogs</translation>
+    </message>
+    <message>
+        <source>%1, from the catalog</source>
+        <translation>%1, aus dem Katalog</translation>
+    </message>
+    <message>
+        <source>%1, as distances</source>
+        <translation>%1, wie Längen</translation>
+    </message>
+</context>
+<context>
+    <name>LogCard</name>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Aufzeichnen</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Errors and warnings</source>
+        <translation>Fehler und Warnungen</translation>
+    </message>
+    <message>
+        <source>Errors, warnings and information</source>
+        <translation>Fehler, Warnungen, Hinweise</translation>
+    </message>
+    <message>
+        <source>Everything</source>
+        <translation>Alles</translation>
+    </message>
+    <message>
+        <source>Nothing has been logged.</source>
+        <translation>Das Protokoll ist leer.</translation>
+    </message>
+    <message>
+        <source>Forget the entries</source>
+        <translation>Protokoll leeren</translation>
+    </message>
+</context>
+<context>
     <name>Main</name>
     <message>
         <source>Export</source>
@@ -333,7 +713,7 @@
     </message>
     <message>
         <source>Units and language</source>
-        <translation>Einheiten und Sprache</translation>
+        <translation>Einheiten, Sprache</translation>
     </message>
     <message>
         <source>Device</source>
@@ -345,6 +725,25 @@
     </message>
 </context>
 <context>
+    <name>Plots</name>
+    <message>
+        <source>Distance in %1</source>
+        <translation>Vorschub in %1</translation>
+    </message>
+    <message>
+        <source>Pan in degrees</source>
+        <translation>Schwenk in Grad</translation>
+    </message>
+    <message>
+        <source>Tilt in degrees</source>
+        <translation>Neigung in Grad</translation>
+    </message>
+    <message>
+        <source>Time in seconds</source>
+        <translation>Zeit in Sekunden</translation>
+    </message>
+</context>
+<context>
     <name>Rail</name>
     <message>
         <source>Light colours</source>
@@ -353,6 +752,81 @@
     <message>
         <source>Dark colours</source>
         <translation>Dunkle Farben</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingPage</name>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>Video, beside which the file is written</source>
+        <translation>Video, neben dem die Messdatei liegt</translation>
+    </message>
+    <message>
+        <source>Time passes</source>
+        <translation>Zeit läuft</translation>
+    </message>
+    <message>
+        <source>as it does</source>
+        <translation>in Echtzeit</translation>
+    </message>
+    <message>
+        <source>10 times faster</source>
+        <translation>10-mal schneller</translation>
+    </message>
+    <message>
+        <source>50 times faster</source>
+        <translation>50-mal schneller</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Go on</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Enter an observation</source>
+        <translation>Beobachtung eintragen</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Stop writes the file. After a long recording the window waits for it.</source>
+        <translation>Beim Beenden wird die Messdatei geschrieben. Nach langer Aufnahme wartet das Fenster darauf.</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Observations</source>
+        <translation>Beobachtungen</translation>
+    </message>
+    <message>
+        <source>Recorded trace</source>
+        <translation>Aufgezeichneter Verlauf</translation>
+    </message>
+    <message>
+        <source>Video, or its clip information file</source>
+        <translation>Video oder seine Messdatei</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>The file is being read.</source>
+        <translation>Die Datei wird gelesen.</translation>
     </message>
 </context>
 <context>
@@ -1246,6 +1720,41 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     <message>
         <source>%1 pipes, sockets or devices</source>
         <translation>%1 Pipes, Sockets oder Geräte</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::ProjectLocale</name>
+    <message>
+        <source>The catalog %1 cannot be read: %2.</source>
+        <translation>Der Katalog %1 ist nicht lesbar: %2.</translation>
+    </message>
+    <message>
+        <source>The catalog %1 cannot be used. Line %2, column %3: %4.</source>
+        <translation>Der Katalog %1 ist nicht brauchbar. Zeile %2, Spalte %3: %4.</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s country code %1 is not known.</source>
+        <translation>Das Länderkürzel %1 des Katalogs ist unbekannt.</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s language code %1 is not known.</source>
+        <translation>Das Sprachkürzel %1 des Katalogs ist unbekannt.</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s unit %1 is none of distances, so the locale decides.</source>
+        <translation>Die Einheit %1 des Katalogs ist keine Längeneinheit; das Gebietsschema entscheidet.</translation>
+    </message>
+    <message>
+        <source>Distances are in %1, as the catalog has it.</source>
+        <translation>Längen in %1, wie im Katalog.</translation>
+    </message>
+    <message>
+        <source>Distances are in %1, as the locale has it.</source>
+        <translation>Längen in %1, wie im Gebietsschema.</translation>
+    </message>
+    <message>
+        <source>Shown as %1.</source>
+        <translation>Angezeigt als %1.</translation>
     </message>
 </context>
 <context>

@@ -6,9 +6,11 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFontMetricsF>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickWindow>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtQuickTest>
 
@@ -178,6 +180,9 @@ private:
         if (!isInput && item->property("contentHeight").toReal() > item->height() + 1) {
             fault(item, QStringLiteral("is higher than its place"));
         }
+        if (!isInput && !isIcon(item)) {
+            checkWords(item);
+        }
         if (isIcon(item)) {
             if (item->property("contentWidth").toReal()
                 > 1.2 * QFontInfo(item->property("font").value<QFont>()).pixelSize()) {
@@ -191,6 +196,20 @@ private:
         if (ink.left() < -1 || ink.right() > m_window.right() + 1
             || (!scrolls && (ink.top() < -1 || ink.bottom() > m_window.bottom() + 1))) {
             fault(item, QStringLiteral("is outside of the window"));
+        }
+    }
+
+    // what has no place in a line goes on in the next; a path may
+    void checkWords(const QQuickItem *item)
+    {
+        const QFontMetricsF metrics(item->property("font").value<QFont>());
+        static const QRegularExpression gap(QStringLiteral("[\\s-]"));
+        const QStringList words = textOf(item).split(gap);
+        for (const QString &word : words) {
+            if (!word.contains(QLatin1Char('/'))
+                && metrics.horizontalAdvance(word) > item->width() + 1) {
+                fault(item, QStringLiteral("breaks the word ") + word);
+            }
         }
     }
 

@@ -143,7 +143,7 @@ Item {
         }
 
         function test_aDistanceIsTyped(data) {
-            choose("country", "Deutschland (D)")
+            choose("country", "France (F)")
             fill("typedDistance", data.text)
             compare(item("typedDistance").message, "Read as 1,50 m.")
         }
