@@ -17,7 +17,7 @@ Rectangle {
 
     signal chosen(string name)
 
-    implicitWidth: wide ? 304 * Look.fontScale : 80
+    implicitWidth: wide ? 280 * Look.fontScale : 80
     color: Look.surface
 
     component Entry: T.AbstractButton {

@@ -173,14 +173,14 @@ void tst_InspectionForm::verdictsFollowTheText_data()
         QTest::newRow(name) << column << QString::fromLatin1(text) << QString::fromLatin1(typing)
                             << QString::fromLatin1(finished);
     };
-    row("a short text", 0, "S1", "Right.", "Right.");
-    row("a text too long", 0, "S1234", "Not right yet.", "Not right.");
-    row("a number", 1, "300", "Right.", "Right.");
-    row("a number that is too small so far", 1, "3", "Not right yet.", "Not right.");
-    row("a word for a number", 1, "wide", "Not right yet.", "Not right.");
+    row("a short text", 0, "S1", "Correct.", "Correct.");
+    row("a text too long", 0, "S1234", "Not correct yet.", "Not correct.");
+    row("a number", 1, "300", "Correct.", "Correct.");
+    row("a number that is too small so far", 1, "3", "Not correct yet.", "Not correct.");
+    row("a word for a number", 1, "wide", "Not correct yet.", "Not correct.");
     row("no number where none is needed", 1, "", "", "");
-    row("a day", 3, "29.02.2024", "Right.", "Right.");
-    row("a day that is none", 3, "29.02.2023", "Not right yet.", "Not right.");
+    row("a day", 3, "29.02.2024", "Correct.", "Correct.");
+    row("a day that is none", 3, "29.02.2023", "Not correct yet.", "Not correct.");
     row("no day where none is needed", 3, "", "", "");
 }
 
@@ -253,7 +253,7 @@ void tst_InspectionForm::mandatoryFieldsAreNamedOnceTheUserIsDone()
     section->setText(QStringLiteral("S"));
     section->setText(QString());
     QCOMPARE(section->verdict(), FormField::Intermediate);
-    QCOMPARE(section->verdictText(), QStringLiteral("Not finished."));
+    QCOMPARE(section->verdictText(), QStringLiteral("Not complete."));
     section->finish();
     QCOMPARE(section->verdict(), FormField::Invalid);
     QCOMPARE(section->verdictText(), QStringLiteral("Must be filled in."));

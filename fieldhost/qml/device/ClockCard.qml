@@ -45,7 +45,7 @@ Card {
             expect("time", wanted.time)
         }
         outcomeKind = failed ? "bad" : "good"
-        outcome = failed ? qsTr("The clock is not set. Setting it needs the rights of root.")
+        outcome = failed ? qsTr("The clock was not set. Only root may set it.")
                          : qsTr("The clock is set.")
         read()
     }
@@ -136,7 +136,7 @@ Card {
         cancelText: qsTr("Cancel")
         onAccepted: {
             card.outcomeKind = "info"
-            card.outcome = qsTr("The clock is being set…")
+            card.outcome = qsTr("The clock is being set …")
             setting.start()
         }
     }

@@ -87,7 +87,7 @@ Card {
     ActionButton {
         objectName: "lookAtDrives"
         icon.name: "usb"
-        text: list.isLooking ? qsTr("Looking…") : qsTr("Look at the drives")
+        text: list.isLooking ? qsTr("Looking …") : qsTr("Look at the drives")
         enabled: !list.isLooking
         onClicked: list.look()
     }

@@ -38,7 +38,7 @@ Card {
     ActionButton {
         objectName: "clearLog"
         icon.name: "delete"
-        text: qsTr("Forget the entries")
+        text: qsTr("Clear the log")
         enabled: LogEntries.lines.length > 0
         onClicked: LogEntries.clear()
     }

@@ -84,7 +84,7 @@ Page {
         Fact {
             objectName: "totalSize"
             visible: deleter.entries.length > 1
-            caption: qsTr("Together")
+            caption: qsTr("Total")
             value: page.sizeText(deleter.totalSize)
         }
         ActionButton {

@@ -66,7 +66,7 @@ Page {
 
     function abortText() {
         if (exporter.state === ExportState.Verifying && exporter.landingExists) {
-            return qsTr("The copy in %1 stays, but it is not compared to its end.").arg(exporter.landing)
+            return qsTr("The copy in %1 stays, but it is not compared to the end.").arg(exporter.landing)
         }
         return exporter.landingExists
                 ? qsTr("The unfinished copy is removed. What was in %1 before stays as it was.")
@@ -264,7 +264,7 @@ Page {
                 width: parent.buttonWidth
                 visible: exporter.state === ExportState.Copying || exporter.state === ExportState.Paused
                 icon.name: exporter.state === ExportState.Paused ? "play_arrow" : "pause"
-                text: exporter.state === ExportState.Paused ? qsTr("Go on") : qsTr("Pause")
+                text: exporter.state === ExportState.Paused ? qsTr("Resume") : qsTr("Pause")
                 onClicked: exporter.state === ExportState.Paused ? exporter.resume() : exporter.pause()
             }
             ActionButton {
@@ -325,7 +325,8 @@ Page {
     Question {
         id: confirmQuestion
 
-        title: qsTr("Replace %n file(s)?", "", exporter.replacedFiles)
+        title: exporter.replacedFiles === 1
+               ? qsTr("Replace 1 file?") : qsTr("Replace %1 files?").arg(exporter.replacedFiles)
         text: qsTr("%1 holds files of the same name. They are replaced once all of the copy is whole.")
               .arg(exporter.landing)
         confirmText: qsTr("Replace")

@@ -78,16 +78,16 @@ QString FormField::verdictText() const
 {
     switch (m_verdict) {
     case Valid:
-        return m_text.isEmpty() ? QString() : tr("Right.");
+        return m_text.isEmpty() ? QString() : tr("Correct.");
     case Intermediate:
-        return m_isTouched ? tr("Not finished.") : QString();
+        return m_isTouched ? tr("Not complete.") : QString();
     case Invalid:
         break;
     }
     if (m_text.isEmpty()) {
         return tr("Must be filled in.");
     }
-    return m_isFinished ? tr("Not right.") : tr("Not right yet.");
+    return m_isFinished ? tr("Not correct.") : tr("Not correct yet.");
 }
 
 void FormField::finish()

@@ -172,8 +172,8 @@ Page {
             kind: "bad"
             text: !page.isRefused ? ""
                                   : form.mistakes > 0
-                                    ? qsTr("Not accepted. Fields that are not right: %1").arg(form.mistakes)
-                                    : qsTr("All fields are right now.")
+                                    ? qsTr("Not accepted. Fields to correct: %1").arg(form.mistakes)
+                                    : qsTr("All fields are correct now.")
         }
         Notice {
             objectName: "accepted"
@@ -191,7 +191,7 @@ Page {
     Card {
         visible: form.record.length > 0
 
-        Heading { text: qsTr("Accepted last") }
+        Heading { text: qsTr("Last accepted") }
         Repeater {
             model: form.record
 

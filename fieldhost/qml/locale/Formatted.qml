@@ -81,7 +81,7 @@ Card {
         caption: qsTr("Type a distance")
         unit: card.formats.distanceUnit()
         inputMethodHints: Qt.ImhFormattedNumbersOnly
-        message: text === "" ? qsTr("Point and comma are both taken.")
+        message: text === "" ? qsTr("Both point and comma are accepted.")
                              : qsTr("Read as %1.").arg(card.formats.distance(
                                                            card.formats.distanceFrom(text)))
     }

@@ -250,7 +250,7 @@ QStringList ProjectLocale::warnings() const
     }
     const QString unit = m_template->unit();
     if (!unit.isEmpty() && !isDistanceUnit(unit)) {
-        sentences += tr("The catalog's unit %1 is none of distances, so the locale decides.")
+        sentences += tr("The catalog's unit %1 is not a unit of distance, so the locale decides.")
                          .arg(quoted(unit));
     }
     return sentences;

@@ -63,6 +63,7 @@ FocusScope {
             }
 
             contentItem: Label {
+                width: 0 // the control sets it
                 text: box.displayText
                 font: box.font
                 color: box.enabled ? Look.text : Look.muted
@@ -97,6 +98,7 @@ FocusScope {
                                           : Array.isArray(box.model) ? modelData[box.textRole]
                                                                      : model[box.textRole]
                 contentItem: Label {
+                    width: 0 // the control sets it
                     text: entry.text
                     color: entry.highlighted ? Look.accentText : Look.text
                     font.weight: box.currentIndex === index ? Font.DemiBold : Font.Normal

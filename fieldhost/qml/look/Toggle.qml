@@ -27,6 +27,7 @@ T.Switch {
     Keys.onEnterPressed: turn()
 
     contentItem: Label {
+        width: 0 // the control sets it
         text: control.text
         font: control.font
         color: control.enabled ? Look.text : Look.muted

@@ -52,7 +52,7 @@ Page {
                 textRole: "text"
                 enabled: !page.isRecording
                 model: [
-                    { text: qsTr("as it does"), value: 1 },
+                    { text: qsTr("in real time"), value: 1 },
                     { text: qsTr("10 times faster"), value: 10 },
                     { text: qsTr("50 times faster"), value: 50 }
                 ]
@@ -84,7 +84,7 @@ Page {
                 visible: recording.state === Recording.Paused
                 kind: "primary"
                 icon.name: "play_arrow"
-                text: qsTr("Go on")
+                text: qsTr("Resume")
                 onClicked: recording.resume()
             }
             ActionButton {

@@ -12,10 +12,6 @@
         <translation>Diese Uhrzeit gibt es nicht. Eingabe wie 13:05 oder 13:05:30.</translation>
     </message>
     <message>
-        <source>The clock is not set. Setting it needs the rights of root.</source>
-        <translation>Die Uhr wurde nicht gestellt. Dazu sind Rechte von root nötig.</translation>
-    </message>
-    <message>
         <source>The clock is set.</source>
         <translation>Die Uhr ist gestellt.</translation>
     </message>
@@ -52,7 +48,11 @@
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>The clock is being set…</source>
+        <source>The clock was not set. Only root may set it.</source>
+        <translation>Die Uhr wurde nicht gestellt. Das darf nur root.</translation>
+    </message>
+    <message>
+        <source>The clock is being set …</source>
         <translation>Die Uhr wird gestellt …</translation>
     </message>
 </context>
@@ -95,10 +95,6 @@
         <translation>Behalten</translation>
     </message>
     <message>
-        <source>Together</source>
-        <translation>Zusammen</translation>
-    </message>
-    <message>
         <source>Choose a directory or file</source>
         <translation>Verzeichnis oder Datei wählen</translation>
     </message>
@@ -129,6 +125,10 @@
     <message>
         <source>Keep everything</source>
         <translation>Alles behalten</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
     </message>
 </context>
 <context>
@@ -232,12 +232,12 @@
         <translation>Zum Nachsehen wird ein Laufwerk kurz eingehängt. Bitte so lange nicht abziehen.</translation>
     </message>
     <message>
-        <source>Looking…</source>
-        <translation>Wird nachgesehen …</translation>
-    </message>
-    <message>
         <source>Look at the drives</source>
         <translation>Laufwerke ansehen</translation>
+    </message>
+    <message>
+        <source>Looking …</source>
+        <translation>Wird nachgesehen …</translation>
     </message>
 </context>
 <context>
@@ -305,10 +305,6 @@
     <message>
         <source>This waits until no other program uses the drive. Leave it plugged in.</source>
         <translation>Das dauert, bis kein anderes Programm das Laufwerk benutzt. Bitte eingesteckt lassen.</translation>
-    </message>
-    <message>
-        <source>The copy in %1 stays, but it is not compared to its end.</source>
-        <translation>Die Kopie in %1 bleibt, wird aber nicht zu Ende verglichen.</translation>
     </message>
     <message>
         <source>The unfinished copy is removed. What was in %1 before stays as it was.</source>
@@ -395,10 +391,6 @@
         <translation>Restzeit</translation>
     </message>
     <message>
-        <source>Go on</source>
-        <translation>Fortsetzen</translation>
-    </message>
-    <message>
         <source>Pause</source>
         <translation>Anhalten</translation>
     </message>
@@ -413,13 +405,6 @@
     <message>
         <source>Back</source>
         <translation>Zurück</translation>
-    </message>
-    <message numerus="yes">
-        <source>Replace %n file(s)?</source>
-        <translation>
-            <numerusform>%n Datei ersetzen?</numerusform>
-            <numerusform>%n Dateien ersetzen?</numerusform>
-        </translation>
     </message>
     <message>
         <source>%1 holds files of the same name. They are replaced once all of the copy is whole.</source>
@@ -444,6 +429,22 @@
     <message>
         <source>Go on copying</source>
         <translation>Weiter kopieren</translation>
+    </message>
+    <message>
+        <source>The copy in %1 stays, but it is not compared to the end.</source>
+        <translation>Die Kopie in %1 bleibt, wird aber nicht zu Ende verglichen.</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Replace 1 file?</source>
+        <translation>1 Datei ersetzen?</translation>
+    </message>
+    <message>
+        <source>Replace %1 files?</source>
+        <translation>%1 Dateien ersetzen?</translation>
     </message>
 </context>
 <context>
@@ -516,14 +517,6 @@
         <translation>Felder mit * müssen ausgefüllt werden.</translation>
     </message>
     <message>
-        <source>Not accepted. Fields that are not right: %1</source>
-        <translation>Nicht übernommen. Zu korrigieren: %1</translation>
-    </message>
-    <message>
-        <source>All fields are right now.</source>
-        <translation>Jetzt stimmen alle Felder.</translation>
-    </message>
-    <message>
         <source>Accepted.</source>
         <translation>Übernommen.</translation>
     </message>
@@ -532,7 +525,15 @@
         <translation>Übernehmen</translation>
     </message>
     <message>
-        <source>Accepted last</source>
+        <source>Not accepted. Fields to correct: %1</source>
+        <translation>Nicht übernommen. Zu korrigieren: %1</translation>
+    </message>
+    <message>
+        <source>All fields are correct now.</source>
+        <translation>Jetzt stimmen alle Felder.</translation>
+    </message>
+    <message>
+        <source>Last accepted</source>
         <translation>Zuletzt übernommen</translation>
     </message>
 </context>
@@ -599,12 +600,12 @@
         <translation>Länge eingeben</translation>
     </message>
     <message>
-        <source>Point and comma are both taken.</source>
-        <translation>Punkt und Komma gelten beide.</translation>
-    </message>
-    <message>
         <source>Read as %1.</source>
         <translation>Gelesen als %1.</translation>
+    </message>
+    <message>
+        <source>Both point and comma are accepted.</source>
+        <translation>Punkt und Komma gelten beide.</translation>
     </message>
 </context>
 <context>
@@ -689,7 +690,7 @@
         <translation>Das Protokoll ist leer.</translation>
     </message>
     <message>
-        <source>Forget the entries</source>
+        <source>Clear the log</source>
         <translation>Protokoll leeren</translation>
     </message>
 </context>
@@ -769,10 +770,6 @@
         <translation>Zeit läuft</translation>
     </message>
     <message>
-        <source>as it does</source>
-        <translation>in Echtzeit</translation>
-    </message>
-    <message>
         <source>10 times faster</source>
         <translation>10-mal schneller</translation>
     </message>
@@ -787,10 +784,6 @@
     <message>
         <source>Pause</source>
         <translation>Anhalten</translation>
-    </message>
-    <message>
-        <source>Go on</source>
-        <translation>Fortsetzen</translation>
     </message>
     <message>
         <source>Enter an observation</source>
@@ -827,6 +820,14 @@
     <message>
         <source>The file is being read.</source>
         <translation>Die Datei wird gelesen.</translation>
+    </message>
+    <message>
+        <source>in real time</source>
+        <translation>in Echtzeit</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
     </message>
 </context>
 <context>
@@ -1274,24 +1275,8 @@
 <context>
     <name>Tavro::FieldHost::FormField</name>
     <message>
-        <source>Right.</source>
-        <translation>Richtig.</translation>
-    </message>
-    <message>
-        <source>Not finished.</source>
-        <translation>Noch unvollständig.</translation>
-    </message>
-    <message>
         <source>Must be filled in.</source>
         <translation>Muss ausgefüllt werden.</translation>
-    </message>
-    <message>
-        <source>Not right.</source>
-        <translation>Nicht richtig.</translation>
-    </message>
-    <message>
-        <source>Not right yet.</source>
-        <translation>Noch nicht richtig.</translation>
     </message>
     <message>
         <source>Yes</source>
@@ -1300,6 +1285,22 @@
     <message>
         <source>No</source>
         <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Correct.</source>
+        <translation>Richtig.</translation>
+    </message>
+    <message>
+        <source>Not complete.</source>
+        <translation>Unvollständig.</translation>
+    </message>
+    <message>
+        <source>Not correct.</source>
+        <translation>Nicht richtig.</translation>
+    </message>
+    <message>
+        <source>Not correct yet.</source>
+        <translation>Noch nicht richtig.</translation>
     </message>
 </context>
 <context>
@@ -1741,10 +1742,6 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
         <translation>Das Sprachkürzel %1 des Katalogs ist unbekannt.</translation>
     </message>
     <message>
-        <source>The catalog&apos;s unit %1 is none of distances, so the locale decides.</source>
-        <translation>Die Einheit %1 des Katalogs ist keine Längeneinheit; das Gebietsschema entscheidet.</translation>
-    </message>
-    <message>
         <source>Distances are in %1, as the catalog has it.</source>
         <translation>Längen in %1, wie im Katalog.</translation>
     </message>
@@ -1755,6 +1752,10 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     <message>
         <source>Shown as %1.</source>
         <translation>Angezeigt als %1.</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s unit %1 is not a unit of distance, so the locale decides.</source>
+        <translation>Die Einheit %1 des Katalogs ist keine Längeneinheit; das Gebietsschema entscheidet.</translation>
     </message>
 </context>
 <context>

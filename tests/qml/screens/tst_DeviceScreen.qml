@@ -154,7 +154,7 @@ Item {
             click("setClock")
             click("questionConfirm")
             tryCompare(item("clockOutcome"), "kind", "bad")
-            verify(item("clockOutcome").text.startsWith("The clock is not set."))
+            verify(item("clockOutcome").text.startsWith("The clock was not set."))
         }
 
         function test_mistakesAreTold_data() {

@@ -202,7 +202,7 @@ Item {
             tryVerify(() => item("bytes").value === "97.7 KiB of 97.7 KiB")
             verify(!screenTest.exists(landing + "/later.txt"))
             compare(item("rate").value, "–")
-            compare(item("pause").text, "Go on")
+            compare(item("pause").text, "Resume")
             tap("pause")
             verifyResult("The export is done")
             verify(screenTest.areSame(project, landing))

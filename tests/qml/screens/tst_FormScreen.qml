@@ -84,16 +84,16 @@ Item {
         function test_verdictsWhileTyping() {
             const field = item("OBJ_Size")
             fill("OBJ_Size", "3")
-            compare(field.message, "Not right yet. Minimum value larger or equal 50. "
+            compare(field.message, "Not correct yet. Minimum value larger or equal 50. "
                     + "Maximum value smaller or equal 5000.")
             compare(field.messageKind, "info")
             type("00")
-            compare(field.message, "Right.")
+            compare(field.message, "Correct.")
             compare(field.messageKind, "good")
             type("0000")
-            verify(field.message.startsWith("Not right yet. "))
+            verify(field.message.startsWith("Not correct yet. "))
             keyClick(Qt.Key_Return) // done with it, on to the next one
-            verify(field.message.startsWith("Not right. "))
+            verify(field.message.startsWith("Not correct. "))
             compare(field.messageKind, "bad")
             verify(item("OBJ_Offset").input.activeFocus)
         }
@@ -103,25 +103,25 @@ Item {
             fill("OBJ_Size", "wide")
             tap("accept")
             // the section, the diameter, and the material and length that are missing
-            compare(item("refused").text, "Not accepted. Fields that are not right: 4")
+            compare(item("refused").text, "Not accepted. Fields to correct: 4")
             verify(item("OBJ_Key").input.activeFocus)
             compare(item("OBJ_Key").message,
-                    "Not right. Maximum length smaller or equal 20. Expression can not be empty.")
-            compare(item("OBJ_Size").message, "Not right. Minimum value larger or equal 50. "
+                    "Not correct. Maximum length smaller or equal 20. Expression can not be empty.")
+            compare(item("OBJ_Size").message, "Not correct. Minimum value larger or equal 50. "
                     + "Maximum value smaller or equal 5000.")
             compare(item("SEC_MaterialMessage").text, "Must be filled in.")
             verify(item("SEC_Length").message.startsWith("Must be filled in. "))
             verify(!shown("record0"))
 
             fill("SEC_Length", "12,5")
-            compare(item("SEC_Length").message, "Right.")
+            compare(item("SEC_Length").message, "Correct.")
             fill("OBJ_Key", "S 17")
             fill("OBJ_Size", "300")
             click("accept")
-            compare(item("refused").text, "Not accepted. Fields that are not right: 1")
+            compare(item("refused").text, "Not accepted. Fields to correct: 1")
             verify(item("SEC_Material").box.activeFocus)
             choose("SEC_Material", "Vitrified clay")
-            compare(item("refused").text, "All fields are right now.")
+            compare(item("refused").text, "All fields are correct now.")
             keyClick(Qt.Key_Tab) // away from the list
             item("accept").forceActiveFocus(Qt.TabFocusReason)
             keyClick(Qt.Key_Enter)
@@ -146,7 +146,7 @@ Item {
             verify(!shown("OBJ_KeyRecent3")) // three lines, as the library's list has it
             tap("OBJ_KeyRecent2")
             compare(item("OBJ_Key").text, "S 2")
-            compare(item("OBJ_Key").message, "Right.")
+            compare(item("OBJ_Key").message, "Correct.")
             click("accept")
             compare(item("OBJ_KeyRecent0").text, "S 2")
             compare(item("OBJ_KeyRecent1").text, "S 4")
@@ -161,26 +161,26 @@ Item {
             keyClick(Qt.Key_Return)
             tryVerify(() => !box.popup.visible)
             compare(item("SEC_Material").displayText, "Concrete")
-            compare(item("SEC_MaterialMessage").text, "Right.")
+            compare(item("SEC_MaterialMessage").text, "Correct.")
         }
 
         function test_anOptionalListCanBeLeftAgain() {
             choose("INS_InspectionDir", "Upstream")
-            compare(item("INS_InspectionDirMessage").text, "Right.")
+            compare(item("INS_InspectionDirMessage").text, "Correct.")
             choose("INS_InspectionDir", "Not stated")
             verify(!shown("INS_InspectionDirMessage"))
         }
 
         function test_anEditableListOffersItsEntries() {
             fill("INS_Weather", "Hail")
-            compare(item("INS_Weather").message, "Right.")
+            compare(item("INS_Weather").message, "Correct.")
             tap("INS_WeatherSuggestion1")
             compare(item("INS_Weather").text, "Rain")
         }
 
         function test_aTruthValueIsYesOrNo() {
             choose("INS_Cleaned", "Yes")
-            compare(item("INS_CleanedMessage").text, "Right.")
+            compare(item("INS_CleanedMessage").text, "Correct.")
         }
 
         function test_marksFollowTheProject() {
@@ -201,14 +201,14 @@ Item {
             compare(item("SEC_Material").displayText, "Concrete")
             verify(screenTest.visibleTexts(root).includes("From manhole *"))
             click("accept")
-            compare(item("refused").text, "Not accepted. Fields that are not right: 5")
+            compare(item("refused").text, "Not accepted. Fields to correct: 5")
 
             item("is3d").forceActiveFocus(Qt.TabFocusReason)
             keyClick(Qt.Key_Space)
             verify(!ProjectTypeGlobal.is3d)
             verify(!item("OBJ_FromNode_REF").mandatory)
             verify(item("SEC_Length").mandatory)
-            compare(item("refused").text, "Not accepted. Fields that are not right: 2")
+            compare(item("refused").text, "Not accepted. Fields to correct: 2")
             // in views that place no objects nothing changes
             choose("viewChoice", "overview_s")
             verify(!shown("refused"))

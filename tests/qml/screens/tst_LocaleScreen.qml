@@ -132,7 +132,7 @@ Item {
             keyClick(Qt.Key_Enter)
             compare(ProjectLocale.catalogName, "Sewers, metric")
             verify(screenTest.visibleTexts(window.contentItem)
-                   .includes("The catalog's country code \"XX\" is not known."))
+                   .includes("Das Länderkürzel \"XX\" des Katalogs ist unbekannt."))
             compare(item("country").displayText, "XX")
             choose("country", "Schweiz (CH)")
             compare(ProjectLocale.warnings, [])
@@ -143,9 +143,9 @@ Item {
         }
 
         function test_aDistanceIsTyped(data) {
-            choose("country", "Deutschland (D)")
+            choose("country", "France (F)")
             fill("typedDistance", data.text)
-            compare(item("typedDistance").message, "Read as 1,50 m.")
+            compare(item("typedDistance").message, "Gelesen als 1,50 m.")
         }
 
         function test_languageOfTheScreens() {
