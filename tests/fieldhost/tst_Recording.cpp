@@ -227,7 +227,7 @@ void tst_Recording::aCurveKeepsItsFirstAndLastPoints()
     for (int i = 1; i < curve.count(); ++i) {
         widest = qMax(widest, curve.points().at(i).x() - curve.points().at(i - 1).x());
     }
-    QVERIFY2(widest <= 2 * 4000.0 / (PlotCurve::most / 2), qPrintable(QString::number(widest)));
+    QVERIFY2(widest <= 2 * 4000.0 / PlotCurve::most * 2, qPrintable(QString::number(widest)));
     curve.show();
     QCOMPARE(shown.count(), 1);
     curve.clear();

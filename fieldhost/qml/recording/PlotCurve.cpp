@@ -51,7 +51,7 @@ void PlotCurve::add(double time, double value)
             m_points[i] = m_points.at(2 * i);
         }
         m_points.resize(most / 2);
-        m_interval = (time - m_points.first().x()) / (most / 2);
+        m_interval = 2 * (time - m_points.first().x()) / most;
     }
     m_points += QPointF(time, value);
 }

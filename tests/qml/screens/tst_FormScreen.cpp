@@ -25,7 +25,7 @@ public:
     QString directory() const { return m_directory.path(); }
 
 private:
-    const ::Test::TemporaryFolder m_directory;
+    ::Test::TemporaryFolder m_directory;
 };
 
 } // namespace
@@ -33,7 +33,7 @@ private:
 int main(int argc, char *argv[])
 {
     return runScreenTest(argc, argv, "tst_FormScreen",
-                         [] { return static_cast<ScreenTest *>(new FormScreenTest); });
+                         []() -> ScreenTest * { return new FormScreenTest; });
 }
 
 #include "tst_FormScreen.moc"

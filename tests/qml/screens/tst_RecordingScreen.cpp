@@ -41,7 +41,7 @@ public:
     }
 
 private:
-    const ::Test::TemporaryFolder m_directory;
+    ::Test::TemporaryFolder m_directory;
 };
 
 } // namespace
@@ -49,7 +49,7 @@ private:
 int main(int argc, char *argv[])
 {
     return runScreenTest(argc, argv, "tst_RecordingScreen",
-                         [] { return static_cast<ScreenTest *>(new RecordingScreenTest); });
+                         []() -> ScreenTest * { return new RecordingScreenTest; });
 }
 
 #include "tst_RecordingScreen.moc"
