@@ -1,5 +1,5 @@
-# `cpack` in a build directory makes two packages: the library, and what a host needs to build
-# against it.
+# `cpack` in a build directory makes the packages: the library, what a host needs to build against
+# it, and the QML module.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ovo-shared-base)
 set(CPACK_PACKAGE_CONTACT "The OvoSharedBase maintainers <maintainers@ovo-shared-base.invalid>")
@@ -13,6 +13,9 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL Runtime Development)
+if(TARGET OvoSharedBaseQml)
+    list(APPEND CPACK_COMPONENTS_ALL Qml)
+endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # so that a package of a program built against this one depends on it
@@ -24,8 +27,18 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libovosharedbase-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "libovosharedbase1 (= ${PROJECT_VERSION}), qtbase5-dev (>= 5.15)")
+# the archive of the QML module needs Qt's, and editors find its type list by the module
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_RECOMMENDS
+    "qml-module-ovosharedbase (= ${PROJECT_VERSION}), qtdeclarative5-dev (>= 5.15)")
+set(CPACK_DEBIAN_QML_PACKAGE_NAME qml-module-ovosharedbase)
+set(CPACK_DEBIAN_QML_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_QML_PACKAGE_DEPENDS
+    "libovosharedbase1 (= ${PROJECT_VERSION}), qml-module-qtqml (>= 5.15)")
+# where dpkg-shlibdeps finds the library that is in another package
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/shared")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "The shared library.")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
     "Headers, the host's interfaces, the CMake package and the pkg-config file.")
+set(CPACK_COMPONENT_QML_DESCRIPTION "The QML module OvoSharedBase.")
 
 include(CPack)

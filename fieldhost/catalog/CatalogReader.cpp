@@ -41,21 +41,21 @@ QString kindOf(const QJsonValue &value)
 {
     switch (value.type()) {
     case QJsonValue::Null:
-        return QStringLiteral("null");
+        return CatalogText::tr("null");
     case QJsonValue::Bool:
-        return QStringLiteral("true or false");
+        return CatalogText::tr("true or false");
     case QJsonValue::Double:
-        return QStringLiteral("a number");
+        return CatalogText::tr("a number");
     case QJsonValue::String:
-        return QStringLiteral("a text");
+        return CatalogText::tr("a text");
     case QJsonValue::Array:
-        return QStringLiteral("a list");
+        return CatalogText::tr("a list");
     case QJsonValue::Object:
-        return QStringLiteral("an object");
+        return CatalogText::tr("an object");
     case QJsonValue::Undefined:
         break;
     }
-    return QStringLiteral("nothing");
+    return CatalogText::tr("nothing");
 }
 
 /** Turns the values of a file into a catalog. The first mistake counts, and makes it useless. */
@@ -75,25 +75,28 @@ public:
         Catalog catalog;
         // first: another format may have other keys
         checkFormat(root);
-        checkObject(root, QStringLiteral("a catalog"),
+        checkObject(root, CatalogText::tr("a catalog"),
                     {{"format", Presence::Required},
                      {"id", Presence::Required},
                      {"name", Presence::Required},
                      {"country", Presence::Required},
                      {"language", Presence::Required},
                      {"template", Presence::Required}});
-        catalog.descriptor.id = idOf(root, QStringLiteral("catalog"), &CatalogDescriptor::id);
+        catalog.descriptor.id =
+            idOf(root, CatalogText::tr("the catalog id \"%1\" is taken by \"%2\""),
+                 &CatalogDescriptor::id);
         catalog.descriptor.name = textOf(root, "name");
         catalog.descriptor.countryCode = textOf(root, "country");
         catalog.descriptor.languageCode = textOf(root, "language");
         catalog.descriptor.file = m_file;
         if (const JsonNode *node = root.member(QStringLiteral("template"))) {
-            checkObject(*node, QStringLiteral("a template"),
+            checkObject(*node, CatalogText::tr("a template"),
                         {{"id", Presence::Required},
                          {"unit", Presence::Optional},
                          {"views", Presence::Required}});
             catalog.descriptor.templateId =
-                idOf(*node, QStringLiteral("template"), &CatalogDescriptor::templateId);
+                idOf(*node, CatalogText::tr("the template id \"%1\" is taken by \"%2\""),
+                     &CatalogDescriptor::templateId);
             catalog.catalogTemplate =
                 QSharedPointer<CatalogTemplate>::create(unitOf(*node), viewsOf(*node));
         }
@@ -106,27 +109,27 @@ private:
     {
         if (!node.value.isObject()) {
             fail(node.offset,
-                 QStringLiteral("%1 is an object, this is %2").arg(what, kindOf(node.value)));
+                 CatalogText::tr("%1 is an object, this is %2").arg(what, kindOf(node.value)));
             return;
         }
         QStringList seen;
         for (const JsonMember &member : node.members) {
             if (seen.contains(member.key)) {
                 fail(member.keyOffset,
-                     QStringLiteral("the key \"%1\" is there twice").arg(member.key));
+                     CatalogText::tr("the key \"%1\" is there twice").arg(member.key));
             }
             seen += member.key;
         }
         for (const Key &key : keys) {
             const QString name = QLatin1String(key.name);
             if (seen.removeAll(name) == 0 && key.presence == Presence::Required) {
-                fail(node.offset, QStringLiteral("%1 needs the key \"%2\"").arg(what, name));
+                fail(node.offset, CatalogText::tr("%1 needs the key \"%2\"").arg(what, name));
             }
         }
         for (const JsonMember &member : node.members) {
             if (seen.contains(member.key)) {
                 fail(member.keyOffset,
-                     QStringLiteral("the key \"%1\" is not among those of %2: %3")
+                     CatalogText::tr("the key \"%1\" is not among those of %2: %3")
                          .arg(member.key, what, listed(keys)));
             }
         }
@@ -140,23 +143,22 @@ private:
         }
         if (!node->value.isDouble()) {
             fail(node->offset,
-                 QStringLiteral("\"format\" is a number, this is %1").arg(kindOf(node->value)));
+                 CatalogText::tr("\"format\" is a number, this is %1").arg(kindOf(node->value)));
         } else if (node->value.toDouble() != s_format) {
             fail(node->offset,
-                 QStringLiteral("this is format %1, and only format %2 is known")
+                 CatalogText::tr("this is format %1, and only format %2 is known")
                      .arg(node->value.toDouble())
                      .arg(s_format));
         }
     }
 
-    QString idOf(const JsonNode &object, const QString &what, QString CatalogDescriptor::*idOfOther)
+    QString idOf(const JsonNode &object, const QString &isTaken,
+                 QString CatalogDescriptor::*idOfOther)
     {
         QString id = textOf(object, "id");
         for (const auto &[key, other] : m_others) {
             if (other.*idOfOther == id) {
-                fail(object.member(QStringLiteral("id"))->offset,
-                     QStringLiteral("the %1 id \"%2\" is taken by \"%3\"")
-                         .arg(what, id, other.file));
+                fail(object.member(QStringLiteral("id"))->offset, isTaken.arg(id, other.file));
             }
         }
         return id;
@@ -166,7 +168,7 @@ private:
     {
         std::vector<CatalogView> views;
         for (const JsonNode &node : listOf(object, "views")) {
-            checkObject(node, QStringLiteral("a view"),
+            checkObject(node, CatalogText::tr("a view"),
                         {{"key", Presence::Required}, {"columns", Presence::Required}});
             views.emplace_back(textOf(node, "key"), columnsOf(node));
         }
@@ -177,7 +179,7 @@ private:
     {
         std::vector<CatalogColumn> columns;
         for (const JsonNode &node : listOf(object, "columns")) {
-            checkObject(node, QStringLiteral("a column"),
+            checkObject(node, CatalogText::tr("a column"),
                         {{"key", Presence::Required}, {"unit", Presence::Optional}});
             columns.emplace_back(textOf(node, "key"), unitOf(node));
         }
@@ -190,7 +192,7 @@ private:
         const JsonNode *node = object.member(QLatin1String(key));
         QString text = anyTextOf(node, key);
         if (node && text.isEmpty()) {
-            fail(node->offset, QStringLiteral("\"%1\" is empty").arg(QLatin1String(key)));
+            fail(node->offset, CatalogText::tr("\"%1\" is empty").arg(QLatin1String(key)));
         }
         return text;
     }
@@ -204,7 +206,7 @@ private:
     {
         if (node && !node->value.isString()) {
             fail(node->offset,
-                 QStringLiteral("\"%1\" is a text, this is %2")
+                 CatalogText::tr("\"%1\" is a text, this is %2")
                      .arg(QLatin1String(key), kindOf(node->value)));
         }
         return node ? node->value.toString() : QString();
@@ -216,7 +218,7 @@ private:
         const JsonNode *node = object.member(QLatin1String(key));
         if (node && !node->value.isArray()) {
             fail(node->offset,
-                 QStringLiteral("\"%1\" is a list, this is %2")
+                 CatalogText::tr("\"%1\" is a list, this is %2")
                      .arg(QLatin1String(key), kindOf(node->value)));
         }
         return node ? node->elements : none;
@@ -239,12 +241,12 @@ QByteArray contentOf(const QString &path, QString &cause)
 {
     const QFileInfo info(path);
     if (!info.exists()) {
-        cause = QStringLiteral("there is no such file");
+        cause = CatalogText::tr("there is no such file");
         return {};
     }
     // a pipe would hold the reader up, a device might never end
     if (!info.isFile()) {
-        cause = QStringLiteral("it is not a file");
+        cause = CatalogText::tr("it is not a file");
         return {};
     }
     QFile file(path);
@@ -259,7 +261,7 @@ QByteArray contentOf(const QString &path, QString &cause)
         return {};
     }
     if (content.size() > s_largestFile) {
-        cause = QStringLiteral("it is larger than %1 MiB").arg(s_largestFile / 1024 / 1024);
+        cause = CatalogText::tr("it is larger than %1 MiB").arg(s_largestFile / 1024 / 1024);
         return {};
     }
     return content;

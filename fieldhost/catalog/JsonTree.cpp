@@ -121,28 +121,28 @@ QString causeOf(QJsonParseError::ParseError error)
 {
     switch (error) {
     case QJsonParseError::UnterminatedObject:
-        return QStringLiteral(R"(expected a key in double quotes, "," or "}")");
+        return CatalogText::tr("expected a key in double quotes, \",\" or \"}\"");
     case QJsonParseError::MissingNameSeparator:
-        return QStringLiteral(R"(expected ":")");
+        return CatalogText::tr("expected \":\"");
     case QJsonParseError::UnterminatedArray:
     case QJsonParseError::MissingValueSeparator:
-        return QStringLiteral(R"(expected "," or "]")");
+        return CatalogText::tr("expected \",\" or \"]\"");
     case QJsonParseError::IllegalValue:
-        return QStringLiteral("this is not a JSON value");
+        return CatalogText::tr("this is not a JSON value");
     case QJsonParseError::IllegalNumber:
-        return QStringLiteral("this is not a number, or too large a one");
+        return CatalogText::tr("this is not a number, or too large a one");
     case QJsonParseError::IllegalEscapeSequence:
-        return QStringLiteral("invalid escape sequence");
+        return CatalogText::tr("invalid escape sequence");
     case QJsonParseError::IllegalUTF8String:
-        return QStringLiteral("this is not UTF-8");
+        return CatalogText::tr("this is not UTF-8");
     case QJsonParseError::MissingObject:
-        return QStringLiteral("something is missing before this");
+        return CatalogText::tr("something is missing before this");
     case QJsonParseError::DeepNesting:
-        return QStringLiteral("nested too deeply");
+        return CatalogText::tr("nested too deeply");
     case QJsonParseError::GarbageAtEnd:
-        return QStringLiteral("the catalog has ended before this");
+        return CatalogText::tr("the catalog has ended before this");
     default:
-        return QStringLiteral("the file is not valid JSON");
+        return CatalogText::tr("the file is not valid JSON");
     }
 }
 
@@ -200,8 +200,8 @@ JsonNode parseJson(const QByteArray &json, JsonMistake &mistake)
     mistake.cause = causeOf(error.error);
     if (mistake.offset >= length) {
         mistake.offset = length;
-        mistake.cause = length == 0 ? QStringLiteral("the file is empty")
-                                    : QStringLiteral("the file ends too early");
+        mistake.cause = length == 0 ? CatalogText::tr("the file is empty")
+                                    : CatalogText::tr("the file ends too early");
     }
     return {};
 }

@@ -1,12 +1,19 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QJsonValue>
 #include <QString>
 
 #include <vector>
 
 namespace Tavro::FieldHost {
+
+/** Translates what is said of a catalog. */
+class CatalogText
+{
+    Q_DECLARE_TR_FUNCTIONS(Tavro::FieldHost::CatalogText)
+};
 
 struct JsonMember;
 

@@ -38,6 +38,8 @@ extern const Command deleteCommand;
 extern const Command exportCommand;
 /** `free`: space left on a volume. */
 extern const Command freeCommand;
+/** `gui`: shows the screens. */
+extern const Command guiCommand;
 /** `locale`: how a project shows numbers, dates and units. */
 extern const Command localeCommand;
 /** `name`: a name that no file in a directory has. */

@@ -5,12 +5,10 @@
 #include "fieldhost/cli/ProgressLine.h"
 #include "fieldhost/cli/RunControls.h"
 #include "fieldhost/jobs/DeleteRun.h"
-#include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/fileops/CDirectorySizeFinder.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 
 namespace Tavro::FieldHost {
@@ -35,20 +33,6 @@ Exit codes:
   2  the command line was not understood, or --yes is missing
   3  nothing deleted: a PATH is missing, or must not be deleted
   6  aborted, or the answer was not yes)";
-
-QString refusal(const QString &path)
-{
-    if (!existsOrIsLink(path)) {
-        return QStringLiteral("There is no %1.").arg(quoted(path));
-    }
-    const QString target = QFileInfo(path).canonicalFilePath();
-    const QString here = QDir::current().canonicalPath();
-    const bool isLink = QFileInfo(path).isSymLink();
-    if (!isLink && (target == here || here.startsWith(below(target, QString())))) {
-        return QStringLiteral("%1 is, or holds, the current directory.").arg(quoted(path));
-    }
-    return {};
-}
 
 void announce(const QStringList &paths, Console &console)
 {
@@ -147,7 +131,7 @@ int runDelete(const CommandLine &line, Console &console)
         while (path.size() > 1 && path.endsWith(QLatin1Char('/'))) {
             path.chop(1); // or a link would be taken for what it points to
         }
-        const QString reason = refusal(path);
+        const QString reason = whyNotDeleted(path);
         if (!reason.isEmpty()) {
             console.printError(reason);
             isRefused = true;

@@ -56,40 +56,20 @@ Exit codes:
   5  nothing copied: DESTINATION has not enough free space
   6  aborted; the copy was removed)";
 
-QString leftOut(const ExportPlan &plan)
-{
-    int hidden = 0;
-    int broken = 0;
-    int special = 0;
-    for (const ExportJob &job : plan.jobs) {
-        hidden += job.survey.hiddenEntries;
-        broken += job.survey.brokenLinks;
-        special += job.survey.specialEntries;
-    }
-    QStringList parts;
-    if (hidden > 0) {
-        parts.append(counted(hidden, "hidden entry", "hidden entries"));
-    }
-    if (broken > 0) {
-        parts.append(counted(broken, "link that leads nowhere", "links that lead nowhere"));
-    }
-    if (special > 0) {
-        parts.append(counted(special, "pipe, socket or device", "pipes, sockets or devices"));
-    }
-    return parts.join(QLatin1String(", "));
-}
-
 void announce(const ExportPlan &plan, Console &console)
 {
     for (const ExportJob &job : plan.jobs) {
         const bool hasSlash = job.source.size() > 1 && job.source.endsWith(QLatin1Char('/'));
-        console.print(
-            QStringLiteral("Copying %1 (%2) from %3 to %4")
-                .arg(counted(job.survey.files.size(), "file"), formatBytes(job.survey.bytes),
-                     quoted(hasSlash ? job.source.chopped(1) : job.source), quoted(job.landing)));
+        console.print(QStringLiteral("Copying %1 (%2) from %3 to %4")
+                          .arg(counted(job.survey.files.size(), QStringLiteral("1 file"),
+                                       QStringLiteral("%1 files")),
+                               formatBytes(job.survey.bytes),
+                               quoted(hasSlash ? job.source.chopped(1) : job.source),
+                               quoted(job.landing)));
         if (job.replacedFiles > 0) {
             console.print(QStringLiteral("  replaces %1 there, once all of the copy is whole")
-                              .arg(counted(job.replacedFiles, "file")));
+                              .arg(counted(job.replacedFiles, QStringLiteral("1 file"),
+                                           QStringLiteral("%1 files"))));
         }
     }
     const QString omitted = leftOut(plan);
@@ -190,6 +170,10 @@ int runExport(const CommandLine &line, Console &console)
                      [&](const QString &sentence) { console.print(sentence); });
     QObject::connect(&drive, &DriveAccess::warned, qApp,
                      [&](const QString &sentence) { console.printError(sentence); });
+    QObject::connect(&drive, &DriveAccess::unmounting, qApp, [&] {
+        console.print(QStringLiteral("Unmounting the USB drive, as soon as nobody uses it; "
+                                     "Ctrl-C leaves it mounted."));
+    });
     // they go before the drive: a signal ends the wait for one that stays in use
     RunControls controls(console);
     if (!drive.begin()) {

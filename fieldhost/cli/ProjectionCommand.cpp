@@ -43,9 +43,11 @@ void showAll(Console &console)
 {
     for (const Projection &projection : s_projections) {
         const QString text = projection.text();
-        console.print(
-            QStringLiteral("%1: %2\n%3")
-                .arg(QLatin1String(projection.name), counted(text.size(), "character"), text));
+        console.print(QStringLiteral("%1: %2\n%3")
+                          .arg(QLatin1String(projection.name),
+                               counted(text.size(), QStringLiteral("1 character"),
+                                       QStringLiteral("%1 characters")),
+                               text));
     }
 }
 

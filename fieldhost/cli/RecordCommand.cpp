@@ -9,6 +9,7 @@
 #include "fieldhost/services/FieldApplication.h"
 #include "shared/locale/CConversionServices.h"
 #include "shared/locale/CLocaleSupport.h"
+#include "shared/locale/CProjectLocaleData.h"
 
 #include <QCoreApplication>
 
@@ -149,7 +150,8 @@ ExitCode sum(const RecordRun &run, Console &console)
     console.print(
         QStringLiteral("%1 %2 of video, %3 in %4")
             .arg(result.isEndedByUser ? QStringLiteral("Ended after") : QStringLiteral("Recorded"),
-                 formatDuration(result.duration), counted(result.samples, "sample"),
+                 formatDuration(result.duration),
+                 counted(result.samples, QStringLiteral("1 sample"), QStringLiteral("%1 samples")),
                  quoted(run.infoPath())));
     return result.isEndedByUser ? ExitAborted : ExitDone;
 }
@@ -169,7 +171,9 @@ int carryOut(const RecordPlan &plan, Console &console)
     run.start();
     if (run.samplesBefore() >= 0) {
         console.print(QStringLiteral("Continues %1 after %2")
-                          .arg(quoted(run.infoPath()), counted(run.samplesBefore(), "sample")));
+                          .arg(quoted(run.infoPath()),
+                               counted(run.samplesBefore(), QStringLiteral("1 sample"),
+                                       QStringLiteral("%1 samples"))));
     }
     return QCoreApplication::exec();
 }
@@ -186,7 +190,7 @@ int runRecord(const CommandLine &line, Console &console)
     plan.speed = reader.positive("speed", 1);
     plan.pauses = reader.times("pause-at", plan.duration);
     plan.observations = reader.times("observe-at", plan.duration);
-    plan.unit = reader.unit("unit");
+    const Base::DistanceUnit unit = reader.unit("unit");
     if (!reader.complaint().isEmpty()) {
         return line.refuse(reader.complaint());
     }
@@ -195,6 +199,7 @@ int runRecord(const CommandLine &line, Console &console)
         console.printError(objection);
         return ExitDestinationRefused;
     }
+    Shared::CProjectLocaleData::instance()->setUnitType(unit);
     return carryOut(plan, console);
 }
 

@@ -38,9 +38,12 @@ Exit codes:
 QString headline(const QString &path, const ClipInfoFile &info, const Trace &trace)
 {
     QString text = QStringLiteral("%1: %2, %3, %4")
-                       .arg(quoted(path), counted(info.samples.size(), "sample"),
+                       .arg(quoted(path),
+                            counted(info.samples.size(), QStringLiteral("1 sample"),
+                                    QStringLiteral("%1 samples")),
                             formatDuration(std::llround(trace.duration() * 1000)),
-                            counted(trace.recordings(), "recording"));
+                            counted(trace.recordings(), QStringLiteral("1 recording"),
+                                    QStringLiteral("%1 recordings")));
     if (!info.clipName.isEmpty()) {
         text +=
             QStringLiteral("\nvideo %1 of %2, made by %3")
@@ -52,13 +55,15 @@ QString headline(const QString &path, const ClipInfoFile &info, const Trace &tra
 void printDoubts(const ClipInfoFile &info, Console &console)
 {
     if (info.badLines > 0) {
-        console.printError(QStringLiteral("%1 could not be read, the first is line %2.")
-                               .arg(counted(info.badLines, "line"))
-                               .arg(info.firstBadLine));
+        console.printError(
+            QStringLiteral("%1 could not be read, the first is line %2.")
+                .arg(counted(info.badLines, QStringLiteral("1 line"), QStringLiteral("%1 lines")))
+                .arg(info.firstBadLine));
     }
     if (info.replacedSamples > 0) {
         console.printError(QStringLiteral("%1 the number of a later one, which was taken.")
-                               .arg(counted(info.replacedSamples, "sample has", "samples have")));
+                               .arg(counted(info.replacedSamples, QStringLiteral("1 sample has"),
+                                            QStringLiteral("%1 samples have"))));
     }
 }
 

@@ -43,6 +43,7 @@ const Command *const s_commands[] = {
     &validateCommand,
     &clockCommand,
     &projectionCommand,
+    &guiCommand,
 };
 // clang-format on
 

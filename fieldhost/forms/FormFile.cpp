@@ -1,5 +1,6 @@
 #include "fieldhost/forms/FormFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -24,14 +25,16 @@ using CodeLists = QMap<QString, QList<CodeListItem>>;
 /** Turns the values of a file into a form. The first mistake counts, and makes it useless. */
 class FormBuilder
 {
+    Q_DECLARE_TR_FUNCTIONS(Tavro::FieldHost::FormFile)
+
 public:
     const QString &mistake() const { return m_mistake; }
 
     Form build(const QJsonObject &root)
     {
-        checkKeys(root, QStringLiteral("the form"), {"format", "codeLists", "columns"});
+        checkKeys(root, tr("the form"), {"format", "codeLists", "columns"});
         if (root.value(QLatin1String("format")).toDouble() != s_format) {
-            fail(QStringLiteral("\"format\" is not %1, the only one known").arg(s_format));
+            fail(tr("\"format\" is not %1, the only one known").arg(s_format));
         }
         const CodeLists codeLists = codeListsOf(
             objectOf(root.value(QLatin1String("codeLists")), QStringLiteral("\"codeLists\"")));
@@ -39,9 +42,8 @@ public:
             objectOf(root.value(QLatin1String("columns")), QStringLiteral("\"columns\""));
         Form form;
         for (auto column = columns.begin(); column != columns.end(); ++column) {
-            m_place = QStringLiteral("column \"%1\"").arg(column.key());
-            form.insert(column.key(),
-                        columnOf(objectOf(column.value(), QStringLiteral("it")), codeLists));
+            m_place = tr("column \"%1\"").arg(column.key());
+            form.insert(column.key(), columnOf(objectOf(column.value(), tr("it")), codeLists));
         }
         return form;
     }
@@ -51,16 +53,16 @@ private:
     {
         CodeLists codeLists;
         for (auto list = object.begin(); list != object.end(); ++list) {
-            m_place = QStringLiteral("code list \"%1\"").arg(list.key());
+            m_place = tr("code list \"%1\"").arg(list.key());
             const QJsonArray items = list.value().toArray();
             for (const QJsonValue &item : items) {
-                const QJsonObject entry = objectOf(item, QStringLiteral("an entry"));
-                checkKeys(entry, QStringLiteral("an entry"), {"code", "text"});
+                const QJsonObject entry = objectOf(item, tr("an entry"));
+                checkKeys(entry, tr("an entry"), {"code", "text"});
                 codeLists[list.key()] +=
                     CodeListItem(textOf(entry, "code"), textOf(entry, "text"), list.key());
             }
             if (items.isEmpty()) {
-                fail(QStringLiteral("it has no entries"));
+                fail(tr("it has no entries"));
             }
         }
         return codeLists;
@@ -68,7 +70,7 @@ private:
 
     ColumnForm columnOf(const QJsonObject &object, const CodeLists &codeLists)
     {
-        checkKeys(object, QStringLiteral("a column"),
+        checkKeys(object, tr("a column"),
                   {"caption", "type", "mandatory", "list", "editableList", "maximumLength",
                    "minimum", "maximum", "displayFormat", "control"});
         ColumnForm column;
@@ -83,7 +85,7 @@ private:
         column.control = controlOf(textOf(object, "control"));
         const QString list = textOf(object, "list");
         if (!list.isEmpty() && !codeLists.contains(list)) {
-            fail(QStringLiteral("there is no code list \"%1\"").arg(list));
+            fail(tr("there is no code list \"%1\"").arg(list));
         }
         column.codeList = codeLists.value(list);
         return column;
@@ -98,7 +100,7 @@ private:
         const int control = QMetaEnum::fromType<CInputType::BaseInputType>().keyToValue(
             name.toLatin1().constData(), &isKnown);
         if (!isKnown) {
-            fail(QStringLiteral("there is no control \"%1\"").arg(name));
+            fail(tr("there is no control \"%1\"").arg(name));
             return CInputType::Unknown;
         }
         return static_cast<CInputType::BaseInputType>(control);
@@ -112,7 +114,7 @@ private:
         for (const QString &name : present) {
             const auto isName = [&name](const char *key) { return name == QLatin1String(key); };
             if (std::none_of(keys.begin(), keys.end(), isName)) {
-                fail(QStringLiteral("%1 has no key \"%2\"").arg(what, name));
+                fail(tr("%1 has no key \"%2\"").arg(what, name));
             }
         }
     }
@@ -121,7 +123,7 @@ private:
     {
         const QJsonValue value = object.value(QLatin1String(key));
         if (!value.isUndefined() && !value.isString()) {
-            fail(QStringLiteral("\"%1\" is not a text").arg(QLatin1String(key)));
+            fail(tr("\"%1\" is not a text").arg(QLatin1String(key)));
         }
         return value.toString();
     }
@@ -130,7 +132,7 @@ private:
     {
         const QJsonValue value = object.value(QLatin1String(key));
         if (!value.isUndefined() && !value.isBool()) {
-            fail(QStringLiteral("\"%1\" is neither true nor false").arg(QLatin1String(key)));
+            fail(tr("\"%1\" is neither true nor false").arg(QLatin1String(key)));
         }
         return value.toBool();
     }
@@ -140,7 +142,7 @@ private:
         const QJsonValue value = object.value(QLatin1String(key));
         const int length = value.toInt(-1); // of anything but a whole number
         if (!value.isUndefined() && length < 0) {
-            fail(QStringLiteral("\"%1\" is not a length").arg(QLatin1String(key)));
+            fail(tr("\"%1\" is not a length").arg(QLatin1String(key)));
         }
         return qMax(length, 0);
     }
@@ -148,7 +150,7 @@ private:
     QJsonObject objectOf(const QJsonValue &value, const QString &what)
     {
         if (!value.isUndefined() && !value.isObject()) {
-            fail(QStringLiteral("%1 is not an object").arg(what));
+            fail(tr("%1 is not an object").arg(what));
         }
         return value.toObject();
     }
@@ -172,14 +174,14 @@ std::optional<Form> readForm(const QString &path, QString &error)
     QFile file(path);
     // a pipe would hold the reader up
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral("it cannot be read");
+        error = FormBuilder::tr("it cannot be read");
         return {};
     }
     QJsonParseError mistake;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &mistake);
     if (!document.isObject()) {
         error = mistake.error != QJsonParseError::NoError ? mistake.errorString()
-                                                          : QStringLiteral("it is not an object");
+                                                          : FormBuilder::tr("it is not an object");
         return {};
     }
     FormBuilder builder;

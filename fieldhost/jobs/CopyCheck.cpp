@@ -47,24 +47,24 @@ CopyCheck checkCopy(const ExportJob &job, const QString &root)
         const Copy copy{source, statusOf(target)};
         if (!S_ISREG(copy.status.st_mode)) {
             fail(source,
-                 hasSource ? QStringLiteral("it is not in the destination")
-                           : QStringLiteral("it is no longer in the source"));
+                 hasSource ? JobText::tr("it is not in the destination")
+                           : JobText::tr("it is no longer in the source"));
             continue;
         }
         if (hasSource && original.st_size != copy.status.st_size) {
             ::unlink(QFile::encodeName(target).constData());
             fail(source,
-                 QStringLiteral("reading it gave %1 where its size says %2; it may have changed "
-                                "while it was copied")
+                 JobText::tr("reading it gave %1 where its size says %2; it may have changed "
+                             "while it was copied")
                      .arg(formatBytes(copy.status.st_size), formatBytes(original.st_size)));
             continue;
         }
         Copy &other = copies[foldedName(target)];
         if (!other.source.isEmpty() && isSameFile(other.status, copy.status)) {
             fail(source,
-                 QStringLiteral("its name and that of %1 are one and the same on the "
-                                "destination's file system, so that one of them has replaced the "
-                                "other")
+                 JobText::tr("its name and that of %1 are one and the same on the "
+                             "destination's file system, so that one of them has replaced the "
+                             "other")
                      .arg(quoted(other.source)));
             continue;
         }
@@ -78,7 +78,7 @@ CopyCheck checkCopy(const ExportJob &job, const QString &root)
         if (!check.fault && !S_ISDIR(statusOf(target).st_mode)
             && ::mkdir(QFile::encodeName(target).constData(), 0777) != 0) {
             fail(job.source + directory,
-                 QStringLiteral("the directory cannot be created in the destination (%1)")
+                 JobText::tr("the directory cannot be created in the destination (%1)")
                      .arg(systemText(errno)));
         }
     }

@@ -63,7 +63,7 @@ bool CopyVerification::openNext()
     m_target.setFileName(file.target);
     if (!m_source.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
         || !m_target.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        fail(QStringLiteral("it or its copy cannot be read any more"));
+        fail(tr("it or its copy cannot be read any more"));
         return false;
     }
     evict(m_target);
@@ -75,11 +75,11 @@ bool CopyVerification::compareChunk()
     const QByteArray original = m_source.read(s_chunk);
     const QByteArray copy = m_target.read(s_chunk);
     if (m_source.error() != QFileDevice::NoError || m_target.error() != QFileDevice::NoError) {
-        fail(QStringLiteral("it or its copy cannot be read any more"));
+        fail(tr("it or its copy cannot be read any more"));
         return false;
     }
     if (original != copy) {
-        fail(QStringLiteral("its copy differs from it"));
+        fail(tr("its copy differs from it"));
         return false;
     }
     m_comparedBytes += original.size();

@@ -3,6 +3,7 @@
 #include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -22,18 +23,19 @@ QString failure(const Shared::CFileOperationResult &result)
 {
     QStringList lines;
     if (!result.path.isEmpty()) {
-        lines.append(withCause(QStringLiteral("%1 cannot be deleted").arg(quoted(result.path)),
+        lines.append(withCause(DeleteRun::tr("%1 cannot be deleted").arg(quoted(result.path)),
                                result.systemError));
     }
     QStringList unreadable;
     for (const QString &directory : result.unreadableDirectories) {
         unreadable.append(withCause(
-            QStringLiteral("The directory %1 cannot be read as a whole").arg(quoted(directory)),
+            DeleteRun::tr("The directory %1 cannot be read as a whole").arg(quoted(directory)),
             result.path.isEmpty() ? result.systemError : 0));
     }
-    lines += listed(unreadable, "more directory");
+    lines += listed(unreadable, DeleteRun::tr("The same goes for 1 more directory."),
+                    DeleteRun::tr("The same goes for %1 more directories."));
     if (lines.isEmpty() && !result.isWhole()) {
-        lines.append(QStringLiteral("The deletion did not come to its end."));
+        lines.append(DeleteRun::tr("The deletion did not come to its end."));
     }
     return lines.join(QLatin1Char('\n'));
 }
@@ -42,7 +44,7 @@ QString failure(const Shared::CFileOperationResult &result)
 QString deleteFile(const QString &path)
 {
     if (::unlink(QFile::encodeName(path).constData()) != 0) {
-        return withCause(QStringLiteral("%1 cannot be deleted").arg(quoted(path)), errno);
+        return withCause(DeleteRun::tr("%1 cannot be deleted").arg(quoted(path)), errno);
     }
     const QByteArray directory = QFile::encodeName(parentOf(absolutePath(path)));
     const int fd = ::open(directory.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -54,12 +56,26 @@ QString deleteFile(const QString &path)
     ::close(fd);
     return error == 0
         ? QString()
-        : withCause(QStringLiteral("That %1 is deleted could not be written to the device")
+        : withCause(DeleteRun::tr("That %1 is deleted could not be written to the device")
                         .arg(quoted(path)),
                     error);
 }
 
 } // namespace
+
+QString whyNotDeleted(const QString &path)
+{
+    if (!existsOrIsLink(path)) {
+        return JobText::tr("There is no %1.").arg(quoted(path));
+    }
+    const QString target = QFileInfo(path).canonicalFilePath();
+    const QString here = QDir::current().canonicalPath();
+    const bool isLink = QFileInfo(path).isSymLink();
+    if (!isLink && (target == here || here.startsWith(below(target, QString())))) {
+        return JobText::tr("%1 is, or holds, the current directory.").arg(quoted(path));
+    }
+    return {};
+}
 
 DeleteRun::DeleteRun(QStringList paths, QObject *parent)
     : QObject(parent)
@@ -121,12 +137,12 @@ void DeleteRun::settle(const QString &failure)
     } else if (!m_isAborting) {
         QStringList lines;
         if (isThere) {
-            lines.append(QStringLiteral("%1, or part of it, is still there.").arg(quoted(path)));
+            lines.append(tr("%1, or part of it, is still there.").arg(quoted(path)));
         }
         if (!failure.isEmpty()) {
             lines.append(failure);
         }
-        Q_EMIT failed(QStringLiteral("Failed: ") + lines.join(QLatin1Char('\n')));
+        Q_EMIT failed(tr("Failed: %1").arg(lines.join(QLatin1Char('\n'))));
     }
     QMetaObject::invokeMethod(this, &DeleteRun::next, Qt::QueuedConnection);
 }

@@ -8,6 +8,9 @@
 
 namespace Tavro::FieldHost {
 
+/** Why @p path must not be deleted, as a sentence; empty when it may. */
+QString whyNotDeleted(const QString &path);
+
 /** How a deletion ended. */
 struct DeleteResult
 {

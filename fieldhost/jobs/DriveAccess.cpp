@@ -32,12 +32,14 @@ QString largeFileWarning(const ExportPlan &plan, const QString &fileSystemType)
     if (files.isEmpty() || !isFat(fileSystemType)) {
         return {};
     }
-    return QStringLiteral("Warning: on a FAT drive every file has less than 4 GiB. The copy will "
-                          "fail at %1%2.")
-        .arg(quoted(files.first()),
-             files.size() > 1
-                 ? QStringLiteral(" and %1").arg(counted(files.size() - 1, "more file"))
-                 : QString());
+    const QString first = quoted(files.first());
+    const int others = files.size() - 1;
+    return DriveAccess::tr("Warning: on a FAT drive every file has less than 4 GiB. The copy will "
+                           "fail at %1.")
+        .arg(others == 0 ? first
+                         : counted(others, DriveAccess::tr("%2 and 1 more file"),
+                                   DriveAccess::tr("%2 and %1 more files"))
+                               .arg(first));
 }
 
 DriveAccess::DriveAccess(const QString &destination, QObject *parent)
@@ -56,11 +58,12 @@ bool DriveAccess::begin()
     if (!isOnUsbDrive(m_destination)) {
         return true;
     }
+    const QMutexLocker locker(&usbDriveMutex());
     const QString missing = missingMountRight();
     if (!missing.isEmpty() && MountedUSBDeviceList::isUSBMounted()) {
         // to unmount it would be tried for ever
-        Q_EMIT warned(QStringLiteral("The USB drive is not marked as in use, and stays mounted. %1")
-                          .arg(missing));
+        Q_EMIT warned(
+            tr("The USB drive is not marked as in use, and stays mounted. %1").arg(missing));
         return true;
     }
     m_marked = m_manager.lock(m_destination);
@@ -68,17 +71,17 @@ bool DriveAccess::begin()
     if (m_marked) {
         const auto partition = partitionOf(m_destination);
         Q_EMIT reported(
-            QStringLiteral("The USB drive is marked as in use%1.")
-                .arg(partition ? QStringLiteral(": ") + described(*partition) : QString()));
+            partition ? tr("The USB drive is marked as in use: %1.").arg(described(*partition))
+                      : tr("The USB drive is marked as in use."));
         return true;
     }
     const QString why = whyNotMarked(m_destination);
     if (!MountedUSBDeviceList::isUSBMounted() && !partitionOf(m_destination)) {
         Q_EMIT warned(why);
-        Q_EMIT warned(QStringLiteral("Nothing was copied: it would not land on a drive."));
+        Q_EMIT warned(tr("Nothing was copied: it would not land on a drive."));
         return false;
     }
-    Q_EMIT warned(QStringLiteral("The USB drive is not marked as in use. %1").arg(why));
+    Q_EMIT warned(tr("The USB drive is not marked as in use. %1").arg(why));
     return true;
 }
 
@@ -93,25 +96,27 @@ QString DriveAccess::largeFileWarning(const ExportPlan &plan) const
             : QString::fromLatin1(QStorageInfo(nearestExisting(m_destination)).fileSystemType()));
 }
 
-void DriveAccess::end()
+bool DriveAccess::end()
 {
     if (!m_begun) {
-        return;
+        return false;
     }
     m_begun = false;
+    const QMutexLocker locker(&usbDriveMutex());
     QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
-    if (MountedUSBDeviceList::isUSBMounted()) {
-        Q_EMIT reported(QStringLiteral("Unmounting the USB drive, as soon as nobody uses it; "
-                                       "Ctrl-C leaves it mounted."));
+    const bool isMounted = MountedUSBDeviceList::isUSBMounted();
+    if (isMounted) {
+        Q_EMIT unmounting();
     }
     const bool clean = m_manager.unlock();
     if (clean == m_marked) {
-        Q_EMIT reported(clean ? QStringLiteral("The USB drive is unmounted and marked clean.")
-                              : QStringLiteral("The USB drive is unmounted."));
+        Q_EMIT reported(clean ? tr("The USB drive is unmounted and marked clean.")
+                              : tr("The USB drive is unmounted."));
     } else if (m_marked) {
-        Q_EMIT warned(QStringLiteral("The USB drive is unmounted, and still marked as in "
-                                     "use: it did not take the mark back."));
+        Q_EMIT warned(tr("The USB drive is unmounted, and still marked as in "
+                         "use: it did not take the mark back."));
     }
+    return isMounted;
 }
 
 } // namespace Tavro::FieldHost

@@ -35,14 +35,19 @@ public:
     /** A warning of the files of @p plan that the file system they go to has no room for. */
     QString largeFileWarning(const ExportPlan &plan) const;
 
-    /** Unmounts and cleans what begin() has mounted and marked; waits while it is in use. */
-    void end();
+    /**
+     * Unmounts and cleans what begin() has mounted and marked; waits while it is in use, without
+     * limit. True when it has unmounted the drive, which can be pulled then.
+     */
+    bool end();
 
 Q_SIGNALS:
     /** Something was done to the drive, or is about to be; a sentence for the user. */
     void reported(const QString &sentence);
     /** Something could not be done to it; a sentence for the user. */
     void warned(const QString &sentence);
+    /** The drive is about to be unmounted, as soon as nobody uses it. */
+    void unmounting();
 
 private:
     const QString m_destination;

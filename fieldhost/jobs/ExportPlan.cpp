@@ -118,14 +118,14 @@ bool Planner::addSource(const QString &typed)
         return refuse(
             Refusal::Source,
             info.isSymLink()
-                ? QStringLiteral("The source %1 is a link that leads nowhere.").arg(quoted(typed))
-                : QStringLiteral("The source %1 does not exist.").arg(quoted(typed)));
+                ? JobText::tr("The source %1 is a link that leads nowhere.").arg(quoted(typed))
+                : JobText::tr("The source %1 does not exist.").arg(quoted(typed)));
     }
     job.isDirectory = info.isDir();
     const bool contents = meansContents(typed);
     if (contents && !job.isDirectory) {
         return refuse(Refusal::Source,
-                      QStringLiteral("The source %1 is not a directory.").arg(quoted(typed)));
+                      JobText::tr("The source %1 is not a directory.").arg(quoted(typed)));
     }
     const QString name = job.source.mid(job.source.lastIndexOf(QLatin1Char('/')) + 1);
     job.landing = contents || name.isEmpty() ? m_plan.destination : below(m_plan.destination, name);
@@ -144,18 +144,18 @@ bool Planner::checkOverlap(const ExportJob &job)
         source == landing || isSameFile(targetStatusOf(job.source), targetStatusOf(job.landing));
     if (same) {
         return refuse(Refusal::Destination,
-                      QStringLiteral("%1 would be copied onto itself.").arg(quoted(source)));
+                      JobText::tr("%1 would be copied onto itself.").arg(quoted(source)));
     }
     if (job.isDirectory && isSameOrBelow(landing, source)) {
         return refuse(Refusal::Destination,
-                      QStringLiteral("The destination %1 lies inside the source %2, so the copy "
-                                     "would hold itself.")
+                      JobText::tr("The destination %1 lies inside the source %2, so the copy "
+                                  "would hold itself.")
                           .arg(quoted(landing), quoted(source)));
     }
     if (isSameOrBelow(source, landing)) {
         return refuse(Refusal::Destination,
-                      QStringLiteral("The source %1 lies inside the destination %2, so the copy "
-                                     "could replace parts of its own source.")
+                      JobText::tr("The source %1 lies inside the destination %2, so the copy "
+                                  "could replace parts of its own source.")
                           .arg(quoted(source), quoted(landing)));
     }
     return true;
@@ -168,31 +168,31 @@ bool Planner::checkDestination()
     if (info.exists() && !info.isDir()) {
         return refuse(
             Refusal::Destination,
-            QStringLiteral("The destination %1 is not a directory.").arg(quoted(destination)));
+            JobText::tr("The destination %1 is not a directory.").arg(quoted(destination)));
     }
     const QString existing = nearestExisting(destination);
     const QFileInfo existingInfo(existing);
     if (!existingInfo.exists()) {
         return refuse(Refusal::Destination,
-                      QStringLiteral("The destination %1 cannot be created: %2 is a link that "
-                                     "leads nowhere.")
+                      JobText::tr("The destination %1 cannot be created: %2 is a link that "
+                                  "leads nowhere.")
                           .arg(quoted(destination), quoted(existing)));
     }
     if (!existingInfo.isDir()) {
         return refuse(Refusal::Destination,
-                      QStringLiteral("The destination %1 cannot be created: %2 is not a directory.")
+                      JobText::tr("The destination %1 cannot be created: %2 is not a directory.")
                           .arg(quoted(destination), quoted(existing)));
     }
     if (::faccessat(AT_FDCWD, QFile::encodeName(existing).constData(), W_OK | X_OK, AT_EACCESS)
         != 0) {
         return refuse(Refusal::Destination,
-                      QStringLiteral("Nothing can be written to %1 (%2).")
+                      JobText::tr("Nothing can be written to %1 (%2).")
                           .arg(quoted(existing), systemText(errno)));
     }
     if (info.exists() && StagingDirectory::isFilled(destination) && !m_intoExisting) {
         return refuse(
             Refusal::Destination,
-            QStringLiteral(
+            JobText::tr(
                 "The destination %1 exists and is not empty.\n"
                 "An abort removes the directories of a copy whole, with all that they held, so by "
                 "default the copy goes to a new or empty directory. Name one, or give "
@@ -208,7 +208,7 @@ bool Planner::hold(const QString &directory, std::shared_ptr<const HeldDirectory
     held = std::make_shared<HeldDirectory>(directory);
     return held->error() == 0
         || refuse(Refusal::Destination,
-                  QStringLiteral("The directory %1 cannot be opened (%2).")
+                  JobText::tr("The directory %1 cannot be opened (%2).")
                       .arg(quoted(directory), systemText(held->error())));
 }
 
@@ -219,7 +219,7 @@ bool Planner::checkLandings()
         const QString other = sources.value(job.landing);
         if (!other.isEmpty() && job.landing != m_plan.destination) {
             return refuse(Refusal::Destination,
-                          QStringLiteral("%1 and %2 would both be copied to %3.")
+                          JobText::tr("%1 and %2 would both be copied to %3.")
                               .arg(quoted(other), quoted(job.source), quoted(job.landing)));
         }
         sources.insert(job.landing, job.source);
@@ -240,10 +240,10 @@ bool Planner::checkLandings()
         }
         return refuse(Refusal::Destination,
                       (job.isDirectory
-                           ? QStringLiteral("The directory %1 cannot be copied to %2, which "
-                                            "is not a directory.")
-                           : QStringLiteral("The file %1 cannot be copied to %2, which "
-                                            "is not a file."))
+                           ? JobText::tr("The directory %1 cannot be copied to %2, which "
+                                         "is not a directory.")
+                           : JobText::tr("The file %1 cannot be copied to %2, which "
+                                         "is not a file."))
                           .arg(quoted(job.source), quoted(job.landing)));
     }
     return true;
@@ -263,9 +263,10 @@ bool Planner::surveySource(ExportJob &job)
     for (const SourceProblem &problem : qAsConst(job.survey.problems)) {
         sentences.append(QStringLiteral("%1: %2.").arg(problem.path, problem.cause));
     }
-    m_plan.reasons += listed(sentences, "more entry", "more entries");
+    m_plan.reasons += listed(sentences, JobText::tr("The same goes for 1 more entry."),
+                             JobText::tr("The same goes for %1 more entries."));
     return refuse(Refusal::Source,
-                  QStringLiteral("So a copy of %1 could not be whole; nothing was copied.")
+                  JobText::tr("So a copy of %1 could not be whole; nothing was copied.")
                       .arg(quoted(job.source)));
 }
 
@@ -278,14 +279,14 @@ bool Planner::checkMerge(ExportJob &job)
         const QString target = below(job.landing, directory);
         if (existsOrIsLink(target) && !QFileInfo(target).isDir()) {
             return refuse(Refusal::Destination,
-                          QStringLiteral("The directory %1 cannot take the place of %2, which is "
-                                         "not a directory.")
+                          JobText::tr("The directory %1 cannot take the place of %2, which is "
+                                      "not a directory.")
                               .arg(quoted(job.source + directory), quoted(target)));
         }
         if (QFileInfo(target).isDir() && !onOneVolume(target, job.landing)) {
             return refuse(Refusal::Destination,
-                          QStringLiteral("The directory %1 is on another volume than %2, so a copy "
-                                         "cannot be moved to it. Export to it alone.")
+                          JobText::tr("The directory %1 is on another volume than %2, so a copy "
+                                      "cannot be moved to it. Export to it alone.")
                               .arg(quoted(target), quoted(job.landing)));
         }
     }
@@ -296,8 +297,8 @@ bool Planner::checkMerge(ExportJob &job)
         }
         if (QFileInfo(target).isDir()) {
             return refuse(Refusal::Destination,
-                          QStringLiteral("The file %1 cannot take the place of %2, which is a "
-                                         "directory.")
+                          JobText::tr("The file %1 cannot take the place of %2, which is a "
+                                      "directory.")
                               .arg(quoted(job.source + file.path), quoted(target)));
         }
         ++job.replacedFiles;
@@ -318,11 +319,12 @@ bool Planner::checkPathLengths(const ExportJob &job)
         const int length = QFile::encodeName(target).size() + extra;
         if (length >= PATH_MAX) {
             return refuse(Refusal::Destination,
-                          QStringLiteral("The path of %1 would be too long in the destination: "
-                                         "%2, and %3 are possible. Choose a destination with a "
-                                         "shorter path.")
-                              .arg(quoted(target), counted(length, "byte"))
-                              .arg(PATH_MAX - 1));
+                          JobText::tr("The path of %1 would be too long in the destination: "
+                                      "%2, and %3 are possible. Choose a destination with a "
+                                      "shorter path.")
+                              .arg(quoted(target),
+                                   counted(length, JobText::tr("1 byte"), JobText::tr("%1 bytes")),
+                                   QString::number(PATH_MAX - 1)));
         }
     }
     return true;
@@ -341,7 +343,7 @@ bool Planner::checkCollisions()
             if (!other.isEmpty()) {
                 return refuse(
                     Refusal::Destination,
-                    QStringLiteral("%1 and %2 would both be copied to %3.")
+                    JobText::tr("%1 and %2 would both be copied to %3.")
                         .arg(quoted(other), quoted(job.source + file.path), quoted(target)));
             }
             fileSources.insert(target, job.source + file.path);
@@ -357,12 +359,11 @@ bool Planner::checkCollisions()
         }
         for (const QString &directory : qAsConst(directories)) {
             if (fileSources.contains(directory)) {
-                return refuse(
-                    Refusal::Destination,
-                    QStringLiteral("The file %1 and a directory of %2 would both be copied "
-                                   "to %3.")
-                        .arg(quoted(fileSources.value(directory)), quoted(job.source),
-                             quoted(directory)));
+                return refuse(Refusal::Destination,
+                              JobText::tr("The file %1 and a directory of %2 would both be copied "
+                                          "to %3.")
+                                  .arg(quoted(fileSources.value(directory)), quoted(job.source),
+                                       quoted(directory)));
             }
         }
     }
@@ -388,8 +389,8 @@ bool Planner::checkSpace()
         return true;
     }
     return refuse(Refusal::NoSpace,
-                  QStringLiteral("Not enough free space in %1: the copy needs %2, and %3 are free, "
-                                 "so %4 are missing.")
+                  JobText::tr("Not enough free space in %1: the copy needs %2, and %3 are free, "
+                              "so %4 are missing.")
                       .arg(quoted(storage.rootPath()), formatBytes(needed), formatBytes(available),
                            formatBytes(needed - available)));
 }
@@ -405,6 +406,32 @@ ExportPlan planExport(const QStringList &sources, const QString &destination, bo
 QString targetPath(const ExportJob &job, const SurveyedFile &file, const QString &root)
 {
     return job.isDirectory ? below(root, file.path) : root;
+}
+
+QString leftOut(const ExportPlan &plan)
+{
+    int hidden = 0;
+    int broken = 0;
+    int special = 0;
+    for (const ExportJob &job : plan.jobs) {
+        hidden += job.survey.hiddenEntries;
+        broken += job.survey.brokenLinks;
+        special += job.survey.specialEntries;
+    }
+    QStringList parts;
+    if (hidden > 0) {
+        parts.append(
+            counted(hidden, JobText::tr("1 hidden entry"), JobText::tr("%1 hidden entries")));
+    }
+    if (broken > 0) {
+        parts.append(counted(broken, JobText::tr("1 link that leads nowhere"),
+                             JobText::tr("%1 links that lead nowhere")));
+    }
+    if (special > 0) {
+        parts.append(counted(special, JobText::tr("1 pipe, socket or device"),
+                             JobText::tr("%1 pipes, sockets or devices")));
+    }
+    return parts.join(QLatin1String(", "));
 }
 
 } // namespace Tavro::FieldHost

@@ -56,6 +56,9 @@ struct ExportPlan
 ExportPlan planExport(const QStringList &sources, const QString &destination, bool intoExisting,
                       const std::function<bool()> &canceled);
 
+/** What the copy leaves out of the sources, counted, in words; empty when that is nothing. */
+QString leftOut(const ExportPlan &plan);
+
 /** Where @p file of @p job is when the job's files are below (or, for a single file, at) @p root.
  */
 QString targetPath(const ExportJob &job, const SurveyedFile &file, const QString &root);

@@ -12,6 +12,27 @@ namespace Tavro::FieldHost {
 
 using Shared::CFileCopyController;
 
+namespace {
+
+// a clause with a place for the path
+QString clauseOf(quint32 error)
+{
+    switch (error) {
+    case CFileCopyController::ErrorSourceFileOpenFailed:
+        return ExportRun::tr("%1 cannot be opened");
+    case CFileCopyController::ErrorSourceFileReadFailed:
+        return ExportRun::tr("%1 cannot be read");
+    case CFileCopyController::ErrorDestinationFileOpenFailed:
+        return ExportRun::tr("%1 cannot be created");
+    case CFileCopyController::ErrorDestinationFileWriteFailed:
+        return ExportRun::tr("%1 cannot be written");
+    default:
+        return ExportRun::tr("%1 cannot be copied");
+    }
+}
+
+} // namespace
+
 ExportRun::ExportRun(ExportPlan plan, bool verify, QObject *parent)
     : QObject(parent)
     , m_plan(std::move(plan))
@@ -79,10 +100,9 @@ void ExportRun::clearRemains()
     for (const QString &place : qAsConst(places)) {
         const QStringList staying = StagingDirectory::discardAbandoned(place);
         for (const QString &path : staying) {
-            Q_EMIT warned(
-                QStringLiteral("Warning: an earlier export did not come to its end, and has left "
-                               "%1. It may be removed once the volume has been checked.")
-                    .arg(quoted(shown(path))));
+            Q_EMIT warned(tr("Warning: an earlier export did not come to its end, and has left "
+                             "%1. It may be removed once the volume has been checked.")
+                              .arg(quoted(shown(path))));
         }
     }
 }
@@ -175,14 +195,15 @@ void ExportRun::onStepCompleted()
         m_result.bytes += check.wholeBytes;
         surveyed += task->job.survey.files.size();
         if (reason.isEmpty() && check.fault) {
-            reason = QStringLiteral("%1 was not copied: %2.")
-                         .arg(quoted(check.fault->source), check.fault->cause);
+            reason =
+                tr("%1 was not copied: %2.").arg(quoted(check.fault->source), check.fault->cause);
         }
     }
     // what nobody looked for would not be moved to its place
     if (reason.isEmpty() && anyStaged() && m_controller.lastResult().files > surveyed) {
-        reason = QStringLiteral("The source holds %1 more than when it was looked through.")
-                     .arg(counted(m_controller.lastResult().files - surveyed, "file"));
+        reason = counted(m_controller.lastResult().files - surveyed,
+                         tr("The source holds 1 file more than when it was looked through."),
+                         tr("The source holds %1 files more than when it was looked through."));
     }
     if (!reason.isEmpty()) {
         fail(reason);
@@ -207,23 +228,22 @@ QString ExportRun::failure() const
     if (result.isWhole()) {
         return {};
     }
-    static constexpr const char *verbs[] = {"copied", "opened", "read", "created", "written"};
     const quint32 error = result.errorCode & 0xFFU;
     if (error != CFileCopyController::ErrorNone) {
         return withCause(result.path.isEmpty() // there is no thread to be had
-                             ? QStringLiteral("The copy could not begin")
-                             : QStringLiteral("%1 cannot be %2")
-                                   .arg(quoted(shown(result.path)),
-                                        QLatin1String(verbs[error < std::size(verbs) ? error : 0])),
+                             ? tr("The copy could not begin")
+                             : clauseOf(error).arg(quoted(shown(result.path))),
                          result.systemError);
     }
     QStringList sentences;
     for (const QString &directory : result.unreadableDirectories) {
-        sentences.append(withCause(QStringLiteral("The directory %1 cannot be read as a whole")
-                                       .arg(quoted(shown(directory))),
-                                   result.systemError));
+        sentences.append(withCause(
+            tr("The directory %1 cannot be read as a whole").arg(quoted(shown(directory))),
+            result.systemError));
     }
-    return listed(sentences, "more directory").join(QLatin1Char('\n'));
+    return listed(sentences, tr("The same goes for 1 more directory."),
+                  tr("The same goes for %1 more directories."))
+        .join(QLatin1Char('\n'));
 }
 
 void ExportRun::settle()
@@ -232,11 +252,11 @@ void ExportRun::settle()
         if (task->copy.settle()) {
             continue;
         }
-        m_result.problems.append(QStringLiteral("Failed: %1").arg(task->copy.error()));
+        m_result.problems.append(tr("Failed: %1").arg(task->copy.error()));
         for (const auto &other : m_tasks) {
             if (other != task && other->copy.isStaged()) {
-                m_result.problems.append(QStringLiteral("As before: %1, with all that it holds.")
-                                             .arg(quoted(other->job.landing)));
+                m_result.problems.append(
+                    tr("As before: %1, with all that it holds.").arg(quoted(other->job.landing)));
             }
         }
         discard(true);
@@ -275,8 +295,7 @@ void ExportRun::onVerified()
     } else if (fault) {
         // of files that were all counted as whole, none can be trusted now
         m_result.files = 0;
-        fail(QStringLiteral("The copy of %1 is not good: %2.")
-                 .arg(quoted(fault->source), fault->cause));
+        fail(tr("The copy of %1 is not good: %2.").arg(quoted(fault->source), fault->cause));
     } else {
         complete();
     }
@@ -290,12 +309,11 @@ void ExportRun::onStepCanceled()
     }
     const bool staged = anyStaged();
     const QStringList removed = discard(false);
-    m_result.report.append(
-        removed.isEmpty() && m_verification
-            ? QStringLiteral("Aborted. The copy is in its place, but was not compared.")
-            : QStringLiteral("Aborted. Removed: %1").arg(quotedList(removed)));
+    m_result.report.append(removed.isEmpty() && m_verification
+                               ? tr("Aborted. The copy is in its place, but was not compared.")
+                               : tr("Aborted. Removed: %1").arg(quotedList(removed)));
     if (staged) {
-        m_result.report.append(QStringLiteral("What was in the destination before is unchanged."));
+        m_result.report.append(tr("What was in the destination before is unchanged."));
     }
     finish(ExportResult::End::Aborted);
 }
@@ -307,13 +325,14 @@ void ExportRun::complete()
         return;
     }
     if (m_verification) {
-        m_result.report.append(QStringLiteral("Verified: every copy equals its source"));
+        m_result.report.append(tr("Verified: every copy equals its source"));
     }
     const double rate = static_cast<double>(m_result.bytes) * 1000
         / static_cast<double>(qMax<qint64>(m_result.time, 1));
-    m_result.report.append(QStringLiteral("Done: %1, %2 in %3 (%4)")
-                               .arg(counted(m_result.files, "file"), formatBytes(m_result.bytes),
-                                    formatDuration(m_result.time), formatRate(rate)));
+    m_result.report.append(tr("Done: %1, %2 in %3 (%4)")
+                               .arg(counted(m_result.files, tr("1 file"), tr("%1 files")),
+                                    formatBytes(m_result.bytes), formatDuration(m_result.time),
+                                    formatRate(rate)));
     finish(ExportResult::End::Done);
 }
 
@@ -321,25 +340,27 @@ void ExportRun::fail(const QString &reason)
 {
     const bool staged = anyStaged();
     QStringList &problems = m_result.problems;
-    problems.append(QStringLiteral("Failed: %1").arg(reason));
+    problems.append(tr("Failed: %1").arg(reason));
     if (m_result.files > 0 && !staged) {
-        problems.append(QStringLiteral("%1 of %2 are whole in %3, the others are missing; no "
-                                       "partial file is left.")
+        problems.append(tr("%1 of %2 are whole in %3, the others are missing; no "
+                           "partial file is left.")
                             .arg(m_result.files)
-                            .arg(counted(m_plan.files, "file"), quoted(m_plan.destination)));
+                            .arg(counted(m_plan.files, tr("1 file"), tr("%1 files")),
+                                 quoted(m_plan.destination)));
         finish(ExportResult::End::Failed);
         return;
     }
     const bool isRemoved = discard(false).size() == static_cast<int>(m_tasks.size());
     if (staged) {
-        problems.append((isRemoved ? QStringLiteral("The unfinished copy was removed; what was ")
-                                   : QStringLiteral("What was "))
-                        + QStringLiteral("in the destination before is unchanged."));
+        problems.append(
+            isRemoved ? tr(
+                "The unfinished copy was removed; what was in the destination before is unchanged.")
+                      : tr("What was in the destination before is unchanged."));
     } else if (isRemoved) {
-        problems.append(QStringLiteral("Nothing was left in the destination."));
+        problems.append(tr("Nothing was left in the destination."));
     } else if (m_verification) {
-        problems.append(QStringLiteral("The copies that replaced files of the same name stay "
-                                       "where they are. Export again."));
+        problems.append(tr("The copies that replaced files of the same name stay "
+                           "where they are. Export again."));
     }
     finish(ExportResult::End::Failed);
 }
@@ -348,12 +369,11 @@ void ExportRun::failWithoutDrive()
 {
     QStringList &problems = m_result.problems;
     discard(false); // on the drive, as far as it can still be reached
-    problems.append(
-        QStringLiteral("Failed: the drive was taken away, or the directory moved: %1 is "
+    problems.append(tr("Failed: the drive was taken away, or the directory moved: %1 is "
                        "not what it was when the copy began.")
-            .arg(quoted(m_plan.destination)));
-    problems.append(QStringLiteral("Nothing was written anywhere else. What the drive holds of "
-                                   "the copy is not whole."));
+                        .arg(quoted(m_plan.destination)));
+    problems.append(tr("Nothing was written anywhere else. What the drive holds of "
+                       "the copy is not whole."));
     finish(ExportResult::End::Failed);
 }
 

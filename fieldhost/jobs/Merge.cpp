@@ -206,7 +206,7 @@ bool Merge::flush()
 
 bool Merge::fail(const QString &path, int error)
 {
-    m_error = QStringLiteral("The copy cannot be moved to its place: %1: %2.")
+    m_error = JobText::tr("The copy cannot be moved to its place: %1: %2.")
                   .arg(quoted(m_job.held->shown(path)), systemText(error));
     return false;
 }
@@ -216,14 +216,15 @@ QString Merge::error() const
     const int files = m_job.survey.files.size();
     QString text = m_error;
     if (m_placed > 0) {
-        text += QStringLiteral("\nNew: %1.").arg(range(0, m_placed));
+        text += QLatin1Char('\n') + JobText::tr("New: %1.").arg(range(0, m_placed));
     }
     if (m_moved > m_placed) {
-        text += QStringLiteral("\nNew, but perhaps not yet on the device: %1.")
-                    .arg(range(m_placed, m_moved));
+        text += QLatin1Char('\n')
+            + JobText::tr("New, but perhaps not yet on the device: %1.")
+                  .arg(range(m_placed, m_moved));
     }
     if (m_moved < files) {
-        text += QStringLiteral("\nAs before: %1.").arg(range(m_moved, files));
+        text += QLatin1Char('\n') + JobText::tr("As before: %1.").arg(range(m_moved, files));
     }
     return text;
 }
@@ -244,8 +245,8 @@ QString Merge::range(int first, int end) const
         return quoted(m_job.held->shown(at(m_place, m_job.survey.files.at(i).path)));
     };
     return end - first == 1 ? name(first)
-                            : QStringLiteral("%1, from %2 to %3 in the order of the copy")
-                                  .arg(counted(end - first, "file"), name(first), name(end - 1));
+                            : JobText::tr("%1 files, from %2 to %3 in the order of the copy")
+                                  .arg(QString::number(end - first), name(first), name(end - 1));
 }
 
 } // namespace Tavro::FieldHost

@@ -11,26 +11,26 @@ QString objectionToPlace(const RecordPlan &plan)
 {
     const QFileInfo clip(plan.clip);
     if (clip.fileName().isEmpty() || clip.isDir()) {
-        return QStringLiteral("%1 is a directory, not a clip.").arg(quoted(plan.clip));
+        return JobText::tr("%1 is a directory, not a clip.").arg(quoted(plan.clip));
     }
     if (clip.baseName().isEmpty()) {
-        return QStringLiteral("%1 has no name before its first dot.").arg(quoted(plan.clip));
+        return JobText::tr("%1 has no name before its first dot.").arg(quoted(plan.clip));
     }
     const QString path = Shared::ClipInfoHandler::videoPathToFilePath(plan.clip);
     const QFileInfo info(path);
     if (info.absoluteFilePath() == clip.absoluteFilePath()) {
-        return QStringLiteral("%1 is the name of a clip information file, not of a clip.")
+        return JobText::tr("%1 is the name of a clip information file, not of a clip.")
             .arg(quoted(plan.clip));
     }
     const QFileInfo directory(info.path());
     if (!directory.isDir()) {
-        return QStringLiteral("There is no directory %1.").arg(quoted(directory.filePath()));
+        return JobText::tr("There is no directory %1.").arg(quoted(directory.filePath()));
     }
     if (info.exists() && (!info.isFile() || !info.isReadable() || !info.isWritable())) {
-        return QStringLiteral("%1 is there and cannot be continued.").arg(quoted(path));
+        return JobText::tr("%1 is there and cannot be continued.").arg(quoted(path));
     }
     if (!info.exists() && !directory.isWritable()) {
-        return QStringLiteral("The directory %1 cannot be written to.")
+        return JobText::tr("The directory %1 cannot be written to.")
             .arg(quoted(directory.filePath()));
     }
     return {};

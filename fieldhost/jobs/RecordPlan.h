@@ -1,9 +1,9 @@
 #pragma once
 
-#include "shared/base/DistanceUnit.h"
-
 #include <QString>
 #include <QVector>
+
+#include <limits>
 
 namespace Tavro::FieldHost {
 
@@ -11,11 +11,10 @@ namespace Tavro::FieldHost {
 struct RecordPlan
 {
     QString clip; // path of the video
-    qint64 duration = 0;
+    qint64 duration = std::numeric_limits<qint64>::max(); // without one, until it is ended
     double speed = 1; // how many times faster than real time
     QVector<qint64> pauses;
     QVector<qint64> observations;
-    Base::DistanceUnit unit = Base::DistanceUnit::Meter;
 };
 
 /**

@@ -2,9 +2,10 @@
 
 #include "fieldhost/jobs/ClipInfoFile.h"
 #include "fieldhost/services/FieldApplication.h"
-#include "shared/locale/CProjectLocaleData.h"
 
 #include <QFileInfo>
+
+#include <limits>
 
 namespace Tavro::FieldHost {
 
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int s_refreshInterval = 40; // ms between two looks at the clock
 constexpr qint64 s_pauseLength = 2000; // ms
+constexpr qint64 s_untilResumed = std::numeric_limits<qint64>::max(); // ms, more than pass
 // so that Ctrl-C is heard however fast the clock is to run
 constexpr int s_mostFramesAtOnce = 5000;
 
@@ -35,7 +37,6 @@ RecordRun::~RecordRun()
 
 void RecordRun::start()
 {
-    Shared::CProjectLocaleData::instance()->setUnitType(m_plan.unit);
     m_host.settings().setVideoIndexingEnabled(true);
     // a camera as one would be calibrated
     m_host.crawler().panTilt()->setCalibration(123, 456);
@@ -49,6 +50,31 @@ void RecordRun::start()
     crawler.recorder()->record();
     m_sinceStart.start();
     m_timer.start();
+}
+
+void RecordRun::pause()
+{
+    if (m_timer.isActive()) {
+        m_restLeft = s_untilResumed;
+        m_host.crawler().recorder()->pause();
+        Q_EMIT progressChanged();
+    }
+}
+
+void RecordRun::resume()
+{
+    if (m_timer.isActive()) {
+        m_restLeft = 0;
+        m_host.crawler().recorder()->resume();
+        Q_EMIT progressChanged();
+    }
+}
+
+void RecordRun::observe()
+{
+    if (m_timer.isActive()) {
+        m_host.createObservation();
+    }
 }
 
 void RecordRun::end()
@@ -126,9 +152,9 @@ void RecordRun::finish()
     if (!file.error.isEmpty()) {
         m_result.problem = file.error;
     } else if (!file.endsWhole) {
-        m_result.problem = QStringLiteral("its last line is not complete");
+        m_result.problem = tr("its last line is not complete");
     } else if (m_result.samples <= 0) { // the initial sample is always there
-        m_result.problem = QStringLiteral("it lacks what was recorded");
+        m_result.problem = tr("it lacks what was recorded");
     }
     Q_EMIT finished();
 }

@@ -23,7 +23,10 @@ struct RecordResult
 
 /**
  * Records one clip with the simulated crawler, as a host does it: the crawler drives, the clip
- * information handler listens and writes the file when the recorder has stopped.
+ * information handler listens and writes the file when the recorder has stopped. Distances are
+ * written in the unit of the project.
+ *
+ * What the user asks for does nothing before start() and after the end.
  */
 class RecordRun : public QObject
 {
@@ -36,7 +39,13 @@ public:
 
     /** Begins, and goes on in the event loop. */
     void start();
-    /** Ends the recording now; what was recorded up to here is written. */
+    /** Pauses the recording until resume(), also where a pause of the plan would end. */
+    void pause();
+    /** Goes on at once after a pause, of the plan or not. */
+    void resume();
+    /** Enters an observation at the present distance. */
+    void observe();
+    /** Ends the recording now; what was recorded up to here is written. Blocks meanwhile. */
     void end();
 
     /** The clip information file. */

@@ -77,15 +77,15 @@ void Walk::visit(int index)
     FileStatus status = {};
     if (fd < 0 || ::fstat(fd, &status) != 0) {
         addProblem(directory,
-                   QStringLiteral("the directory cannot be read (%1)").arg(systemText(errno)));
+                   JobText::tr("the directory cannot be read (%1)").arg(systemText(errno)));
         ::close(fd);
         return;
     }
     m_directories[index].status = status;
     if (leadsBack(m_directories.at(index).parent, status)) {
         addProblem(directory,
-                   QStringLiteral("the link leads back to a directory that holds it, "
-                                  "so the copy would never end"));
+                   JobText::tr("the link leads back to a directory that holds it, "
+                               "so the copy would never end"));
         ::close(fd);
         return;
     }
@@ -101,7 +101,7 @@ void Walk::visit(int index)
     });
     if (error != 0) {
         addProblem(directory,
-                   QStringLiteral("the directory cannot be read (%1)").arg(systemText(error)));
+                   JobText::tr("the directory cannot be read (%1)").arg(systemText(error)));
     }
     sortIn(index);
 }
@@ -126,7 +126,7 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &director
     if (!isFile && !isDirectory) {
         if (isLink) {
             addProblem(directory, name,
-                       QStringLiteral("the link leads to a pipe, a socket or a device"));
+                       JobText::tr("the link leads to a pipe, a socket or a device"));
         } else {
             ++m_survey.specialEntries;
         }
@@ -135,7 +135,7 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &director
     const QString text = nameFromBytes(name);
     if (text.isNull()) {
         addProblem(directory, name,
-                   QStringLiteral("the name is not valid UTF-8; it can be copied once renamed"));
+                   JobText::tr("the name is not valid UTF-8; it can be copied once renamed"));
         return;
     }
     if (isDirectory) {
@@ -144,7 +144,7 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &director
     }
     if (::faccessat(directoryFd, name.constData(), R_OK, AT_EACCESS) != 0) {
         addProblem(directory + text,
-                   QStringLiteral("the file cannot be read (%1)").arg(systemText(errno)));
+                   JobText::tr("the file cannot be read (%1)").arg(systemText(errno)));
         return;
     }
     m_foundFiles.push_back({text, status.st_size});
@@ -183,8 +183,8 @@ bool Walk::landsWhereItShould(const QString &path)
         return true;
     }
     addProblem(path,
-               QStringLiteral("its path holds the path of the source a second time, so it would be "
-                              "copied to a wrong place"));
+               JobText::tr("its path holds the path of the source a second time, so it would be "
+                           "copied to a wrong place"));
     return false;
 }
 
@@ -227,10 +227,10 @@ SourceSurvey surveyFile(const QString &path)
         survey.problems.append({quoted(path), systemText(errno)});
     } else if (!S_ISREG(status.st_mode)) {
         survey.problems.append(
-            {quoted(path), QStringLiteral("neither a directory nor a regular file")});
+            {quoted(path), JobText::tr("neither a directory nor a regular file")});
     } else if (::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), R_OK, AT_EACCESS) != 0) {
         survey.problems.append(
-            {quoted(path), QStringLiteral("the file cannot be read (%1)").arg(systemText(errno))});
+            {quoted(path), JobText::tr("the file cannot be read (%1)").arg(systemText(errno))});
     } else {
         survey.files.append({QString(), status.st_size});
     }

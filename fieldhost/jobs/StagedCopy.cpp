@@ -46,7 +46,7 @@ bool StagedCopy::prepare()
     int error = 0;
     m_staging = StagingDirectory::create(m_place, error);
     if (!m_staging) {
-        return fail(QStringLiteral("A directory for the copy cannot be created in %1: %2.")
+        return fail(JobText::tr("A directory for the copy cannot be created in %1: %2.")
                         .arg(quoted(m_job.held->shown(m_place)), systemText(error)));
     }
     m_root = m_staging->rootFor(m_job.landing.mid(m_job.landing.lastIndexOf(QLatin1Char('/')) + 1),
@@ -62,7 +62,7 @@ bool StagedCopy::createDirectories(const QString &path)
     }
     for (const QString &directory : qAsConst(missing)) {
         if (::mkdir(QFile::encodeName(directory).constData(), 0777) != 0) {
-            return fail(QStringLiteral("The directory %1 cannot be created: %2.")
+            return fail(JobText::tr("The directory %1 cannot be created: %2.")
                             .arg(quoted(m_job.held->shown(directory)), systemText(errno)));
         }
         m_created.append(directory);
@@ -75,7 +75,7 @@ bool StagedCopy::settle()
     if (m_staging) {
         // the last of the directories and empty files
         if (!m_staging->beginMerge() || flushVolume(m_place) != 0) {
-            return fail(QStringLiteral("The copy cannot be moved to its place: %1: %2.")
+            return fail(JobText::tr("The copy cannot be moved to its place: %1: %2.")
                             .arg(quoted(m_job.held->shown(m_place)), systemText(errno)));
         }
         Merge merge(m_job, m_root, m_landing, m_staging->backups());
@@ -84,14 +84,14 @@ bool StagedCopy::settle()
             return fail(merge.error());
         }
         if (!m_staging->removeEmpty()) {
-            return fail(QStringLiteral("All is in its place, but %1 cannot be removed.")
+            return fail(JobText::tr("All is in its place, but %1 cannot be removed.")
                             .arg(quoted(m_job.held->shown(m_staging->path()))));
         }
         m_staging.reset();
     }
     const int error = flushVolume(m_place);
     return error == 0
-        || fail(QStringLiteral("The copy in %1 could not be written to the device: %2.")
+        || fail(JobText::tr("The copy in %1 could not be written to the device: %2.")
                     .arg(quoted(m_job.held->shown(m_place)), systemText(error)));
 }
 
@@ -104,8 +104,8 @@ QStringList StagedCopy::discard()
         if (m_staging->discard()) {
             removed.append(path);
         } else {
-            fail(QStringLiteral("%1 could not be removed. The next export to this place will try "
-                                "again.")
+            fail(JobText::tr("%1 could not be removed. The next export to this place will try "
+                             "again.")
                      .arg(quoted(path)));
         }
         m_staging.reset();
@@ -118,7 +118,7 @@ QStringList StagedCopy::discard()
         }
         if (existsOrIsLink(m_landing)) {
             removed.clear();
-            fail(QStringLiteral("%1 could not be removed.").arg(quoted(m_job.landing)));
+            fail(JobText::tr("%1 could not be removed.").arg(quoted(m_job.landing)));
         }
     }
     // those below a directory just removed are gone; what holds another job's files stays

@@ -25,6 +25,15 @@ int utf8Length(const QByteArray &bytes)
     return 0;
 }
 
+// numbers are written as in the sentences that they are part of
+QLocale numberLocale()
+{
+    //: The locale of the numbers in all texts: "de" for German
+    QLocale locale(JobText::tr("C"));
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    return locale;
+}
+
 } // namespace
 
 QString formatBytes(qint64 bytes)
@@ -32,17 +41,18 @@ QString formatBytes(qint64 bytes)
     if (bytes < s_kibi) {
         return QStringLiteral("%1 B").arg(bytes);
     }
-    const QString text = QLocale::c().formattedDataSize(bytes, 1);
+    const QLocale locale = numberLocale();
+    const QString text = locale.formattedDataSize(bytes, 1);
     // as much as reads 1024 of a unit is 1 of the next
-    return text.startsWith(QLatin1String("1024.0"))
-        ? QLocale::c().formattedDataSize(bytes + bytes / s_kibi, 1)
+    return text.startsWith(locale.toString(1024.0, 'f', 1))
+        ? locale.formattedDataSize(bytes + bytes / s_kibi, 1)
         : text;
 }
 
 QString formatRate(double bytesPerSecond)
 {
     const double rate = bytesPerSecond / s_mebi;
-    return QStringLiteral("%1 MiB/s").arg(rate, 0, 'f', rate < 10 ? 2 : 1);
+    return QStringLiteral("%1 MiB/s").arg(numberLocale().toString(rate, 'f', rate < 10 ? 2 : 1));
 }
 
 QString formatClock(qint64 milliseconds)
@@ -62,7 +72,8 @@ QString formatDuration(qint64 milliseconds)
 {
     const QLatin1Char zero('0');
     if (milliseconds < 59'950) {
-        return QStringLiteral("%1 s").arg(static_cast<double>(milliseconds) / 1000, 0, 'f', 1);
+        const double seconds = static_cast<double>(milliseconds) / 1000;
+        return QStringLiteral("%1 s").arg(numberLocale().toString(seconds, 'f', 1));
     }
     const qint64 seconds = (milliseconds + 500) / 1000;
     if (seconds < 3600) {
@@ -71,15 +82,9 @@ QString formatDuration(qint64 milliseconds)
     return QStringLiteral("%1 h %2 min").arg(seconds / 3600).arg(seconds / 60 % 60, 2, 10, zero);
 }
 
-QString counted(qint64 n, const char *singular, const char *plural)
+QString counted(qint64 n, const QString &one, const QString &many)
 {
-    if (n == 1) {
-        return QStringLiteral("1 %1").arg(QLatin1String(singular));
-    }
-    if (plural) {
-        return QStringLiteral("%1 %2").arg(n).arg(QLatin1String(plural));
-    }
-    return QStringLiteral("%1 %2s").arg(n).arg(QLatin1String(singular));
+    return n == 1 ? one : many.arg(n);
 }
 
 QString quoted(const QString &path)
@@ -124,12 +129,11 @@ QString quotedList(const QStringList &paths)
     return texts.join(QLatin1String(", "));
 }
 
-QStringList listed(const QStringList &sentences, const char *singular, const char *plural)
+QStringList listed(const QStringList &sentences, const QString &oneMore, const QString &manyMore)
 {
     QStringList shown = sentences.mid(0, s_listed);
     if (sentences.size() > s_listed) {
-        shown.append(QStringLiteral("The same goes for %1.")
-                         .arg(counted(sentences.size() - s_listed, singular, plural)));
+        shown.append(counted(sentences.size() - s_listed, oneMore, manyMore));
     }
     return shown;
 }

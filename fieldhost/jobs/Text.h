@@ -3,10 +3,17 @@
 #include "fieldhost/services/Printable.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
 namespace Tavro::FieldHost {
+
+/** Translates the texts of the jobs that no QObject says. */
+class JobText
+{
+    Q_DECLARE_TR_FUNCTIONS(Tavro::FieldHost::JobText)
+};
 
 /** "1023 B", "12.3 MiB": binary units. */
 QString formatBytes(qint64 bytes);
@@ -16,8 +23,8 @@ QString formatRate(double bytesPerSecond);
 QString formatClock(qint64 milliseconds);
 /** A length of time in words: "1.3 s", "2 min 05 s", "1 h 02 min". */
 QString formatDuration(qint64 milliseconds);
-/** "1 file", "2 files", "0 files"; @p plural where adding an s would not do. */
-QString counted(qint64 n, const char *singular, const char *plural = nullptr);
+/** @p one for 1, else @p many with the number in the place of %1. */
+QString counted(qint64 n, const QString &one, const QString &many);
 
 /** @p path as a terminal can show it, in double quotes. */
 QString quoted(const QString &path);
@@ -31,8 +38,7 @@ QString systemText(int error);
 QString withCause(const QString &clause, int error);
 /** All of @p paths, quoted. */
 QString quotedList(const QStringList &paths);
-/** The first of @p sentences, and how many more there are, as counted() has it. */
-QStringList listed(const QStringList &sentences, const char *singular,
-                   const char *plural = nullptr);
+/** The first of @p sentences, and how many more there are: two sentences for counted(). */
+QStringList listed(const QStringList &sentences, const QString &oneMore, const QString &manyMore);
 
 } // namespace Tavro::FieldHost

@@ -1,5 +1,7 @@
 #include "fieldhost/jobs/Trace.h"
 
+#include "fieldhost/jobs/Text.h"
+
 namespace Tavro::FieldHost {
 
 void Span::include(double value)
@@ -14,9 +16,9 @@ void Span::include(double value)
 }
 
 Trace::Trace(const ClipInfoFile &file)
-    : m_curves{{QStringLiteral("distance %1").arg(file.unit).trimmed(), 2, {}},
-               {QStringLiteral("pan °"), 1, {}},
-               {QStringLiteral("tilt °"), 1, {}}}
+    : m_curves{{JobText::tr("distance %1").arg(file.unit).trimmed(), 2, {}},
+               {JobText::tr("pan °"), 1, {}},
+               {JobText::tr("tilt °"), 1, {}}}
 {
     double begin = 0; // of the recording
     double last = 0; // in the recording

@@ -52,22 +52,26 @@ bool mayAnybodyMount()
     return false;
 }
 
-QString missingRight(const QString &device, int mode, const char *verb)
+QString missingRight(const QString &device, int mode, const QString &needsRoot,
+                     const QString &impossible)
 {
     if (::access(QFile::encodeName(device).constData(), mode) == 0) {
         return {};
     }
     const int error = errno;
     if (error == EACCES || error == EPERM) {
-        return QStringLiteral("%1 %2 needs root, or a udev rule that gives the device to one of "
-                              "your groups.")
-            .arg(QLatin1String(verb), quoted(device));
+        return needsRoot.arg(quoted(device));
     }
-    return QStringLiteral("%1 %2 is not possible (%3).")
-        .arg(QLatin1String(verb), quoted(device), systemText(error));
+    return impossible.arg(quoted(device), systemText(error));
 }
 
 } // namespace
+
+QRecursiveMutex &usbDriveMutex()
+{
+    static QRecursiveMutex mutex;
+    return mutex;
+}
 
 bool isOnUsbDrive(const QString &path)
 {
@@ -76,6 +80,7 @@ bool isOnUsbDrive(const QString &path)
 
 std::optional<mountItem> partitionOf(const QString &path)
 {
+    const QMutexLocker locker(&usbDriveMutex());
     const auto items = MountedUSBDeviceList::getUSBMountPaths().items;
     for (const mountItem &item : items) {
         if (path.startsWith(item.mountPoint.absoluteFilePath())) { // as lock() sees it
@@ -89,7 +94,7 @@ QString described(const mountItem &partition)
 {
     return QStringLiteral("%1 (%2)").arg(quoted(partition.device.filePath()),
                                          partition.fileSystemType.isEmpty()
-                                             ? QStringLiteral("FAT of no known type")
+                                             ? JobText::tr("FAT of no known type")
                                              : partition.fileSystemType);
 }
 
@@ -97,39 +102,47 @@ QString missingMountRight()
 {
     return ::geteuid() == 0 || mayAnybodyMount()
         ? QString()
-        : QStringLiteral("Mounting and unmounting %1 needs root, or a line for it in %2 with the "
-                         "option \"users\".")
+        : JobText::tr("Mounting and unmounting %1 needs root, or a line for it in %2 with the "
+                      "option \"users\".")
               .arg(QLatin1String(s_device), QLatin1String(s_fstab));
 }
 
 QString missingWriteRight(const QString &device)
 {
-    return missingRight(device, W_OK, "Writing to");
+    return missingRight(device, W_OK,
+                        JobText::tr("Writing to %1 needs root, or a udev rule that gives the "
+                                    "device to one of your groups."),
+                        JobText::tr("Writing to %1 is not possible (%2)."));
 }
 
 QString missingReadRight(const QString &device)
 {
-    return missingRight(device, R_OK, "Reading");
+    return missingRight(
+        device, R_OK,
+        JobText::tr(
+            "Reading %1 needs root, or a udev rule that gives the device to one of your groups."),
+        JobText::tr("Reading %1 is not possible (%2)."));
 }
 
 QString whyNotMarked(const QString &path)
 {
+    const QMutexLocker locker(&usbDriveMutex());
     const std::optional<mountItem> partition = partitionOf(path);
     if (partition) {
         const QString device = partition->device.absoluteFilePath();
         if (Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
-            return QStringLiteral("%1 has no dirty byte to set.").arg(described(*partition));
+            return JobText::tr("%1 has no dirty byte to set.").arg(described(*partition));
         }
         const QString missing = missingWriteRight(device);
         return missing.isEmpty()
-            ? QStringLiteral("%1 did not take the dirty byte.").arg(described(*partition))
+            ? JobText::tr("%1 did not take the dirty byte.").arg(described(*partition))
             : missing;
     }
     if (MountedUSBDeviceList::isUSBMounted()) {
-        return QStringLiteral("%1 lies on no mounted USB drive that you may write to.")
+        return JobText::tr("%1 lies on no mounted USB drive that you may write to.")
             .arg(quoted(path));
     }
-    QStringList sentences(QStringLiteral("No USB drive is mounted on %1.")
+    QStringList sentences(JobText::tr("No USB drive is mounted on %1.")
                               .arg(quoted(QString::fromLatin1(usbMountPoint))));
     const QString missing = missingMountRight();
     if (!missing.isEmpty()) {
@@ -140,28 +153,28 @@ QString whyNotMarked(const QString &path)
 
 UnmountResult unmountUsbDrive(const std::optional<mountItem> &partition)
 {
+    const QMutexLocker locker(&usbDriveMutex());
     QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
     const QString device = partition ? partition->device.absoluteFilePath() : QString();
     const QByteArray mountedVolume = readFatVolume(device).identity;
     MountedUSBDeviceList::dismountUSB();
     if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
-        return {true, QStringLiteral("Unmounted. There was no dirty byte to clear.")};
+        return {true, JobText::tr("Unmounted. There was no dirty byte to clear.")};
     }
     if (readFatVolume(device).identity != mountedVolume) {
         return {false,
-                QStringLiteral("Unmounted. Another drive is in its place now, or none, and was not "
-                               "touched: the drive that was mounted is still marked as in use.")};
+                JobText::tr("Unmounted. Another drive is in its place now, or none, and was not "
+                            "touched: the drive that was mounted is still marked as in use.")};
     }
     if (Shared::USBDriveCleanAccessManager::clearDirtyFlag(device, partition->fileSystemType)) {
-        return {true, QStringLiteral("Unmounted and marked clean: %1.").arg(described(*partition))};
+        return {true, JobText::tr("Unmounted and marked clean: %1.").arg(described(*partition))};
     }
     const QString missing = missingWriteRight(device);
-    return {
-        false,
-        QStringLiteral("Unmounted, and still marked as in use. %1")
-            .arg(missing.isEmpty()
-                     ? QStringLiteral("%1 did not take the mark back.").arg(described(*partition))
-                     : missing)};
+    return {false,
+            JobText::tr("Unmounted, and still marked as in use. %1")
+                .arg(missing.isEmpty()
+                         ? JobText::tr("%1 did not take the mark back.").arg(described(*partition))
+                         : missing)};
 }
 
 bool isFat(const QString &fileSystemType)

@@ -2,6 +2,7 @@
 
 #include "shared/usb/MountedUSBDeviceList.h"
 
+#include <QMutex>
 #include <QString>
 
 #include <optional>
@@ -10,6 +11,13 @@ namespace Tavro::FieldHost {
 
 /** Where the library mounts the drive. */
 extern const char usbMountPoint[];
+
+/**
+ * To be held around calls of MountedUSBDeviceList where several threads make them: two at the same
+ * time would read one another's lines of the mount table. DriveAccess and the functions below that
+ * call them hold it.
+ */
+QRecursiveMutex &usbDriveMutex();
 
 /** Whether an absolute path, links resolved, is to be found on the drive once it is mounted. */
 bool isOnUsbDrive(const QString &path);

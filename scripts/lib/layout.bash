@@ -16,12 +16,14 @@ declare -A uses_of=(
     [view3d]='host'
 )
 
-# The same for the directories of fieldhost/. All of them may use shared/ and host/, as installed.
+# The same for the directories of fieldhost/. All of them may use shared/ and host/, as installed, and
+# so may qml/. fieldhost/qml registers the types of qml/ as any host does.
 declare -A fieldhost_uses_of=(
     [catalog]=''
     [cli]='catalog forms jobs services'
     [forms]=''
     [jobs]='catalog services'
+    [qml]='catalog forms jobs services'
     [services]=''
 )
 
@@ -77,14 +79,27 @@ check_arrows()
                 echo "$file:$line: fieldhost/$from is not in the table of scripts/lib/layout.bash"
             elif [[ $to != "$from" && " ${fieldhost_uses_of[$from]} " != *" $to "* ]]; then
                 echo "$file:$line: fieldhost/$from may not use fieldhost/$to"
+            elif [[ $file == fieldhost/qml/*/* && $included == fieldhost/qml/*/* \
+                && $included != "$(dirname "$file")"/* && $included != fieldhost/qml/look/* ]]; then
+                echo "$file:$line: a screen may not use another one, here $included"
             fi
+        elif [[ $file == fieldhost/qml/* && $included == qml/OvoSharedBaseTypes.h ]]; then
+            : # the only header of the module that is installed
         elif [[ $(area_of "$included") == elsewhere ]]; then
             echo "$file:$line: \"$included\" is neither of fieldhost/ nor of shared/ or host/"
         fi
     done < <(includes_of fieldhost)
 
+    while IFS=: read -r file line included; do
+        if [[ $included == */detail/* ]]; then
+            echo "$file:$line: $included is not installed, so the module cannot use it"
+        elif [[ $included != qml/* && $(area_of "$included") == elsewhere ]]; then
+            echo "$file:$line: \"$included\" is neither of qml/ nor of shared/ or host/"
+        fi
+    done < <(includes_of qml)
+
     grep --recursive --line-number --extended-regexp \
-        '^ *# *include *[<"].*(fieldhost|tests|benchmarks)/' shared host \
+        '^ *# *include *[<"].*(fieldhost|tests|benchmarks)/' shared host qml \
         | sed 's/$/ (the library knows nobody who uses it)/'
 }
 

@@ -42,7 +42,7 @@ QValidator::State DateTimeValidator::validate(QString &input, int &pos) const
 
 void DateTimeValidator::updateHint()
 {
-    m_hint = QStringLiteral("Date have to match format: %1\n").arg(d->format);
+    m_hint = tr("Date have to match format: %1\n").arg(d->format);
 }
 
 } // namespace Tavro::Shared

@@ -104,14 +104,14 @@ void DoubleValidator::updateHint()
 {
     m_hint.clear();
     if (d->bottomSet) {
-        m_hint += QStringLiteral("Minimum value larger or equal %1\n").arg(d->bottom);
+        m_hint += tr("Minimum value larger or equal %1\n").arg(d->bottom);
     }
     if (d->topSet) {
-        m_hint += QStringLiteral("Maximum value smaller or equal %1\n").arg(d->top);
+        m_hint += tr("Maximum value smaller or equal %1\n").arg(d->top);
     }
     // without the tolerance: the hint also names a step too small to be checked
     if (d->step != 0.0) {
-        m_hint += QStringLiteral("Value quantized with step size %1\n").arg(d->step);
+        m_hint += tr("Value quantized with step size %1\n").arg(d->step);
     }
 }
 

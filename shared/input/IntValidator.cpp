@@ -96,13 +96,13 @@ void IntValidator::updateHint()
 {
     m_hint.clear();
     if (d->bottomSet) {
-        m_hint += QStringLiteral("Minimum value larger or equal %1\n").arg(d->bottom);
+        m_hint += tr("Minimum value larger or equal %1\n").arg(d->bottom);
     }
     if (d->topSet) {
-        m_hint += QStringLiteral("Maximum value smaller or equal %1\n").arg(d->top);
+        m_hint += tr("Maximum value smaller or equal %1\n").arg(d->top);
     }
     if (d->step != 0) {
-        m_hint += QStringLiteral("Value quantized with step size %1\n").arg(d->step);
+        m_hint += tr("Value quantized with step size %1\n").arg(d->step);
     }
 }
 

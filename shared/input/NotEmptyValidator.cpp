@@ -18,7 +18,7 @@ QValidator::State NotEmptyValidator::validate(QString &input, int &pos) const
 
 void NotEmptyValidator::updateHint()
 {
-    m_hint = QStringLiteral("Expression can not be empty\n");
+    m_hint = tr("Expression can not be empty\n");
 }
 
 } // namespace Tavro::Shared

@@ -177,7 +177,7 @@ QValidator::State RegExpValidator::validate(QString &input, int &pos) const
 
 void RegExpValidator::updateHint()
 {
-    m_hint = QStringLiteral("Expression have to match pattern: %1\n").arg(d->pattern);
+    m_hint = tr("Expression have to match pattern: %1\n").arg(d->pattern);
 }
 
 } // namespace Tavro::Shared

@@ -60,10 +60,10 @@ void StringLengthValidator::updateHint()
 {
     m_hint.clear();
     if (d->bottomSet) {
-        m_hint += QStringLiteral("Minimum length larger or equal %1\n").arg(d->bottom);
+        m_hint += tr("Minimum length larger or equal %1\n").arg(d->bottom);
     }
     if (d->topSet) {
-        m_hint += QStringLiteral("Maximum length smaller or equal %1\n").arg(d->top);
+        m_hint += tr("Maximum length smaller or equal %1\n").arg(d->top);
     }
 }
 

@@ -202,7 +202,7 @@ void tst_CatalogFiles::theSamplesAreGood_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("unit");
-    QTest::addColumn<QString>("heightUnit");
+    QTest::addColumn<QString>("columnUnit");
 
     QTest::newRow("metric") << "metric"
                             << "m"
@@ -213,12 +213,15 @@ void tst_CatalogFiles::theSamplesAreGood_data()
     QTest::newRow("inches") << "inches"
                             << "inch"
                             << "SEC_Height inch";
+    QTest::newRow("inspection") << "inspection"
+                                << "m"
+                                << "OBJ_Size mm";
 }
 
 void tst_CatalogFiles::theSamplesAreGood()
 {
     QFETCH(QString, name);
-    QFETCH(QString, heightUnit);
+    QFETCH(QString, columnUnit);
 
     const QString file = QStringLiteral(OVO_SAMPLE_CATALOGS "/%1.json").arg(name);
     const CatalogDescriptor *catalog = m_catalogs->load(file, m_error);
@@ -228,7 +231,7 @@ void tst_CatalogFiles::theSamplesAreGood()
     QTEST(catalogTemplate->unit(), "unit");
     const QString details = columnsOf(*catalogTemplate).constFirst();
     QVERIFY(details.startsWith(QLatin1String("detail_s: ")));
-    QVERIFY(details.contains(heightUnit));
+    QVERIFY(details.contains(columnUnit));
 }
 
 void tst_CatalogFiles::theDocumentedCatalogIsGood()

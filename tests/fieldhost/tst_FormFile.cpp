@@ -19,7 +19,8 @@ class tst_FormFile : public QObject
 private Q_SLOTS:
     void everyKeyIsRead();
     void whatIsLeftOutIsNotSet();
-    void sampleSuitsItsCatalog();
+    void samplesSuitTheirCatalogs_data();
+    void samplesSuitTheirCatalogs();
     void aMistakeIsNamed_data();
     void aMistakeIsNamed();
     void aFileThatIsNoneIsNotOpened();
@@ -73,15 +74,27 @@ void tst_FormFile::whatIsLeftOutIsNotSet()
     QCOMPARE(column.control, CInputType::Unknown);
 }
 
-void tst_FormFile::sampleSuitsItsCatalog()
+void tst_FormFile::samplesSuitTheirCatalogs_data()
 {
+    QTest::addColumn<QString>("name");
+
+    for (const char *name : {"metric", "inspection"}) {
+        QTest::newRow(name) << QString::fromLatin1(name);
+    }
+}
+
+void tst_FormFile::samplesSuitTheirCatalogs()
+{
+    QFETCH(QString, name);
+
     QString formError;
-    const auto form = readForm(QStringLiteral(OVO_SAMPLE_FORMS "/metric-form.json"), formError);
+    const auto form =
+        readForm(QStringLiteral(OVO_SAMPLE_FORMS "/%1-form.json").arg(name), formError);
     QVERIFY2(form, qPrintable(formError));
     CatalogFiles catalogs;
     CatalogError error;
     const CatalogDescriptor *catalog =
-        catalogs.load(QStringLiteral(OVO_SAMPLE_CATALOGS "/metric.json"), error);
+        catalogs.load(QStringLiteral(OVO_SAMPLE_CATALOGS "/%1.json").arg(name), error);
     QVERIFY2(catalog, qPrintable(error.cause));
     const auto catalogTemplate = catalogs.getTemplateFromCache(catalog->templateId);
     for (int i = 0; i < catalogTemplate->programViewCount(); ++i) {

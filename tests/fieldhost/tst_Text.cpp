@@ -83,11 +83,16 @@ void tst_Text::durationsAreInWords()
 
 void tst_Text::nounsFollowTheirNumber()
 {
-    QCOMPARE(counted(0, "file"), QStringLiteral("0 files"));
-    QCOMPARE(counted(1, "file"), QStringLiteral("1 file"));
-    QCOMPARE(counted(2, "file"), QStringLiteral("2 files"));
-    QCOMPARE(counted(1, "entry", "entries"), QStringLiteral("1 entry"));
-    QCOMPARE(counted(2, "entry", "entries"), QStringLiteral("2 entries"));
+    QCOMPARE(counted(0, QStringLiteral("1 file"), QStringLiteral("%1 files")),
+             QStringLiteral("0 files"));
+    QCOMPARE(counted(1, QStringLiteral("1 file"), QStringLiteral("%1 files")),
+             QStringLiteral("1 file"));
+    QCOMPARE(counted(2, QStringLiteral("1 file"), QStringLiteral("%1 files")),
+             QStringLiteral("2 files"));
+    QCOMPARE(counted(1, QStringLiteral("1 entry"), QStringLiteral("%1 entries")),
+             QStringLiteral("1 entry"));
+    QCOMPARE(counted(2, QStringLiteral("1 entry"), QStringLiteral("%1 entries")),
+             QStringLiteral("2 entries"));
 }
 
 void tst_Text::namesAreSafeToShow_data()

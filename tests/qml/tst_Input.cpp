@@ -1,8 +1,7 @@
 #include "fieldhost/forms/ColumnInputType.h"
-#include "fieldhost/forms/FieldValidator.h"
 #include "host/CColumnDefinition.h"
+#include "qml/OvoSharedBaseTypes.h"
 #include "shared/input/CInputType.h"
-#include "shared/input/QmlStringListModel.h"
 #include "shared/input/TextValidator.h"
 #include "shared/input/ValidationDoubleValidator.h"
 #include "tests/input/CurrentLocale.h"
@@ -16,10 +15,8 @@
 
 using Tavro::FieldHost::ColumnForm;
 using Tavro::FieldHost::ColumnInputType;
-using Tavro::FieldHost::FieldValidator;
 using Tavro::Shared::CInputType;
 using Tavro::Shared::CodeListItem;
-using Tavro::Shared::QmlStringListModel;
 using Tavro::Shared::TextValidator;
 using Tavro::Shared::Validation::DoubleValidator;
 
@@ -102,13 +99,8 @@ class Setup : public QObject
 public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine *)
     {
-        const char uri[] = "Ovo.Input";
-        qmlRegisterType<TextValidator>(uri, 1, 0, "TextValidator");
-        qmlRegisterType<QmlStringListModel>(uri, 1, 0, "QmlStringListModel");
-        qmlRegisterType<FieldValidator>(uri, 1, 0, "FieldValidator");
-        qmlRegisterUncreatableType<CInputType>(uri, 1, 0, "CInputType",
-                                               QStringLiteral("belongs to a catalog's column"));
-        qmlRegisterSingletonType<Host>(uri, 1, 0, "Host",
+        registerOvoSharedBaseTypes();
+        qmlRegisterSingletonType<Host>("Ovo.Input", 1, 0, "Host",
                                        [](QQmlEngine *, QJSEngine *) -> QObject * {
                                            return new Host; // which the engine owns
                                        });

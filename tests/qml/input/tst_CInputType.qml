@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QtTest 1.15
+import OvoSharedBase 1.0
 import Ovo.Input 1.0
 
 Item {

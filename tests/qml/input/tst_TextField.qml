@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QtTest 1.15
+import OvoSharedBase 1.0
 import Ovo.Input 1.0
 
 Item {
@@ -128,7 +129,7 @@ Item {
         function test_rulesAddedLaterCount() {
             type("7")
             compare(number.acceptableInput, true)
-            const rules = Qt.createQmlObject("import Ovo.Input 1.0; TextValidator {}", number)
+            const rules = Qt.createQmlObject("import OvoSharedBase 1.0; TextValidator {}", number)
             const before = number.validator.rules
             number.validator.rules = rules
             compare(number.acceptableInput, true)

@@ -1,6 +1,6 @@
-#include "fieldhost/forms/FieldValidator.h"
+#include "qml/FieldValidator.h"
 
-namespace Tavro::FieldHost {
+namespace Tavro::Qml {
 
 using Shared::TextValidator;
 
@@ -49,4 +49,4 @@ QValidator::State FieldValidator::validate(QString &input, int &pos) const
     return Invalid;
 }
 
-} // namespace Tavro::FieldHost
+} // namespace Tavro::Qml

@@ -1,0 +1,16 @@
+#include "fieldhost/qml/device/DeviceTypes.h"
+
+#include "fieldhost/qml/device/DriveList.h"
+#include "fieldhost/qml/device/LogEntries.h"
+
+#include <QQmlEngine>
+
+namespace Tavro::FieldHost {
+
+void registerDeviceTypes()
+{
+    qmlRegisterType<DriveList>("OvoFieldHost", 1, 0, "DriveList");
+    qmlRegisterSingletonInstance("OvoFieldHost", 1, 0, "LogEntries", LogEntries::instance());
+}
+
+} // namespace Tavro::FieldHost

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace Tavro::FieldHost {
+
+/** Registers what DevicePage uses in the QML module OvoFieldHost 1.0, and begins to keep the log.
+ */
+void registerDeviceTypes();
+
+} // namespace Tavro::FieldHost

@@ -1,0 +1,7 @@
+import QtQuick 2.15
+
+Label {
+    font.pointSize: Look.title
+    font.weight: Font.DemiBold
+    Accessible.role: Accessible.Heading
+}

@@ -1,0 +1,103 @@
+#include "fieldhost/qml/recording/ClipTrace.h"
+
+#include "fieldhost/jobs/ClipInfoFile.h"
+#include "fieldhost/jobs/Text.h"
+#include "shared/clipinfo/ClipInfoHandler.h"
+
+#include <QtConcurrentRun>
+
+#include <cmath>
+
+namespace Tavro::FieldHost {
+
+namespace {
+
+constexpr int s_columns = 400; // of the drawing, as many as a plot has room for
+
+QVector<QPointF> pointsOf(const Trace &trace, const Curve &curve)
+{
+    QVector<QPointF> points;
+    const QVector<Span> columns = trace.columnsOf(curve, s_columns);
+    for (int i = 0; i < columns.size(); ++i) {
+        const Span &span = columns.at(i);
+        if (!span.isEmpty()) {
+            const double begin = trace.duration() * i / s_columns;
+            const double end = trace.duration() * (i + 1) / s_columns;
+            // beginning at the end that is nearer to the column before
+            const bool isRising = points.isEmpty() || points.last().y() <= span.low;
+            points += QPointF(begin, isRising ? span.low : span.high);
+            points += QPointF(end, isRising ? span.high : span.low);
+        }
+    }
+    return points;
+}
+
+} // namespace
+
+ClipTrace::ClipTrace(QObject *parent)
+    : QObject(parent)
+{
+    connect(&m_reading, &QFutureWatcher<Drawing>::finished, this, &ClipTrace::take);
+}
+
+ClipTrace::~ClipTrace() = default;
+
+void ClipTrace::read(const QString &clip)
+{
+    m_isReading = true;
+    m_reading.setFuture(
+        QtConcurrent::run(&ClipTrace::draw, Shared::ClipInfoHandler::videoPathToFilePath(clip)));
+    Q_EMIT changed();
+}
+
+ClipTrace::Drawing ClipTrace::draw(const QString &path)
+{
+    Drawing drawing;
+    const ClipInfoFile file = ClipInfoFile::read(path);
+    if (!file.error.isEmpty()) {
+        drawing.problem = tr("Cannot read %1: %2").arg(quoted(path), file.error);
+        return drawing;
+    }
+    const Trace trace(file);
+    drawing.headline =
+        QStringLiteral("%1: %2, %3, %4")
+            .arg(quoted(path), counted(file.samples.size(), tr("1 sample"), tr("%1 samples")),
+                 formatDuration(std::llround(trace.duration() * 1000)),
+                 counted(trace.recordings(), tr("1 recording"), tr("%1 recordings")));
+    if (file.badLines > 0) {
+        drawing.doubts += counted(file.badLines, tr("Line %2 could not be read."),
+                                  tr("%1 lines could not be read, the first is line %2."))
+                              .arg(file.firstBadLine);
+    }
+    if (file.replacedSamples > 0) {
+        drawing.doubts += counted(
+            file.replacedSamples, tr("1 sample has the number of a later one, which was taken."),
+            tr("%1 samples have the number of a later one, which was taken."));
+    }
+    if (file.samples.isEmpty()) {
+        drawing.problem = tr("There is no sample to draw.");
+        return drawing;
+    }
+    drawing.unit = file.unit;
+    for (const Curve &curve : trace.curves()) {
+        drawing.curves += pointsOf(trace, curve);
+    }
+    return drawing;
+}
+
+void ClipTrace::take()
+{
+    const Drawing drawing = m_reading.result();
+    m_isReading = false;
+    m_problem = drawing.problem;
+    m_headline = drawing.headline;
+    m_doubts = drawing.doubts;
+    m_unit = drawing.unit;
+    for (int i = 0; i < 3; ++i) {
+        m_curves[i].setPoints(drawing.curves.value(i));
+        m_curves[i].show();
+    }
+    Q_EMIT changed();
+}
+
+} // namespace Tavro::FieldHost

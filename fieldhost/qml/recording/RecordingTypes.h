@@ -1,0 +1,8 @@
+#pragma once
+
+namespace Tavro::FieldHost {
+
+/** Registers what RecordingPage.qml uses, in the module OvoFieldHost 1.0. */
+void registerRecordingTypes();
+
+} // namespace Tavro::FieldHost

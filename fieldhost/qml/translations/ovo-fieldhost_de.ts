@@ -1,0 +1,1795 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>ClockCard</name>
+    <message>
+        <source>There is no such day. Type it as 2026-11-21.</source>
+        <translation>Diesen Tag gibt es nicht. Eingabe wie 2026-11-21.</translation>
+    </message>
+    <message>
+        <source>There is no such time. Type it as 13:05 or 13:05:30.</source>
+        <translation>Diese Uhrzeit gibt es nicht. Eingabe wie 13:05 oder 13:05:30.</translation>
+    </message>
+    <message>
+        <source>The clock is set.</source>
+        <translation>Die Uhr ist gestellt.</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Uhr</translation>
+    </message>
+    <message>
+        <source>New date</source>
+        <translation>Neues Datum</translation>
+    </message>
+    <message>
+        <source>New time, in UTC</source>
+        <translation>Neue Uhrzeit, in UTC</translation>
+    </message>
+    <message>
+        <source>Set the clock</source>
+        <translation>Uhr stellen</translation>
+    </message>
+    <message>
+        <source>Set the clock?</source>
+        <translation>Uhr stellen?</translation>
+    </message>
+    <message>
+        <source>This takes up to 10 seconds. The screen does not answer meanwhile.</source>
+        <translation>Das dauert bis zu 10 Sekunden. So lange reagiert der Bildschirm nicht.</translation>
+    </message>
+    <message>
+        <source>Set</source>
+        <translation>Stellen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>The clock was not set. Only root may set it.</source>
+        <translation>Die Uhr wurde nicht gestellt. Das darf nur root.</translation>
+    </message>
+    <message>
+        <source>The clock is being set …</source>
+        <translation>Die Uhr wird gestellt …</translation>
+    </message>
+</context>
+<context>
+    <name>DeletePage</name>
+    <message>
+        <source>Counting …</source>
+        <translation>Wird gezählt …</translation>
+    </message>
+    <message>
+        <source>Everything is deleted</source>
+        <translation>Alles ist gelöscht</translation>
+    </message>
+    <message>
+        <source>Not everything is deleted</source>
+        <translation>Nicht alles ist gelöscht</translation>
+    </message>
+    <message>
+        <source>The deletion was aborted</source>
+        <translation>Das Löschen wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>To delete</source>
+        <translation>Zum Löschen</translation>
+    </message>
+    <message>
+        <source>Nothing is chosen.</source>
+        <translation>Nichts ausgewählt.</translation>
+    </message>
+    <message>
+        <source>A link; what it leads to stays</source>
+        <translation>Eine Verknüpfung; ihr Ziel bleibt</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Choose a directory or file</source>
+        <translation>Verzeichnis oder Datei wählen</translation>
+    </message>
+    <message>
+        <source>Aborting</source>
+        <translation>Wird abgebrochen</translation>
+    </message>
+    <message>
+        <source>Deleting</source>
+        <translation>Wird gelöscht</translation>
+    </message>
+    <message>
+        <source>The directory that is being deleted is deleted as a whole.</source>
+        <translation>Das begonnene Verzeichnis wird noch ganz gelöscht.</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Delete for good?</source>
+        <translation>Endgültig löschen?</translation>
+    </message>
+    <message>
+        <source>%1 in all. This cannot be undone.</source>
+        <translation>Zusammen %1. Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Keep everything</source>
+        <translation>Alles behalten</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
+    </message>
+</context>
+<context>
+    <name>DevicePage</name>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+</context>
+<context>
+    <name>DirectoryChooser</name>
+    <message>
+        <source>Choose this directory</source>
+        <translation>Dieses Verzeichnis wählen</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Aufwärts</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Persönlich</translation>
+    </message>
+    <message>
+        <source>Drives</source>
+        <translation>Laufwerke</translation>
+    </message>
+    <message>
+        <source>This directory is empty.</source>
+        <translation>Dieses Verzeichnis ist leer.</translation>
+    </message>
+    <message>
+        <source>There are no directories in here.</source>
+        <translation>Hier gibt es keine Verzeichnisse.</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>DriveCard</name>
+    <message>
+        <source>Clean</source>
+        <translation>Sauber</translation>
+    </message>
+    <message>
+        <source>Dirty: it was pulled too early</source>
+        <translation>Nicht sauber: zu früh abgezogen</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>In Benutzung</translation>
+    </message>
+    <message>
+        <source>Not known: reading it needs more rights</source>
+        <translation>Unbekannt: zum Lesen fehlen Rechte</translation>
+    </message>
+    <message>
+        <source>Has no mark</source>
+        <translation>Keine Markierung</translation>
+    </message>
+    <message>
+        <source>USB drives</source>
+        <translation>USB-Laufwerke</translation>
+    </message>
+    <message>
+        <source>There is no USB drive.</source>
+        <translation>Kein USB-Laufwerk vorhanden.</translation>
+    </message>
+    <message>
+        <source>Nothing on it is mounted.</source>
+        <translation>Nichts davon ist eingehängt.</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>FAT of no known type</source>
+        <translation>FAT unbekannter Art</translation>
+    </message>
+    <message>
+        <source>Free</source>
+        <translation>Frei</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>The application works with FAT, exFAT and NTFS only.</source>
+        <translation>Die Anwendung arbeitet nur mit FAT, exFAT und NTFS.</translation>
+    </message>
+    <message>
+        <source>To look at a drive, it is mounted for a moment. Do not pull it meanwhile.</source>
+        <translation>Zum Nachsehen wird ein Laufwerk kurz eingehängt. Bitte so lange nicht abziehen.</translation>
+    </message>
+    <message>
+        <source>Look at the drives</source>
+        <translation>Laufwerke ansehen</translation>
+    </message>
+    <message>
+        <source>Looking …</source>
+        <translation>Wird nachgesehen …</translation>
+    </message>
+</context>
+<context>
+    <name>ExportPage</name>
+    <message>
+        <source>Getting the drive ready</source>
+        <translation>Laufwerk wird vorbereitet</translation>
+    </message>
+    <message>
+        <source>Looking through the project</source>
+        <translation>Projekt wird durchgesehen</translation>
+    </message>
+    <message>
+        <source>Waiting for your answer</source>
+        <translation>Warten auf Ihre Antwort</translation>
+    </message>
+    <message>
+        <source>Writing the last data to the drive</source>
+        <translation>Letzte Daten werden auf das Laufwerk geschrieben</translation>
+    </message>
+    <message>
+        <source>Copying</source>
+        <translation>Wird kopiert</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Comparing the copy with the project</source>
+        <translation>Kopie wird mit dem Projekt verglichen</translation>
+    </message>
+    <message>
+        <source>Aborting</source>
+        <translation>Wird abgebrochen</translation>
+    </message>
+    <message>
+        <source>Unmounting the drive</source>
+        <translation>Laufwerk wird ausgeworfen</translation>
+    </message>
+    <message>
+        <source>The export is done</source>
+        <translation>Der Export ist fertig</translation>
+    </message>
+    <message>
+        <source>The export has failed</source>
+        <translation>Der Export ist fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>The export was aborted</source>
+        <translation>Der Export wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>Nothing was copied</source>
+        <translation>Nichts wurde kopiert</translation>
+    </message>
+    <message>
+        <source>The drive is mounted and marked as in use. Leave it plugged in.</source>
+        <translation>Das Laufwerk wird eingehängt und als benutzt markiert. Bitte eingesteckt lassen.</translation>
+    </message>
+    <message>
+        <source>The data on its way is written first, then the copy is removed.</source>
+        <translation>Begonnene Daten werden noch geschrieben, dann wird die Kopie entfernt.</translation>
+    </message>
+    <message>
+        <source>This waits until no other program uses the drive. Leave it plugged in.</source>
+        <translation>Das dauert, bis kein anderes Programm das Laufwerk benutzt. Bitte eingesteckt lassen.</translation>
+    </message>
+    <message>
+        <source>The unfinished copy is removed. What was in %1 before stays as it was.</source>
+        <translation>Die unfertige Kopie wird entfernt. Was schon in %1 war, bleibt unverändert.</translation>
+    </message>
+    <message>
+        <source>%1 is removed, with everything that was copied.</source>
+        <translation>%1 wird entfernt, mit allem, was schon kopiert ist.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Choose the directory to copy.</source>
+        <translation>Wählen Sie ein Verzeichnis zum Kopieren.</translation>
+    </message>
+    <message>
+        <source>Counting …</source>
+        <translation>Wird gezählt …</translation>
+    </message>
+    <message>
+        <source>Choose directory</source>
+        <translation>Verzeichnis wählen</translation>
+    </message>
+    <message>
+        <source>Drive</source>
+        <translation>Laufwerk</translation>
+    </message>
+    <message>
+        <source>Choose where the copy goes.</source>
+        <translation>Wählen Sie das Ziel der Kopie.</translation>
+    </message>
+    <message>
+        <source>USB drive (%1)</source>
+        <translation>USB-Laufwerk (%1)</translation>
+    </message>
+    <message>
+        <source>%1 free</source>
+        <translation>%1 frei</translation>
+    </message>
+    <message>
+        <source>USB drive</source>
+        <translation>USB-Laufwerk</translation>
+    </message>
+    <message>
+        <source>Another directory</source>
+        <translation>Anderes Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Read the copy back and compare it</source>
+        <translation>Kopie zurücklesen und vergleichen</translation>
+    </message>
+    <message>
+        <source>Compared</source>
+        <translation>Verglichen</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Directory</source>
+        <translation>Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>%1 MiB/s</source>
+        <translation>%1 MiB/s</translation>
+    </message>
+    <message>
+        <source>Time left</source>
+        <translation>Restzeit</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Abort</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>You can pull the drive now.</source>
+        <translation>Sie können das Laufwerk jetzt abziehen.</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>%1 holds files of the same name. They are replaced once all of the copy is whole.</source>
+        <translation>%1 enthält gleichnamige Dateien. Sie werden ersetzt, sobald die Kopie vollständig ist.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Copy nothing</source>
+        <translation>Nichts kopieren</translation>
+    </message>
+    <message>
+        <source>Abort the export?</source>
+        <translation>Export abbrechen?</translation>
+    </message>
+    <message>
+        <source>Stay paused</source>
+        <translation>Angehalten lassen</translation>
+    </message>
+    <message>
+        <source>Go on copying</source>
+        <translation>Weiter kopieren</translation>
+    </message>
+    <message>
+        <source>The copy in %1 stays, but it is not compared to the end.</source>
+        <translation>Die Kopie in %1 bleibt, wird aber nicht zu Ende verglichen.</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Replace 1 file?</source>
+        <translation>1 Datei ersetzen?</translation>
+    </message>
+    <message>
+        <source>Replace %1 files?</source>
+        <translation>%1 Dateien ersetzen?</translation>
+    </message>
+</context>
+<context>
+    <name>FormEntry</name>
+    <message>
+        <source>Choose</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Before:</source>
+        <translation>Zuletzt:</translation>
+    </message>
+    <message>
+        <source>Not stated</source>
+        <translation>Keine Angabe</translation>
+    </message>
+</context>
+<context>
+    <name>FormPage</name>
+    <message>
+        <source>Sewer inspection, 2D or 3D</source>
+        <translation>Kanalinspektion, 2D oder 3D</translation>
+    </message>
+    <message>
+        <source>Sewers, metric</source>
+        <translation>Kanäle, metrisch</translation>
+    </message>
+    <message>
+        <source>Another catalog</source>
+        <translation>Anderer Katalog</translation>
+    </message>
+    <message>
+        <source>Inspection</source>
+        <translation>Inspektion</translation>
+    </message>
+    <message>
+        <source>Catalog</source>
+        <translation>Katalog</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>3D project</source>
+        <translation>3D-Projekt</translation>
+    </message>
+    <message>
+        <source>File of the catalog</source>
+        <translation>Datei des Katalogs</translation>
+    </message>
+    <message>
+        <source>File of the form, if there is one</source>
+        <translation>Datei des Formulars, falls vorhanden</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>The catalog is being read.</source>
+        <translation>Der Katalog wird gelesen.</translation>
+    </message>
+    <message>
+        <source>%1 The form &quot;%2&quot; stays open.</source>
+        <translation>%1 Das Formular „%2“ bleibt offen.</translation>
+    </message>
+    <message>
+        <source>Fields with a * must be filled in.</source>
+        <translation>Felder mit * müssen ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>Accepted.</source>
+        <translation>Übernommen.</translation>
+    </message>
+    <message>
+        <source>Accept</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>Not accepted. Fields to correct: %1</source>
+        <translation>Nicht übernommen. Zu korrigieren: %1</translation>
+    </message>
+    <message>
+        <source>All fields are correct now.</source>
+        <translation>Jetzt stimmen alle Felder.</translation>
+    </message>
+    <message>
+        <source>Last accepted</source>
+        <translation>Zuletzt übernommen</translation>
+    </message>
+</context>
+<context>
+    <name>Formatted</name>
+    <message>
+        <source>How values look</source>
+        <translation>So sehen Werte aus</translation>
+    </message>
+    <message>
+        <source>Locale of the project: %1</source>
+        <translation>Gebietsschema des Projekts: %1</translation>
+    </message>
+    <message>
+        <source>Locale of the device: %1</source>
+        <translation>Gebietsschema des Geräts: %1</translation>
+    </message>
+    <message>
+        <source>12.5 metres</source>
+        <translation>12,5 Meter</translation>
+    </message>
+    <message>
+        <source>Distance counter at 1234.567</source>
+        <translation>Meterzähler auf 1234,567</translation>
+    </message>
+    <message>
+        <source>Pipe of 300 millimetres</source>
+        <translation>Rohr mit 300 Millimetern</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Pressure</source>
+        <translation>Druck</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Datum und Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Size of a file</source>
+        <translation>Größe einer Datei</translation>
+    </message>
+    <message>
+        <source>Type a distance</source>
+        <translation>Länge eingeben</translation>
+    </message>
+    <message>
+        <source>Read as %1.</source>
+        <translation>Gelesen als %1.</translation>
+    </message>
+    <message>
+        <source>Both point and comma are accepted.</source>
+        <translation>Punkt und Komma gelten beide.</translation>
+    </message>
+</context>
+<context>
+    <name>LocalePage</name>
+    <message>
+        <source>Units and language</source>
+        <translation>Einheiten und Sprache</translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Locale of the device</source>
+        <translation>Gebietsschema des Geräts</translation>
+    </message>
+    <message>
+        <source>Catalog of the project</source>
+        <translation>Katalog des Projekts</translation>
+    </message>
+    <message>
+        <source>Another catalog</source>
+        <translation>Anderer Katalog</translation>
+    </message>
+    <message>
+        <source>Path of a file</source>
+        <translation>Pfad einer Datei</translation>
+    </message>
+    <message>
+        <source>Country of the project</source>
+        <translation>Land des Projekts</translation>
+    </message>
+    <message>
+        <source>Language of the project</source>
+        <translation>Sprache des Projekts</translation>
+    </message>
+    <message>
+        <source>Close the project</source>
+        <translation>Projekt schließen</translation>
+    </message>
+    <message>
+        <source>Columns of the catalog</source>
+        <translation>Spalten des Katalogs</translation>
+    </message>
+    <message>
+        <source>%1, from the catalog</source>
+        <translation>%1, aus dem Katalog</translation>
+    </message>
+    <message>
+        <source>%1, as distances</source>
+        <translation>%1, wie Längen</translation>
+    </message>
+</context>
+<context>
+    <name>LogCard</name>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Aufzeichnen</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Errors and warnings</source>
+        <translation>Fehler und Warnungen</translation>
+    </message>
+    <message>
+        <source>Errors, warnings and information</source>
+        <translation>Fehler, Warnungen, Hinweise</translation>
+    </message>
+    <message>
+        <source>Everything</source>
+        <translation>Alles</translation>
+    </message>
+    <message>
+        <source>Nothing has been logged.</source>
+        <translation>Das Protokoll ist leer.</translation>
+    </message>
+    <message>
+        <source>Clear the log</source>
+        <translation>Protokoll leeren</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Inspection</source>
+        <translation>Inspektion</translation>
+    </message>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>Units and language</source>
+        <translation>Einheiten, Sprache</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Field host</source>
+        <translation>Kanalinspektion</translation>
+    </message>
+</context>
+<context>
+    <name>Plots</name>
+    <message>
+        <source>Distance in %1</source>
+        <translation>Vorschub in %1</translation>
+    </message>
+    <message>
+        <source>Pan in degrees</source>
+        <translation>Schwenk in Grad</translation>
+    </message>
+    <message>
+        <source>Tilt in degrees</source>
+        <translation>Neigung in Grad</translation>
+    </message>
+    <message>
+        <source>Time in seconds</source>
+        <translation>Zeit in Sekunden</translation>
+    </message>
+</context>
+<context>
+    <name>Rail</name>
+    <message>
+        <source>Light colours</source>
+        <translation>Helle Farben</translation>
+    </message>
+    <message>
+        <source>Dark colours</source>
+        <translation>Dunkle Farben</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingPage</name>
+    <message>
+        <source>Recording</source>
+        <translation>Aufnahme</translation>
+    </message>
+    <message>
+        <source>Video, beside which the file is written</source>
+        <translation>Video, neben dem die Messdatei liegt</translation>
+    </message>
+    <message>
+        <source>Time passes</source>
+        <translation>Zeit läuft</translation>
+    </message>
+    <message>
+        <source>10 times faster</source>
+        <translation>10-mal schneller</translation>
+    </message>
+    <message>
+        <source>50 times faster</source>
+        <translation>50-mal schneller</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Enter an observation</source>
+        <translation>Beobachtung eintragen</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Stop writes the file. After a long recording the window waits for it.</source>
+        <translation>Beim Beenden wird die Messdatei geschrieben. Nach langer Aufnahme wartet das Fenster darauf.</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Observations</source>
+        <translation>Beobachtungen</translation>
+    </message>
+    <message>
+        <source>Recorded trace</source>
+        <translation>Aufgezeichneter Verlauf</translation>
+    </message>
+    <message>
+        <source>Video, or its clip information file</source>
+        <translation>Video oder seine Messdatei</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>The file is being read.</source>
+        <translation>Die Datei wird gelesen.</translation>
+    </message>
+    <message>
+        <source>in real time</source>
+        <translation>in Echtzeit</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::CatalogText</name>
+    <message>
+        <source>null</source>
+        <translation>null</translation>
+    </message>
+    <message>
+        <source>true or false</source>
+        <translation>true oder false</translation>
+    </message>
+    <message>
+        <source>a number</source>
+        <translation>eine Zahl</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>ein Text</translation>
+    </message>
+    <message>
+        <source>a list</source>
+        <translation>eine Liste</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>ein Objekt</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>a catalog</source>
+        <translation>ein Katalog</translation>
+    </message>
+    <message>
+        <source>the catalog id &quot;%1&quot; is taken by &quot;%2&quot;</source>
+        <translation>die Katalogkennung „%1“ ist schon in „%2“ vergeben</translation>
+    </message>
+    <message>
+        <source>a template</source>
+        <translation>eine Vorlage</translation>
+    </message>
+    <message>
+        <source>the template id &quot;%1&quot; is taken by &quot;%2&quot;</source>
+        <translation>die Vorlagenkennung „%1“ ist schon in „%2“ vergeben</translation>
+    </message>
+    <message>
+        <source>%1 is an object, this is %2</source>
+        <translation>%1 ist ein Objekt, hier steht %2</translation>
+    </message>
+    <message>
+        <source>the key &quot;%1&quot; is there twice</source>
+        <translation>der Schlüssel „%1“ kommt doppelt vor</translation>
+    </message>
+    <message>
+        <source>%1 needs the key &quot;%2&quot;</source>
+        <translation>%1 braucht den Schlüssel „%2“</translation>
+    </message>
+    <message>
+        <source>the key &quot;%1&quot; is not among those of %2: %3</source>
+        <translation>den Schlüssel „%1“ hat %2 nicht; möglich sind: %3</translation>
+    </message>
+    <message>
+        <source>&quot;format&quot; is a number, this is %1</source>
+        <translation>„format“ ist eine Zahl, hier steht %1</translation>
+    </message>
+    <message>
+        <source>this is format %1, and only format %2 is known</source>
+        <translation>dies ist Format %1, bekannt ist nur Format %2</translation>
+    </message>
+    <message>
+        <source>a view</source>
+        <translation>eine Ansicht</translation>
+    </message>
+    <message>
+        <source>a column</source>
+        <translation>eine Spalte</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is empty</source>
+        <translation>„%1“ ist leer</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a text, this is %2</source>
+        <translation>„%1“ ist ein Text, hier steht %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is a list, this is %2</source>
+        <translation>„%1“ ist eine Liste, hier steht %2</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>die Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>it is not a file</source>
+        <translation>es ist keine Datei</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 MiB</source>
+        <translation>sie ist größer als %1 MiB</translation>
+    </message>
+    <message>
+        <source>expected a key in double quotes, &quot;,&quot; or &quot;}&quot;</source>
+        <translation>erwartet wird ein Schlüssel in Anführungszeichen, „,“ oder „}“</translation>
+    </message>
+    <message>
+        <source>expected &quot;:&quot;</source>
+        <translation>erwartet wird „:“</translation>
+    </message>
+    <message>
+        <source>expected &quot;,&quot; or &quot;]&quot;</source>
+        <translation>erwartet wird „,“ oder „]“</translation>
+    </message>
+    <message>
+        <source>this is not a JSON value</source>
+        <translation>dies ist kein JSON-Wert</translation>
+    </message>
+    <message>
+        <source>this is not a number, or too large a one</source>
+        <translation>dies ist keine Zahl, oder sie ist zu groß</translation>
+    </message>
+    <message>
+        <source>invalid escape sequence</source>
+        <translation>ungültige Escape-Sequenz</translation>
+    </message>
+    <message>
+        <source>this is not UTF-8</source>
+        <translation>dies ist kein UTF-8</translation>
+    </message>
+    <message>
+        <source>something is missing before this</source>
+        <translation>davor fehlt etwas</translation>
+    </message>
+    <message>
+        <source>nested too deeply</source>
+        <translation>zu tief verschachtelt</translation>
+    </message>
+    <message>
+        <source>the catalog has ended before this</source>
+        <translation>der Katalog ist hier schon zu Ende</translation>
+    </message>
+    <message>
+        <source>the file is not valid JSON</source>
+        <translation>die Datei ist kein gültiges JSON</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>the file ends too early</source>
+        <translation>die Datei endet zu früh</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::ClipTrace</name>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>%1 ist nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>1 sample</source>
+        <translation>1 Messwert</translation>
+    </message>
+    <message>
+        <source>%1 samples</source>
+        <translation>%1 Messwerte</translation>
+    </message>
+    <message>
+        <source>1 recording</source>
+        <translation>1 Aufnahme</translation>
+    </message>
+    <message>
+        <source>%1 recordings</source>
+        <translation>%1 Aufnahmen</translation>
+    </message>
+    <message>
+        <source>Line %2 could not be read.</source>
+        <translation>Zeile %2 war nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>%1 lines could not be read, the first is line %2.</source>
+        <translation>%1 Zeilen waren nicht lesbar, die erste ist Zeile %2.</translation>
+    </message>
+    <message>
+        <source>1 sample has the number of a later one, which was taken.</source>
+        <translation>1 Messwert hat die Nummer eines späteren; der spätere gilt.</translation>
+    </message>
+    <message>
+        <source>%1 samples have the number of a later one, which was taken.</source>
+        <translation>%1 Messwerte haben die Nummer eines späteren; der spätere gilt.</translation>
+    </message>
+    <message>
+        <source>There is no sample to draw.</source>
+        <translation>Es gibt keinen Messwert zum Zeichnen.</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::CopyVerification</name>
+    <message>
+        <source>it or its copy cannot be read any more</source>
+        <translation>die Datei oder ihre Kopie ist nicht mehr lesbar</translation>
+    </message>
+    <message>
+        <source>its copy differs from it</source>
+        <translation>die Kopie weicht vom Original ab</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::DeleteModel</name>
+    <message numerus="yes">
+        <source>Aborted. Not deleted: %n</source>
+        <translation>
+            <numerusform>Abgebrochen. Nicht gelöscht: %n</numerusform>
+            <numerusform>Abgebrochen. Nicht gelöscht: %n</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::DeleteRun</name>
+    <message>
+        <source>%1 cannot be deleted</source>
+        <translation>%1 lässt sich nicht löschen</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be read as a whole</source>
+        <translation>Das Verzeichnis %1 ist nicht vollständig lesbar</translation>
+    </message>
+    <message>
+        <source>The same goes for 1 more directory.</source>
+        <translation>Dasselbe gilt für 1 weiteres Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>The same goes for %1 more directories.</source>
+        <translation>Dasselbe gilt für %1 weitere Verzeichnisse.</translation>
+    </message>
+    <message>
+        <source>The deletion did not come to its end.</source>
+        <translation>Das Löschen wurde nicht beendet.</translation>
+    </message>
+    <message>
+        <source>That %1 is deleted could not be written to the device</source>
+        <translation>Das Löschen von %1 konnte nicht auf das Gerät geschrieben werden</translation>
+    </message>
+    <message>
+        <source>%1, or part of it, is still there.</source>
+        <translation>%1 ist ganz oder teilweise noch da.</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Fehlgeschlagen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::DeleteTask</name>
+    <message>
+        <source>Deleted: %1</source>
+        <translation>Gelöscht: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::DriveAccess</name>
+    <message>
+        <source>Warning: on a FAT drive every file has less than 4 GiB. The copy will fail at %1.</source>
+        <translation>Achtung: Auf einem FAT-Laufwerk muss jede Datei kleiner als 4 GiB sein. Die Kopie wird scheitern an %1.</translation>
+    </message>
+    <message>
+        <source>%2 and 1 more file</source>
+        <translation>%2 und 1 weiteren Datei</translation>
+    </message>
+    <message>
+        <source>%2 and %1 more files</source>
+        <translation>%2 und %1 weiteren Dateien</translation>
+    </message>
+    <message>
+        <source>The USB drive is not marked as in use, and stays mounted. %1</source>
+        <translation>Das USB-Laufwerk ist nicht als benutzt markiert und bleibt eingehängt. %1</translation>
+    </message>
+    <message>
+        <source>The USB drive is marked as in use: %1.</source>
+        <translation>Das USB-Laufwerk ist als benutzt markiert: %1.</translation>
+    </message>
+    <message>
+        <source>The USB drive is marked as in use.</source>
+        <translation>Das USB-Laufwerk ist als benutzt markiert.</translation>
+    </message>
+    <message>
+        <source>Nothing was copied: it would not land on a drive.</source>
+        <translation>Nichts wurde kopiert: Es käme nicht auf ein Laufwerk.</translation>
+    </message>
+    <message>
+        <source>The USB drive is not marked as in use. %1</source>
+        <translation>Das USB-Laufwerk ist nicht als benutzt markiert. %1</translation>
+    </message>
+    <message>
+        <source>The USB drive is unmounted and marked clean.</source>
+        <translation>Das USB-Laufwerk ist ausgeworfen und als sauber markiert.</translation>
+    </message>
+    <message>
+        <source>The USB drive is unmounted.</source>
+        <translation>Das USB-Laufwerk ist ausgeworfen.</translation>
+    </message>
+    <message>
+        <source>The USB drive is unmounted, and still marked as in use: it did not take the mark back.</source>
+        <translation>Das USB-Laufwerk ist ausgeworfen, aber noch als benutzt markiert: Die Markierung ließ sich nicht entfernen.</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::ExportRun</name>
+    <message>
+        <source>%1 cannot be opened</source>
+        <translation>%1 lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be created</source>
+        <translation>%1 lässt sich nicht anlegen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written</source>
+        <translation>%1 lässt sich nicht schreiben</translation>
+    </message>
+    <message>
+        <source>%1 cannot be copied</source>
+        <translation>%1 lässt sich nicht kopieren</translation>
+    </message>
+    <message>
+        <source>Warning: an earlier export did not come to its end, and has left %1. It may be removed once the volume has been checked.</source>
+        <translation>Achtung: Ein früherer Export wurde nicht beendet und hat %1 hinterlassen. Nach einer Prüfung des Datenträgers darf es gelöscht werden.</translation>
+    </message>
+    <message>
+        <source>%1 was not copied: %2.</source>
+        <translation>%1 wurde nicht kopiert: %2.</translation>
+    </message>
+    <message>
+        <source>The source holds 1 file more than when it was looked through.</source>
+        <translation>Die Quelle enthält 1 Datei mehr als bei der Durchsicht.</translation>
+    </message>
+    <message>
+        <source>The source holds %1 files more than when it was looked through.</source>
+        <translation>Die Quelle enthält %1 Dateien mehr als bei der Durchsicht.</translation>
+    </message>
+    <message>
+        <source>The copy could not begin</source>
+        <translation>Die Kopie konnte nicht beginnen</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be read as a whole</source>
+        <translation>Das Verzeichnis %1 ist nicht vollständig lesbar</translation>
+    </message>
+    <message>
+        <source>The same goes for 1 more directory.</source>
+        <translation>Dasselbe gilt für 1 weiteres Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>The same goes for %1 more directories.</source>
+        <translation>Dasselbe gilt für %1 weitere Verzeichnisse.</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>As before: %1, with all that it holds.</source>
+        <translation>Wie zuvor: %1 mit dem gesamten Inhalt.</translation>
+    </message>
+    <message>
+        <source>The copy of %1 is not good: %2.</source>
+        <translation>Die Kopie von %1 ist nicht in Ordnung: %2.</translation>
+    </message>
+    <message>
+        <source>Aborted. The copy is in its place, but was not compared.</source>
+        <translation>Abgebrochen. Die Kopie ist am Ziel, wurde aber nicht verglichen.</translation>
+    </message>
+    <message>
+        <source>Aborted. Removed: %1</source>
+        <translation>Abgebrochen. Entfernt: %1</translation>
+    </message>
+    <message>
+        <source>What was in the destination before is unchanged.</source>
+        <translation>Was schon am Ziel war, ist unverändert.</translation>
+    </message>
+    <message>
+        <source>Verified: every copy equals its source</source>
+        <translation>Geprüft: Jede Kopie gleicht ihrer Quelle</translation>
+    </message>
+    <message>
+        <source>Done: %1, %2 in %3 (%4)</source>
+        <translation>Fertig: %1, %2 in %3 (%4)</translation>
+    </message>
+    <message>
+        <source>1 file</source>
+        <translation>1 Datei</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 Dateien</translation>
+    </message>
+    <message>
+        <source>%1 of %2 are whole in %3, the others are missing; no partial file is left.</source>
+        <translation>%1 von %2 sind vollständig in %3, die übrigen fehlen; keine Datei ist unvollständig.</translation>
+    </message>
+    <message>
+        <source>The unfinished copy was removed; what was in the destination before is unchanged.</source>
+        <translation>Die unfertige Kopie wurde entfernt; was schon am Ziel war, ist unverändert.</translation>
+    </message>
+    <message>
+        <source>Nothing was left in the destination.</source>
+        <translation>Am Ziel ist nichts zurückgeblieben.</translation>
+    </message>
+    <message>
+        <source>The copies that replaced files of the same name stay where they are. Export again.</source>
+        <translation>Kopien, die gleichnamige Dateien ersetzt haben, bleiben am Ziel. Bitte erneut exportieren.</translation>
+    </message>
+    <message>
+        <source>Failed: the drive was taken away, or the directory moved: %1 is not what it was when the copy began.</source>
+        <translation>Fehlgeschlagen: Das Laufwerk wurde entfernt oder das Verzeichnis verschoben: %1 ist nicht mehr dasselbe wie zu Beginn der Kopie.</translation>
+    </message>
+    <message>
+        <source>Nothing was written anywhere else. What the drive holds of the copy is not whole.</source>
+        <translation>An keinen anderen Ort wurde geschrieben. Die Kopie auf dem Laufwerk ist unvollständig.</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::ExportTask</name>
+    <message>
+        <source>Aborted before anything was copied.</source>
+        <translation>Abgebrochen, bevor etwas kopiert wurde.</translation>
+    </message>
+    <message>
+        <source>Left out: %1</source>
+        <translation>Ausgelassen: %1</translation>
+    </message>
+    <message>
+        <source>Nothing was copied.</source>
+        <translation>Nichts wurde kopiert.</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::FormField</name>
+    <message>
+        <source>Must be filled in.</source>
+        <translation>Muss ausgefüllt werden.</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+    <message>
+        <source>Correct.</source>
+        <translation>Richtig.</translation>
+    </message>
+    <message>
+        <source>Not complete.</source>
+        <translation>Unvollständig.</translation>
+    </message>
+    <message>
+        <source>Not correct.</source>
+        <translation>Nicht richtig.</translation>
+    </message>
+    <message>
+        <source>Not correct yet.</source>
+        <translation>Noch nicht richtig.</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::FormFile</name>
+    <message>
+        <source>the form</source>
+        <translation>das Formular</translation>
+    </message>
+    <message>
+        <source>&quot;format&quot; is not %1, the only one known</source>
+        <translation>„format“ ist nicht %1, das einzige bekannte</translation>
+    </message>
+    <message>
+        <source>column &quot;%1&quot;</source>
+        <translation>Spalte „%1“</translation>
+    </message>
+    <message>
+        <source>it</source>
+        <translation>es</translation>
+    </message>
+    <message>
+        <source>code list &quot;%1&quot;</source>
+        <translation>Codeliste „%1“</translation>
+    </message>
+    <message>
+        <source>an entry</source>
+        <translation>ein Eintrag</translation>
+    </message>
+    <message>
+        <source>it has no entries</source>
+        <translation>sie hat keine Einträge</translation>
+    </message>
+    <message>
+        <source>a column</source>
+        <translation>eine Spalte</translation>
+    </message>
+    <message>
+        <source>there is no code list &quot;%1&quot;</source>
+        <translation>es gibt keine Codeliste „%1“</translation>
+    </message>
+    <message>
+        <source>there is no control &quot;%1&quot;</source>
+        <translation>es gibt kein Bedienelement „%1“</translation>
+    </message>
+    <message>
+        <source>%1 has no key &quot;%2&quot;</source>
+        <translation>den Schlüssel „%2“ hat %1 nicht</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a text</source>
+        <translation>„%1“ ist kein Text</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither true nor false</source>
+        <translation>„%1“ ist weder true noch false</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a length</source>
+        <translation>„%1“ ist keine Länge</translation>
+    </message>
+    <message>
+        <source>%1 is not an object</source>
+        <translation>%1 ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>sie ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>it is not an object</source>
+        <translation>sie ist kein Objekt</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::InspectionForm</name>
+    <message>
+        <source>The catalog &quot;%1&quot; cannot be read: %2.</source>
+        <translation>Der Katalog „%1“ ist nicht lesbar: %2.</translation>
+    </message>
+    <message>
+        <source>The catalog &quot;%1&quot; cannot be used. Line %2, column %3: %4.</source>
+        <translation>Der Katalog „%1“ ist nicht brauchbar. Zeile %2, Spalte %3: %4.</translation>
+    </message>
+    <message>
+        <source>The form &quot;%1&quot; cannot be used: %2.</source>
+        <translation>Das Formular „%1“ ist nicht brauchbar: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::JobText</name>
+    <message>
+        <source>it is not in the destination</source>
+        <translation>die Datei fehlt am Ziel</translation>
+    </message>
+    <message>
+        <source>it is no longer in the source</source>
+        <translation>die Datei ist nicht mehr in der Quelle</translation>
+    </message>
+    <message>
+        <source>reading it gave %1 where its size says %2; it may have changed while it was copied</source>
+        <translation>gelesen wurden %1, die Größe ist aber %2; vielleicht hat sich die Datei während der Kopie geändert</translation>
+    </message>
+    <message>
+        <source>its name and that of %1 are one and the same on the destination&apos;s file system, so that one of them has replaced the other</source>
+        <translation>im Dateisystem des Ziels ist ihr Name derselbe wie der von %1, sodass die eine Datei die andere ersetzt hat</translation>
+    </message>
+    <message>
+        <source>the directory cannot be created in the destination (%1)</source>
+        <translation>das Verzeichnis lässt sich am Ziel nicht anlegen (%1)</translation>
+    </message>
+    <message>
+        <source>The source %1 is a link that leads nowhere.</source>
+        <translation>Die Quelle %1 ist eine Verknüpfung ins Leere.</translation>
+    </message>
+    <message>
+        <source>The source %1 does not exist.</source>
+        <translation>Die Quelle %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The source %1 is not a directory.</source>
+        <translation>Die Quelle %1 ist kein Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>%1 would be copied onto itself.</source>
+        <translation>%1 würde auf sich selbst kopiert.</translation>
+    </message>
+    <message>
+        <source>The destination %1 lies inside the source %2, so the copy would hold itself.</source>
+        <translation>Das Ziel %1 liegt in der Quelle %2, die Kopie würde sich selbst enthalten.</translation>
+    </message>
+    <message>
+        <source>The source %1 lies inside the destination %2, so the copy could replace parts of its own source.</source>
+        <translation>Die Quelle %1 liegt im Ziel %2, die Kopie könnte Teile der Quelle ersetzen.</translation>
+    </message>
+    <message>
+        <source>The destination %1 is not a directory.</source>
+        <translation>Das Ziel %1 ist kein Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>The destination %1 cannot be created: %2 is a link that leads nowhere.</source>
+        <translation>Das Ziel %1 lässt sich nicht anlegen: %2 ist eine Verknüpfung ins Leere.</translation>
+    </message>
+    <message>
+        <source>The destination %1 cannot be created: %2 is not a directory.</source>
+        <translation>Das Ziel %1 lässt sich nicht anlegen: %2 ist kein Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>Nothing can be written to %1 (%2).</source>
+        <translation>In %1 kann nicht geschrieben werden (%2).</translation>
+    </message>
+    <message>
+        <source>The destination %1 exists and is not empty.
+An abort removes the directories of a copy whole, with all that they held, so by default the copy goes to a new or empty directory. Name one, or give --into-existing: then what is there stays until all of the copy is whole, and only files of the same name are replaced.</source>
+        <translation>Das Ziel %1 ist vorhanden und nicht leer.
+Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Daher geht eine Kopie sonst in ein neues oder leeres Verzeichnis. Geben Sie eines an, oder --into-existing: Dann bleibt alles Vorhandene, bis die Kopie vollständig ist, und nur gleichnamige Dateien werden ersetzt.</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be opened (%2).</source>
+        <translation>Das Verzeichnis %1 lässt sich nicht öffnen (%2).</translation>
+    </message>
+    <message>
+        <source>%1 and %2 would both be copied to %3.</source>
+        <translation>%1 und %2 würden beide nach %3 kopiert.</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be copied to %2, which is not a directory.</source>
+        <translation>Das Verzeichnis %1 lässt sich nicht nach %2 kopieren, denn das ist kein Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be copied to %2, which is not a file.</source>
+        <translation>Die Datei %1 lässt sich nicht nach %2 kopieren, denn das ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>The same goes for 1 more entry.</source>
+        <translation>Dasselbe gilt für 1 weiteren Eintrag.</translation>
+    </message>
+    <message>
+        <source>The same goes for %1 more entries.</source>
+        <translation>Dasselbe gilt für %1 weitere Einträge.</translation>
+    </message>
+    <message>
+        <source>So a copy of %1 could not be whole; nothing was copied.</source>
+        <translation>Eine Kopie von %1 wäre also unvollständig; nichts wurde kopiert.</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot take the place of %2, which is not a directory.</source>
+        <translation>Das Verzeichnis %1 kann %2 nicht ersetzen, denn das ist kein Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>The directory %1 is on another volume than %2, so a copy cannot be moved to it. Export to it alone.</source>
+        <translation>Das Verzeichnis %1 liegt auf einem anderen Datenträger als %2, eine Kopie lässt sich nicht dorthin verschieben. Exportieren Sie getrennt dorthin.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot take the place of %2, which is a directory.</source>
+        <translation>Die Datei %1 kann %2 nicht ersetzen, denn das ist ein Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>The path of %1 would be too long in the destination: %2, and %3 are possible. Choose a destination with a shorter path.</source>
+        <translation>Der Pfad von %1 wäre am Ziel zu lang: %2, möglich sind %3. Wählen Sie ein Ziel mit kürzerem Pfad.</translation>
+    </message>
+    <message>
+        <source>1 byte</source>
+        <translation>1 Byte</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 Byte</translation>
+    </message>
+    <message>
+        <source>The file %1 and a directory of %2 would both be copied to %3.</source>
+        <translation>Die Datei %1 und ein Verzeichnis aus %2 würden beide nach %3 kopiert.</translation>
+    </message>
+    <message>
+        <source>Not enough free space in %1: the copy needs %2, and %3 are free, so %4 are missing.</source>
+        <translation>Zu wenig freier Platz in %1: Die Kopie braucht %2, frei sind %3, es fehlen %4.</translation>
+    </message>
+    <message>
+        <source>The copy cannot be moved to its place: %1: %2.</source>
+        <translation>Die Kopie lässt sich nicht an ihren Platz verschieben: %1: %2.</translation>
+    </message>
+    <message>
+        <source>New: %1.</source>
+        <translation>Neu: %1.</translation>
+    </message>
+    <message>
+        <source>New, but perhaps not yet on the device: %1.</source>
+        <translation>Neu, aber vielleicht noch nicht auf dem Gerät: %1.</translation>
+    </message>
+    <message>
+        <source>As before: %1.</source>
+        <translation>Wie zuvor: %1.</translation>
+    </message>
+    <message>
+        <source>%1 files, from %2 to %3 in the order of the copy</source>
+        <translation>%1 Dateien, von %2 bis %3 in der Reihenfolge der Kopie</translation>
+    </message>
+    <message>
+        <source>%1 is a directory, not a clip.</source>
+        <translation>%1 ist ein Verzeichnis, kein Video.</translation>
+    </message>
+    <message>
+        <source>%1 has no name before its first dot.</source>
+        <translation>%1 hat keinen Namen vor dem ersten Punkt.</translation>
+    </message>
+    <message>
+        <source>%1 is the name of a clip information file, not of a clip.</source>
+        <translation>%1 ist der Name einer Messdatei, nicht eines Videos.</translation>
+    </message>
+    <message>
+        <source>There is no directory %1.</source>
+        <translation>Das Verzeichnis %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1 is there and cannot be continued.</source>
+        <translation>%1 ist vorhanden und lässt sich nicht fortsetzen.</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be written to.</source>
+        <translation>In das Verzeichnis %1 kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>the directory cannot be read (%1)</source>
+        <translation>das Verzeichnis ist nicht lesbar (%1)</translation>
+    </message>
+    <message>
+        <source>the link leads back to a directory that holds it, so the copy would never end</source>
+        <translation>die Verknüpfung führt in ein Verzeichnis zurück, in dem sie liegt; die Kopie würde nie fertig</translation>
+    </message>
+    <message>
+        <source>the link leads to a pipe, a socket or a device</source>
+        <translation>die Verknüpfung führt zu einer Pipe, einem Socket oder einem Gerät</translation>
+    </message>
+    <message>
+        <source>the name is not valid UTF-8; it can be copied once renamed</source>
+        <translation>der Name ist kein gültiges UTF-8; nach dem Umbenennen lässt sich kopieren</translation>
+    </message>
+    <message>
+        <source>the file cannot be read (%1)</source>
+        <translation>die Datei ist nicht lesbar (%1)</translation>
+    </message>
+    <message>
+        <source>its path holds the path of the source a second time, so it would be copied to a wrong place</source>
+        <translation>der Pfad enthält den Pfad der Quelle ein zweites Mal; die Kopie käme an den falschen Ort</translation>
+    </message>
+    <message>
+        <source>neither a directory nor a regular file</source>
+        <translation>weder ein Verzeichnis noch eine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>A directory for the copy cannot be created in %1: %2.</source>
+        <translation>In %1 lässt sich kein Verzeichnis für die Kopie anlegen: %2.</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be created: %2.</source>
+        <translation>Das Verzeichnis %1 lässt sich nicht anlegen: %2.</translation>
+    </message>
+    <message>
+        <source>All is in its place, but %1 cannot be removed.</source>
+        <translation>Alles ist an seinem Platz, aber %1 lässt sich nicht entfernen.</translation>
+    </message>
+    <message>
+        <source>The copy in %1 could not be written to the device: %2.</source>
+        <translation>Die Kopie in %1 konnte nicht auf das Gerät geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed. The next export to this place will try again.</source>
+        <translation>%1 konnte nicht entfernt werden. Der nächste Export an dieses Ziel versucht es erneut.</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed.</source>
+        <translation>%1 konnte nicht entfernt werden.</translation>
+    </message>
+    <message>
+        <source>distance %1</source>
+        <translation>Vorschub %1</translation>
+    </message>
+    <message>
+        <source>pan °</source>
+        <translation>Schwenk °</translation>
+    </message>
+    <message>
+        <source>tilt °</source>
+        <translation>Neigung °</translation>
+    </message>
+    <message>
+        <source>FAT of no known type</source>
+        <translation>FAT unbekannter Art</translation>
+    </message>
+    <message>
+        <source>Mounting and unmounting %1 needs root, or a line for it in %2 with the option &quot;users&quot;.</source>
+        <translation>Zum Einhängen und Auswerfen von %1 sind Rechte von root nötig, oder eine Zeile in %2 mit der Option „users“.</translation>
+    </message>
+    <message>
+        <source>Writing to %1 needs root, or a udev rule that gives the device to one of your groups.</source>
+        <translation>Zum Schreiben auf %1 sind Rechte von root nötig, oder eine udev-Regel, die das Gerät einer Ihrer Gruppen gibt.</translation>
+    </message>
+    <message>
+        <source>Writing to %1 is not possible (%2).</source>
+        <translation>Auf %1 kann nicht geschrieben werden (%2).</translation>
+    </message>
+    <message>
+        <source>Reading %1 needs root, or a udev rule that gives the device to one of your groups.</source>
+        <translation>Zum Lesen von %1 sind Rechte von root nötig, oder eine udev-Regel, die das Gerät einer Ihrer Gruppen gibt.</translation>
+    </message>
+    <message>
+        <source>Reading %1 is not possible (%2).</source>
+        <translation>%1 ist nicht lesbar (%2).</translation>
+    </message>
+    <message>
+        <source>%1 has no dirty byte to set.</source>
+        <translation>%1 kennt keine Markierung „benutzt“.</translation>
+    </message>
+    <message>
+        <source>%1 did not take the dirty byte.</source>
+        <translation>%1 hat die Markierung „benutzt“ nicht angenommen.</translation>
+    </message>
+    <message>
+        <source>%1 lies on no mounted USB drive that you may write to.</source>
+        <translation>%1 liegt auf keinem eingehängten USB-Laufwerk, auf das Sie schreiben dürfen.</translation>
+    </message>
+    <message>
+        <source>No USB drive is mounted on %1.</source>
+        <translation>In %1 ist kein USB-Laufwerk eingehängt.</translation>
+    </message>
+    <message>
+        <source>Unmounted. There was no dirty byte to clear.</source>
+        <translation>Ausgeworfen. Es gab keine Markierung „benutzt“.</translation>
+    </message>
+    <message>
+        <source>Unmounted. Another drive is in its place now, or none, and was not touched: the drive that was mounted is still marked as in use.</source>
+        <translation>Ausgeworfen. An seiner Stelle ist jetzt ein anderes Laufwerk oder keines; es wurde nicht angetastet. Das vorige ist noch als benutzt markiert.</translation>
+    </message>
+    <message>
+        <source>Unmounted and marked clean: %1.</source>
+        <translation>Ausgeworfen und als sauber markiert: %1.</translation>
+    </message>
+    <message>
+        <source>Unmounted, and still marked as in use. %1</source>
+        <translation>Ausgeworfen, aber noch als benutzt markiert. %1</translation>
+    </message>
+    <message>
+        <source>%1 did not take the mark back.</source>
+        <translation>Bei %1 ließ sich die Markierung nicht entfernen.</translation>
+    </message>
+    <message>
+        <source>C</source>
+        <extracomment>The locale of the numbers in all texts: &quot;de&quot; for German</extracomment>
+        <translation>de</translation>
+    </message>
+    <message>
+        <source>There is no %1.</source>
+        <translation>%1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1 is, or holds, the current directory.</source>
+        <translation>%1 ist das aktuelle Verzeichnis oder enthält es.</translation>
+    </message>
+    <message>
+        <source>1 hidden entry</source>
+        <translation>1 versteckter Eintrag</translation>
+    </message>
+    <message>
+        <source>%1 hidden entries</source>
+        <translation>%1 versteckte Einträge</translation>
+    </message>
+    <message>
+        <source>1 link that leads nowhere</source>
+        <translation>1 Verknüpfung ins Leere</translation>
+    </message>
+    <message>
+        <source>%1 links that lead nowhere</source>
+        <translation>%1 Verknüpfungen ins Leere</translation>
+    </message>
+    <message>
+        <source>1 pipe, socket or device</source>
+        <translation>1 Pipe, Socket oder Gerät</translation>
+    </message>
+    <message>
+        <source>%1 pipes, sockets or devices</source>
+        <translation>%1 Pipes, Sockets oder Geräte</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::ProjectLocale</name>
+    <message>
+        <source>The catalog %1 cannot be read: %2.</source>
+        <translation>Der Katalog %1 ist nicht lesbar: %2.</translation>
+    </message>
+    <message>
+        <source>The catalog %1 cannot be used. Line %2, column %3: %4.</source>
+        <translation>Der Katalog %1 ist nicht brauchbar. Zeile %2, Spalte %3: %4.</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s country code %1 is not known.</source>
+        <translation>Das Länderkürzel %1 des Katalogs ist unbekannt.</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s language code %1 is not known.</source>
+        <translation>Das Sprachkürzel %1 des Katalogs ist unbekannt.</translation>
+    </message>
+    <message>
+        <source>Distances are in %1, as the catalog has it.</source>
+        <translation>Längen in %1, wie im Katalog.</translation>
+    </message>
+    <message>
+        <source>Distances are in %1, as the locale has it.</source>
+        <translation>Längen in %1, wie im Gebietsschema.</translation>
+    </message>
+    <message>
+        <source>Shown as %1.</source>
+        <translation>Angezeigt als %1.</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s unit %1 is not a unit of distance, so the locale decides.</source>
+        <translation>Die Einheit %1 des Katalogs ist keine Längeneinheit; das Gebietsschema entscheidet.</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::RecordRun</name>
+    <message>
+        <source>its last line is not complete</source>
+        <translation>die letzte Zeile ist unvollständig</translation>
+    </message>
+    <message>
+        <source>it lacks what was recorded</source>
+        <translation>die Aufzeichnung fehlt darin</translation>
+    </message>
+</context>
+<context>
+    <name>Tavro::FieldHost::Recording</name>
+    <message>
+        <source>Continues %1 after %2.</source>
+        <translation>Fortsetzung von %1, bisher %2.</translation>
+    </message>
+    <message>
+        <source>1 sample</source>
+        <translation>1 Messwert</translation>
+    </message>
+    <message>
+        <source>%1 samples</source>
+        <translation>%1 Messwerte</translation>
+    </message>
+    <message>
+        <source>Recorded %1 of video, %2 in %3.</source>
+        <translation>Aufgenommen: %1 Video, %2 in %3.</translation>
+    </message>
+    <message>
+        <source>%1 was not written as it should be: %2</source>
+        <translation>%1 wurde nicht richtig geschrieben: %2</translation>
+    </message>
+</context>
+</TS>

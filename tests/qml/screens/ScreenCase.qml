@@ -1,0 +1,125 @@
+import QtQuick 2.15
+import QtTest 1.15
+import "qrc:/screens/look"
+
+// A test case for a screen. Its functions begin with the usual look; after each of them there is
+// no message that must not be.
+TestCase {
+    id: screenCase
+
+    // the item or the window that is tested, where it is not the one that the case lies in
+    property var subject: screenCase
+
+    when: windowShown
+
+    // the visible item of that name; fails where there is none in time
+    function item(objectName) {
+        let found = null
+        tryVerify(function() {
+            found = screenTest.find(subject.contentItem || subject, objectName)
+            return found !== null
+        }, 5000, "there is no " + objectName)
+        return found
+    }
+
+    // clicks at it, once it is in view
+    function click(objectName) {
+        const target = item(objectName)
+        bringIntoView(target)
+        mouseClick(target)
+    }
+
+    // taps it with a finger, once it is in view
+    function tap(objectName) {
+        const target = item(objectName)
+        bringIntoView(target)
+        touchEvent(target).press(0, target).commit()
+        touchEvent(target).release(0, target).commit()
+    }
+
+    // scrolls the page that it is on, as a user would
+    function bringIntoView(target) {
+        for (let ancestor = target; ancestor; ancestor = ancestor.parent) {
+            if (ancestor.reveal) {
+                ancestor.reveal(target)
+            }
+        }
+    }
+
+    // types a text, a key for each letter
+    function type(text) {
+        for (let i = 0; i < text.length; ++i) {
+            keyClick(text[i])
+        }
+    }
+
+    // chooses the entry of that text, by the keyboard
+    function choose(objectName, text) {
+        const choice = item(objectName)
+        const box = choice.box
+        bringIntoView(choice)
+        box.forceActiveFocus(Qt.TabFocusReason)
+        const index = box.find(text)
+        verify(index >= 0, "no " + text)
+        keyClick(Qt.Key_Return)
+        tryVerify(() => box.popup.opened)
+        while (box.highlightedIndex !== index) {
+            keyClick(box.highlightedIndex < index ? Qt.Key_Down : Qt.Key_Up)
+        }
+        keyClick(Qt.Key_Return)
+        tryVerify(() => !box.popup.visible)
+    }
+
+    // replaces what is in the field
+    function fill(objectName, text) {
+        click(objectName)
+        const field = item(objectName)
+        field.input.forceActiveFocus()
+        field.input.selectAll()
+        keyClick(Qt.Key_Delete)
+        type(text)
+    }
+
+    // fails for what a user would object to in root, an item or a window, at the usual size of fonts
+    // and at 1.5 times it
+    function verifyLayout(root) {
+        const item = root.contentItem || root
+        for (const scale of [1, 1.5]) {
+            Look.fontScale = scale
+            // layouts settle when they are polished, before a frame, one after the other
+            waitForRendering(item, 200)
+            for (let i = 0; i < 20 && screenTest.layoutFaults(item).length > 0; ++i) {
+                wait(20)
+            }
+            compare(screenTest.layoutFaults(item), [],
+                    "fonts " + scale + " times, " + root.width + " x " + root.height)
+        }
+        Look.fontScale = 1
+    }
+
+    // the same in windows of the tablet and of the smallest size
+    function verifyLayoutInAllSizes(root) {
+        const width = root.width
+        const height = root.height
+        for (const size of [[1280, 800], [800, 480], [width, height]]) {
+            root.width = size[0]
+            root.height = size[1]
+            verifyLayout(root)
+        }
+    }
+
+    function initTestCase() {
+        screenTest.watchMessages()
+        if (subject.requestActivate) {
+            subject.requestActivate()
+            tryVerify(() => subject.active)
+        }
+    }
+
+    function cleanup() {
+        Look.fontScale = 1
+        Look.dark = false
+        Look.mirrored = false
+        compare(screenTest.takeWarnings(), [])
+    }
+}

@@ -1,0 +1,80 @@
+#include "fieldhost/services/HostLog.h"
+#include "shared/locale/GlobalLocaleData.h"
+#include "tests/fieldhost/TestDrive.h"
+#include "tests/qml/screens/ScreenTest.h"
+#include "tests/support/PrivateMounts.h"
+
+#include <QFile>
+#include <QLocale>
+
+#include <memory>
+
+using Tavro::FieldHost::HostLog;
+using Tavro::Logging::CLogger;
+using Tavro::Logging::LogLevel;
+using Tavro::Shared::GlobalLocaleData;
+
+namespace {
+
+/** A stick that comes and goes, and commands that stand in for those of the system. */
+class DeviceScreenTest : public Tavro::Test::ScreenTest
+{
+    Q_OBJECT
+    Q_PROPERTY(bool hasDrives MEMBER m_hasDrives CONSTANT)
+    Q_PROPERTY(QStringList commands READ commands)
+
+public:
+    DeviceScreenTest()
+    {
+        GlobalLocaleData::instance()->setDeviceLocale(QLocale(QStringLiteral("en_GB")));
+        m_commands.add(QStringLiteral("date"));
+        m_commands.add(QStringLiteral("hwclock"));
+    }
+
+    /** A stick with a file system of that type. */
+    Q_INVOKABLE void plugIn(const QString &type)
+    {
+        m_drive.reset();
+        m_drive = std::make_unique<::Test::TestDrive>(type.toLatin1());
+    }
+    Q_INVOKABLE void pull()
+    {
+        m_drive.reset();
+        ::Test::PrivateMounts::setMountTable({});
+    }
+    /** Whether the stick was pulled too early. */
+    Q_INVOKABLE void setDirty(bool isDirty) { m_drive->setDirtyByte(isDirty ? 1 : 0); }
+    /** Mounts it for longer than a look. */
+    Q_INVOKABLE void mount() { m_drive->mount(); }
+
+    /** Whether the hardware clock refuses from now on. */
+    Q_INVOKABLE void setClockFails(bool fails)
+    {
+        m_commands.add(QStringLiteral("hwclock"), fails ? "exit 1\n" : "");
+    }
+    /** What was run to set the clock. */
+    QStringList commands() const { return m_commands.journal(); }
+
+    /** Logs an entry on this thread. */
+    Q_INVOKABLE void log(int level, const QString &message)
+    {
+        CLogger::logMessage(static_cast<LogLevel>(level), QStringLiteral("Test"), message);
+    }
+
+private:
+    const bool m_hasDrives = ::Test::PrivateMounts::entered();
+    ::Test::FakeCommands m_commands;
+    std::unique_ptr<::Test::TestDrive> m_drive;
+};
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    ::Test::PrivateMounts::enter(); // before there is a second thread
+    return Tavro::Test::runScreenTest(
+        argc, argv, "tst_DeviceScreen",
+        []() -> Tavro::Test::ScreenTest * { return new DeviceScreenTest; });
+}
+
+#include "tst_DeviceScreen.moc"

@@ -1,0 +1,6 @@
+#include "tests/qml/screens/ScreenTest.h"
+
+int main(int argc, char *argv[])
+{
+    return Tavro::Test::runScreenTest(argc, argv, "tst_LookScreen");
+}
