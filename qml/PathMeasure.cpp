@@ -38,8 +38,7 @@ void PathMeasure::refresh()
 {
     const int request = ++m_request;
     set(m_bytes, false);
-    // a slot may have begun another one
-    if (request == m_request && !m_path.isEmpty()) {
+    if (!m_path.isEmpty()) {
         measure(m_path, request);
     }
 }

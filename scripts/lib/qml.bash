@@ -38,6 +38,17 @@ names_of_our_types()
             's/^        name: "(Tavro::[^"]*)"/\1/p; s/.*exports: \["[A-Za-z]*\/([A-Za-z0-9]*) .*/\1/p'
 }
 
+# unlisted_screen_types: the types that the screens' program registers, and that the list lacks, or
+# the other way round. Those of the module are compared by a test.
+unlisted_screen_types()
+{
+    diff --label 'listed in fieldhost/qml/ScreenTypes.h' --label 'registered' --unified=0 \
+        <(sed --quiet --regexp-extended 's/.*exports: \["OvoFieldHost\/(\w*) .*/\1/p' \
+            build/dev/fieldhost/qml/types/OvoFieldHost/plugins.qmltypes | sort) \
+        <(grep --recursive --no-filename --include='*.cpp' --only-matching --extended-regexp \
+            '1, 0, *"\w+"' fieldhost/qml | sed 's/.*"\(.*\)"/\1/' | sort) || true
+}
+
 # misspelt_in LISTS FILE...: "file:line:column: what", for each member that does not exist; of a
 # function or binding that has several, the first
 misspelt_in()

@@ -6,6 +6,8 @@
 #include <QTest>
 #include <QUrl>
 
+#include <memory>
+
 using namespace Tavro::FieldHost;
 using namespace Test;
 
@@ -148,7 +150,7 @@ void tst_DeleteModel::anAbortKeepsWhatComesBehind()
     QCOMPARE(model.state(), DeleteStates::Aborted);
     QVERIFY(pathsOf(model).contains(path("second")));
     QVERIFY(QFile::exists(path("second/data.bin")));
-    QVERIFY(textsOf(model).last().startsWith(QLatin1String("Aborted. Not deleted: ")));
+    QVERIFY(textsOf(model).constLast().startsWith(QLatin1String("Aborted. Not deleted: ")));
 }
 
 void tst_DeleteModel::whatCannotBeDeletedIsSaid()
@@ -161,7 +163,7 @@ void tst_DeleteModel::whatCannotBeDeletedIsSaid()
     QVERIFY(waitForEnd(model));
     QCOMPARE(model.state(), DeleteStates::Failed);
     QCOMPARE(pathsOf(model), QStringList{path("single")});
-    QVERIFY(textsOf(model).first().startsWith(QLatin1String("Failed: ")));
+    QVERIFY(textsOf(model).constFirst().startsWith(QLatin1String("Failed: ")));
 }
 
 QTEST_GUILESS_MAIN(tst_DeleteModel)

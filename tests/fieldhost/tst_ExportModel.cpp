@@ -3,7 +3,10 @@
 #include "tests/fieldhost/TestDrive.h"
 #include "tests/support/FileTree.h"
 
-#include <QDir>
+#include <QSignalSpy>
+#include <QUrl>
+
+#include <memory>
 
 using namespace Tavro::FieldHost;
 using namespace Test;
@@ -40,7 +43,8 @@ private:
 QStringList textsOf(const ExportModel &model, const QString &kind)
 {
     QStringList texts;
-    for (const QVariant &message : model.messages()) {
+    const QVariantList messages = model.messages();
+    for (const QVariant &message : messages) {
         const QVariantMap map = message.toMap();
         if (map.value(QStringLiteral("kind")) == kind) {
             texts.append(map.value(QStringLiteral("text")).toString());

@@ -139,7 +139,7 @@ void DeleteModel::start()
     m_bytesToDelete = 0;
     Q_EMIT bytesChanged();
     setState(Deleting);
-    QMetaObject::invokeMethod(m_task, [task = m_task, paths] { task->begin(paths); });
+    QMetaObject::invokeMethod(m_task, "begin", Q_ARG(QStringList, paths));
 }
 
 void DeleteModel::abort()

@@ -35,7 +35,7 @@ public:
     ~DeleteTask() override;
 
     /** Deletes @p paths; ended() follows. */
-    void begin(const QStringList &paths);
+    Q_INVOKABLE void begin(const QStringList &paths);
     /** Ends it behind the directory that is being deleted, which goes whole. */
     void abort();
     /** Aborts, and ends the thread behind that. */

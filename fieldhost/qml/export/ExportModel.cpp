@@ -85,24 +85,23 @@ void ExportModel::start()
     forget();
     setState(Locking);
     m_task->interrupt(false);
-    QMetaObject::invokeMethod(m_task,
-                              [task = m_task, source = m_source, destination = m_destination,
-                               verify = m_verify] { task->begin(source, destination, verify); });
+    QMetaObject::invokeMethod(m_task, "begin", Q_ARG(QString, m_source),
+                              Q_ARG(QString, m_destination), Q_ARG(bool, m_verify));
 }
 
 void ExportModel::confirm(bool replace)
 {
-    QMetaObject::invokeMethod(m_task, [task = m_task, replace] { task->confirm(replace); });
+    QMetaObject::invokeMethod(m_task, "confirm", Q_ARG(bool, replace));
 }
 
 void ExportModel::pause()
 {
-    QMetaObject::invokeMethod(m_task, [task = m_task] { task->setPaused(true); });
+    QMetaObject::invokeMethod(m_task, "setPaused", Q_ARG(bool, true));
 }
 
 void ExportModel::resume()
 {
-    QMetaObject::invokeMethod(m_task, [task = m_task] { task->setPaused(false); });
+    QMetaObject::invokeMethod(m_task, "setPaused", Q_ARG(bool, false));
 }
 
 void ExportModel::abort()

@@ -68,10 +68,10 @@ public:
     ~ExportTask() override;
 
     /** Copies the directory @p source into @p destination; ended() follows. */
-    void begin(const QString &source, const QString &destination, bool verify);
+    Q_INVOKABLE void begin(const QString &source, const QString &destination, bool verify);
     /** The answer to the state Confirming. */
-    void confirm(bool replace);
-    void setPaused(bool paused);
+    Q_INVOKABLE void confirm(bool replace);
+    Q_INVOKABLE void setPaused(bool paused);
     /** Ends it before anything is copied, or removes what was copied; does nothing after that. */
     void abort();
     /** Aborts, and ends the thread behind that. */

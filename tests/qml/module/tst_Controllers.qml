@@ -111,10 +111,12 @@ Item {
 
         function test_pausedCopyIsAborted() {
             const canceled = spy(copy, "operationCanceled")
+            const results = spy(copy.result, "changed")
             copy.copyDirectory(source, destination)
             copy.pause()
             copy.abort()
             canceled.wait()
+            compare(results.count, 1)
             compare(Host.exists(destination), false)
             verify(Host.exists(source + "/project.txt"))
             compare([copy.result.whole, copy.result.canceled], [false, true])

@@ -6,7 +6,7 @@ import Ovo.Test 1.0
 Item {
     id: root
 
-    readonly property var held: Formats.current // changes with the locale, too
+    readonly property LocaleFormats held: Formats.current // changes with the locale, too
 
     Text { id: length; text: Formats.current.length(12.5) }
     Text { id: distance; text: Formats.current.distance(12.5) }

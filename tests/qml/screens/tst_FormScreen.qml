@@ -38,7 +38,11 @@ Item {
         function fill(objectName, text) {
             const field = item(objectName)
             bringIntoView(field)
-            mouseClick(field.input)
+            // the fields of a form that has just been made move to their places
+            tryVerify(() => {
+                mouseClick(field.input)
+                return field.input.activeFocus
+            })
             field.input.selectAll()
             keyClick(Qt.Key_Delete)
             type(text)

@@ -132,7 +132,7 @@ Item {
             keyClick(Qt.Key_Enter)
             compare(ProjectLocale.catalogName, "Sewers, metric")
             verify(screenTest.visibleTexts(window.contentItem)
-                   .includes("Das Länderkürzel \"XX\" des Katalogs ist unbekannt."))
+                   .includes("The catalog's country code \"XX\" is not known."))
             compare(item("country").displayText, "XX")
             choose("country", "Schweiz (CH)")
             compare(ProjectLocale.warnings, [])
@@ -145,7 +145,7 @@ Item {
         function test_aDistanceIsTyped(data) {
             choose("country", "France (F)")
             fill("typedDistance", data.text)
-            compare(item("typedDistance").message, "Gelesen als 1,50 m.")
+            compare(item("typedDistance").message, "Read as 1,50 m.")
         }
 
         function test_languageOfTheScreens() {
