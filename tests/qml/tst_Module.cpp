@@ -14,8 +14,10 @@
 #include <QFileInfo>
 #include <QQmlEngine>
 #include <QQmlError>
+#include <QSemaphore>
 #include <QStorageInfo>
 #include <QTemporaryDir>
+#include <QThreadPool>
 #include <QTime>
 #include <QtQuickTest>
 
@@ -109,6 +111,20 @@ public:
         return QStorageInfo(path).bytesTotal();
     }
 
+    /** No task of Qt's global pool begins until freePool(). */
+    Q_INVOKABLE void occupyPool()
+    {
+        QThreadPool *pool = QThreadPool::globalInstance();
+        for (int i = 0; i < pool->maxThreadCount(); ++i) {
+            pool->start([this] { m_free.acquire(); });
+        }
+    }
+    Q_INVOKABLE void freePool()
+    {
+        QThreadPool *pool = QThreadPool::globalInstance();
+        m_free.release(pool->maxThreadCount());
+    }
+
     /** The device's locale, without a project. */
     Q_INVOKABLE void useLocale(const QString &name)
     {
@@ -167,6 +183,7 @@ private:
         Test::UsbCommands commands;
     };
 
+    QSemaphore m_free;
     std::unique_ptr<QTemporaryDir> m_directory;
     std::unique_ptr<Test::LocaleScope> m_locale;
     std::unique_ptr<Drive> m_drive;

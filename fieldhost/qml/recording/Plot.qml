@@ -54,7 +54,8 @@ ColumnLayout {
         id: chart
 
         Layout.fillWidth: true
-        Layout.preferredHeight: 20 * Look.gap
+        // room for four labels one above the other: of less, the chart shows dots
+        Layout.preferredHeight: 24 * Look.gap
         // the same for all plots, so that their times are one below the other
         plotArea: Qt.rect(9 * Look.gap, 2 * Look.gap, Math.max(1, width - 12 * Look.gap),
                           Math.max(1, height - 7 * Look.gap))

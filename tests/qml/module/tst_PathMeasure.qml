@@ -73,6 +73,18 @@ Item {
             compare([paths.count, ready.count], [1, 1])
         }
 
+        function test_otherThreadsMeasure_data() { return both() }
+        function test_otherThreadsMeasure(row) {
+            Host.occupyPool()
+            const measure = createTemporaryObject(row.component, root, { path: Host.directory })
+            let turned = false
+            Qt.callLater(() => turned = true)
+            tryVerify(() => turned)
+            compare(measure.ready, false) // the event loop has turned, and measured nothing
+            Host.freePool()
+            tryCompare(measure, "ready", true)
+        }
+
         function test_urlIsThePath_data() { return both() }
         function test_urlIsThePath(row) {
             const measure = createTemporaryObject(row.component, root)
