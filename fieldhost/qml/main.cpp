@@ -10,24 +10,52 @@
 #include <QRegularExpression>
 #include <QTextStream>
 
-namespace Tavro::FieldHost {
+using namespace Tavro::FieldHost;
+using Tavro::Shared::GlobalLocaleData;
 
 namespace {
 
-int refuse(const QString &reason)
+const QString s_dark = QStringLiteral("dark");
+const QString s_language = QStringLiteral("language");
+const QString s_fontScale = QStringLiteral("font-scale");
+const QString s_size = QStringLiteral("size");
+const QString s_page = QStringLiteral("page");
+
+QRegularExpressionMatch sizeOf(const QCommandLineParser &parser)
 {
-    QTextStream(stderr) << reason << "\nTry: ovo-fieldhost gui --help\n";
-    return 2;
+    static const QRegularExpression form(QStringLiteral("^([1-9]\\d{2,3})x([1-9]\\d{2,3})$"));
+    return form.match(parser.value(s_size));
+}
+
+// why the options are not understood; empty when they are
+QString objectionTo(const QCommandLineParser &parser)
+{
+    static const QRegularExpression pages(
+        QStringLiteral("^(export|delete|form|recording|locale|device)$"));
+    if (!parser.positionalArguments().isEmpty()) {
+        return QStringLiteral("Nothing but options is expected.");
+    }
+    if (!sizeOf(parser).hasMatch()) {
+        return QStringLiteral("--size needs a width and a height, such as 1280x800.");
+    }
+    const double fontScale = parser.value(s_fontScale).toDouble();
+    if (!(fontScale >= 1 && fontScale <= 2)) { // nor for a number that is none
+        return QStringLiteral("--font-scale needs a number from 1 to 2.");
+    }
+    if (!pages.match(parser.value(s_page)).hasMatch()) {
+        return QStringLiteral(
+            "--page needs one of: export, delete, form, recording, locale, device.");
+    }
+    if (parser.isSet(s_language) && QLocale(parser.value(s_language)).language() == QLocale::C) {
+        return QStringLiteral("--language needs a locale, such as de or de_CH.");
+    }
+    return {};
 }
 
 } // namespace
 
-} // namespace Tavro::FieldHost
-
 int main(int argc, char *argv[])
 {
-    using namespace Tavro::FieldHost;
-
     // touch screens are dense
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     const QApplication application(argc, argv); // the charts need one with widgets
@@ -36,41 +64,35 @@ int main(int argc, char *argv[])
 
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("dark"), QStringLiteral("Starts with dark colours.")});
-    parser.addOption({QStringLiteral("language"),
+    parser.addOption({s_dark, QStringLiteral("Starts with dark colours.")});
+    parser.addOption({s_language,
                       QStringLiteral("The device's language, as de or de_CH. Default: the "
                                      "environment's."),
                       QStringLiteral("LOCALE")});
-    parser.addOption({QStringLiteral("font-scale"),
-                      QStringLiteral("Makes fonts larger by FACTOR, 1 to 2."),
+    parser.addOption({s_fontScale, QStringLiteral("Makes fonts larger by FACTOR, 1 to 2."),
                       QStringLiteral("FACTOR"), QStringLiteral("1")});
-    parser.addOption({QStringLiteral("size"), QStringLiteral("Size of the window in pixels."),
+    parser.addOption({s_size, QStringLiteral("Size of the window in pixels."),
                       QStringLiteral("WIDTHxHEIGHT"), QStringLiteral("1280x800")});
-    parser.addOption({QStringLiteral("page"), QStringLiteral("Screen to start with."),
-                      QStringLiteral("NAME"), QStringLiteral("export")});
+    parser.addOption({s_page, QStringLiteral("Screen to start with."), QStringLiteral("NAME"),
+                      QStringLiteral("export")});
     parser.process(application);
 
-    static const QRegularExpression sizeForm(QStringLiteral("^(\\d{3,5})x(\\d{3,5})$"));
-    const QRegularExpressionMatch size = sizeForm.match(parser.value(QStringLiteral("size")));
-    if (!size.hasMatch()) {
-        return refuse(QStringLiteral("--size needs a width and a height, such as 1280x800."));
+    const QString objection = objectionTo(parser);
+    if (!objection.isEmpty()) {
+        QTextStream(stderr) << objection << "\nTry: ovo-fieldhost gui --help\n";
+        return 2;
     }
-    bool isNumber = false;
-    const double fontScale = parser.value(QStringLiteral("font-scale")).toDouble(&isNumber);
-    if (!isNumber || fontScale < 1 || fontScale > 2) {
-        return refuse(QStringLiteral("--font-scale needs a number from 1 to 2."));
-    }
+    GlobalLocaleData::instance()->setDeviceLocale(
+        parser.isSet(s_language) ? QLocale(parser.value(s_language)) : QLocale::system());
+    const QRegularExpressionMatch size = sizeOf(parser);
 
-    const QString language = parser.value(QStringLiteral("language"));
-    Tavro::Shared::GlobalLocaleData::instance()->setDeviceLocale(
-        language.isEmpty() ? QLocale::system() : QLocale(language));
     registerScreens();
     QQmlApplicationEngine engine;
     const Translations translations(engine);
     engine.setInitialProperties({
-        {QStringLiteral("page"), parser.value(QStringLiteral("page"))},
-        {QStringLiteral("dark"), parser.isSet(QStringLiteral("dark"))},
-        {QStringLiteral("fontScale"), fontScale},
+        {QStringLiteral("page"), parser.value(s_page)},
+        {QStringLiteral("dark"), parser.isSet(s_dark)},
+        {QStringLiteral("fontScale"), parser.value(s_fontScale).toDouble()},
         {QStringLiteral("width"), size.captured(1).toInt()},
         {QStringLiteral("height"), size.captured(2).toInt()},
     });

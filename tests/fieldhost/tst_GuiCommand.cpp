@@ -74,6 +74,10 @@ private Q_SLOTS:
     void withoutScreensItSaysSo();
     void withoutADisplayItSaysSo();
     void aPlatformNeedsNoDisplay();
+#ifdef OVO_FIELDHOST_GUI
+    void screensRefuseWhatTheyDoNotUnderstand_data();
+    void screensRefuseWhatTheyDoNotUnderstand();
+#endif
 };
 
 void tst_GuiCommand::helpNamesEveryOption()
@@ -151,6 +155,42 @@ void tst_GuiCommand::aPlatformNeedsNoDisplay()
     installation.setPlatform(QStringLiteral("linuxfb"));
     QCOMPARE(installation.gui().exitCode, 7);
 }
+
+#ifdef OVO_FIELDHOST_GUI
+
+void tst_GuiCommand::screensRefuseWhatTheyDoNotUnderstand_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("no size") << QStringLiteral("--size=small") << QStringLiteral("--size needs ");
+    QTest::newRow("fonts too large")
+        << QStringLiteral("--font-scale=9") << QStringLiteral("--font-scale needs ");
+    QTest::newRow("fonts of no number")
+        << QStringLiteral("--font-scale=big") << QStringLiteral("--font-scale needs ");
+    QTest::newRow("no page") << QStringLiteral("--page=usb") << QStringLiteral("--page needs ");
+    QTest::newRow("no language") << QStringLiteral("--language=xx")
+                                 << QStringLiteral("--language needs ");
+}
+
+void tst_GuiCommand::screensRefuseWhatTheyDoNotUnderstand()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, reason);
+    Program screens;
+    screens.setProgram(QStringLiteral(OVO_FIELDHOST_GUI));
+    // Qt would make one, and leave it behind
+    const QTemporaryDir runtimeDirectory;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeDirectory.path());
+    screens.setProcessEnvironment(environment);
+    screens.begin({option});
+    const Outcome outcome = screens.end();
+    QCOMPARE(outcome.exitCode, int(Usage));
+    QVERIFY2(outcome.errors.contains(reason), qPrintable(outcome.errors));
+}
+
+#endif
 
 QTEST_GUILESS_MAIN(tst_GuiCommand)
 
