@@ -33,7 +33,8 @@ private Q_SLOTS:
     void movementIsAnnouncedAFewTimesASecond();
     void aRecordingInProgressIsWrittenAtTheEnd();
 
-    void aCurveKeepsItsFirstAndLastPoints();
+    void aLongCurveStaysSmallAndKeepsItsPeaks();
+    void aValueHoldsUntilTheNextOne();
     void axesSuitTheValues_data();
     void axesSuitTheValues();
     void aCurveIsDrawnIntoASeries();
@@ -109,7 +110,7 @@ void tst_Recording::aRecordingIsWrittenAndSummedUp()
                                                    .arg(file.samples.size())
                                                    .arg(m_info)),
         qPrintable(m_recording->summary()));
-    QVERIFY(m_recording->distance()->count() > 2);
+    QVERIFY(m_recording->distance()->points().size() > 2);
     QCOMPARE(m_recording->distance()->points().first(), QPointF(0, 0));
     QVERIFY(m_recording->distance()->points().last().y() > 1.3);
     m_recording->stop();
@@ -212,29 +213,49 @@ void tst_Recording::aRecordingInProgressIsWrittenAtTheEnd()
     QVERIFY(ClipInfoFile::read(m_info).samples.size() > 3);
 }
 
-void tst_Recording::aCurveKeepsItsFirstAndLastPoints()
+void tst_Recording::aLongCurveStaysSmallAndKeepsItsPeaks()
 {
     PlotCurve curve;
+    curve.clear();
     QSignalSpy shown(&curve, &PlotCurve::shown);
     for (int i = 0; i < 100'000; ++i) {
-        curve.add(i * 0.04, i);
-        QVERIFY(curve.count() <= PlotCurve::most);
+        curve.add(i * 0.04, i == 51'234 ? 1e6 : i);
     }
     QCOMPARE(shown.count(), 0);
-    QVERIFY(curve.count() >= PlotCurve::most / 2 - 1);
-    QCOMPARE(curve.points().first(), QPointF(0, 0));
-    double widest = 100'000 * 0.04 - curve.points().last().x();
-    for (int i = 1; i < curve.count(); ++i) {
-        widest = qMax(widest, curve.points().at(i).x() - curve.points().at(i - 1).x());
-    }
-    QVERIFY2(widest <= 2 * 4000.0 / PlotCurve::most * 2, qPrintable(QString::number(widest)));
     curve.show();
     QCOMPARE(shown.count(), 1);
+    const QVector<QPointF> points = curve.points();
+    QVERIFY(points.size() <= 2 * PlotCurve::most);
+    QVERIFY(points.size() >= PlotCurve::most);
+    QCOMPARE(points.first(), QPointF(0, 0));
+    QCOMPARE(points.last(), QPointF(99'999 * 0.04, 99'999));
+    QPointF peak;
+    double widest = 0;
+    for (int i = 1; i < points.size(); ++i) {
+        widest = qMax(widest, points.at(i).x() - points.at(i - 1).x());
+        peak = points.at(i).y() > peak.y() ? points.at(i) : peak;
+    }
+    QVERIFY2(widest <= 2 * 4000.0 / PlotCurve::most, qPrintable(QString::number(widest)));
+    QCOMPARE(peak.y(), 1e6);
+    QVERIFY(qAbs(peak.x() - 51'234 * 0.04) <= widest);
     curve.clear();
-    QCOMPARE(curve.count(), 0);
-    curve.add(0, 1);
-    curve.add(0.04, 1);
-    QCOMPARE(curve.count(), 2);
+    curve.show();
+    QVERIFY(curve.points().isEmpty());
+}
+
+void tst_Recording::aValueHoldsUntilTheNextOne()
+{
+    PlotCurve curve;
+    curve.clear();
+    curve.add(0, 3);
+    curve.add(7, 5);
+    curve.show();
+    QVector<QPointF> points = curve.points();
+    QCOMPARE(points.takeLast(), QPointF(7, 5));
+    QVERIFY(points.size() > 2);
+    for (const QPointF &point : qAsConst(points)) {
+        QCOMPARE(point.y(), 3.0);
+    }
 }
 
 void tst_Recording::axesSuitTheValues_data()
@@ -259,7 +280,10 @@ void tst_Recording::axesSuitTheValues()
     QFETCH(QVector<double>, axes);
 
     PlotCurve curve;
-    curve.setPoints(points);
+    curve.clear();
+    for (const QPointF &point : points) {
+        curve.add(point.x(), point.y());
+    }
     curve.show();
     QCOMPARE(curve.low(), axes.at(0));
     QCOMPARE(curve.high(), axes.at(1));
@@ -271,12 +295,12 @@ void tst_Recording::axesSuitTheValues()
 void tst_Recording::aCurveIsDrawnIntoASeries()
 {
     PlotCurve curve;
-    curve.add(0, 1);
-    curve.add(2, 3);
+    curve.setStretches({{1, 3}, {3, 3}}, 4);
+    curve.show();
     QtCharts::QLineSeries series;
     series.append(9, 9);
     curve.drawInto(&series);
-    QCOMPARE(series.pointsVector(), (QVector<QPointF>{{0, 1}, {2, 3}}));
+    QCOMPARE(series.pointsVector(), (QVector<QPointF>{{0, 1}, {2, 3}, {2, 3}, {4, 3}}));
 }
 
 void tst_Recording::aTraceIsThatOfItsFile()
@@ -331,7 +355,7 @@ void tst_Recording::aTraceThatCannotBeReadIsExplained()
     makeFile(m_info, "[Indexing]\n");
     read(trace, m_clip);
     QCOMPARE(trace.problem(), QStringLiteral("There is no sample to draw."));
-    QCOMPARE(trace.distance()->count(), 0);
+    QVERIFY(trace.distance()->points().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(tst_Recording)

@@ -10,30 +10,6 @@
 
 namespace Tavro::FieldHost {
 
-namespace {
-
-constexpr int s_columns = 400; // of the drawing, as many as a plot has room for
-
-QVector<QPointF> pointsOf(const Trace &trace, const Curve &curve)
-{
-    QVector<QPointF> points;
-    const QVector<Span> columns = trace.columnsOf(curve, s_columns);
-    for (int i = 0; i < columns.size(); ++i) {
-        const Span &span = columns.at(i);
-        if (!span.isEmpty()) {
-            const double begin = trace.duration() * i / s_columns;
-            const double end = trace.duration() * (i + 1) / s_columns;
-            // beginning at the end that is nearer to the column before
-            const bool isRising = points.isEmpty() || points.last().y() <= span.low;
-            points += QPointF(begin, isRising ? span.low : span.high);
-            points += QPointF(end, isRising ? span.high : span.low);
-        }
-    }
-    return points;
-}
-
-} // namespace
-
 ClipTrace::ClipTrace(QObject *parent)
     : QObject(parent)
 {
@@ -79,8 +55,9 @@ ClipTrace::Drawing ClipTrace::draw(const QString &path)
         return drawing;
     }
     drawing.unit = file.unit;
+    drawing.duration = trace.duration();
     for (const Curve &curve : trace.curves()) {
-        drawing.curves += pointsOf(trace, curve);
+        drawing.curves += trace.columnsOf(curve, PlotCurve::most);
     }
     return drawing;
 }
@@ -94,7 +71,7 @@ void ClipTrace::take()
     m_doubts = drawing.doubts;
     m_unit = drawing.unit;
     for (int i = 0; i < 3; ++i) {
-        m_curves[i].setPoints(drawing.curves.value(i));
+        m_curves[i].setStretches(drawing.curves.value(i), drawing.duration);
         m_curves[i].show();
     }
     Q_EMIT changed();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "fieldhost/jobs/Trace.h"
 #include "fieldhost/qml/recording/PlotCurve.h"
 
 #include <QFutureWatcher>
@@ -55,7 +54,8 @@ private:
         QString headline;
         QStringList doubts;
         QString unit;
-        QVector<QVector<QPointF>> curves;
+        double duration = 0;
+        QVector<QVector<Span>> curves;
     };
 
     static Drawing draw(const QString &path);

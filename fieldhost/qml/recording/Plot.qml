@@ -10,13 +10,17 @@ ColumnLayout {
 
     property string caption
     property string value // of now; empty for a plot of the past
-    property int decimals: 1
     property var curve // a PlotCurve
     property int points: 0 // that are drawn
 
     spacing: 0
     Layout.fillWidth: true
     Layout.preferredWidth: 1
+
+    // with as many decimals as the labels of an axis need
+    function textOf(value, step) {
+        return Formats.current.number(value, step >= 1 ? 0 : step >= 0.1 ? 1 : 2)
+    }
 
     function draw() {
         curve.drawInto(series)
@@ -47,6 +51,8 @@ ColumnLayout {
         }
     }
     ChartView {
+        id: chart
+
         Layout.fillWidth: true
         // room for four labels one above the other: of less, the chart shows dots
         Layout.preferredHeight: 24 * Look.gap
@@ -59,8 +65,6 @@ ColumnLayout {
         legend.visible: false
         antialiasing: true
         animationOptions: ChartView.NoAnimation
-        localizeNumbers: true
-        locale: Qt.locale(Formats.current.localeName())
         Accessible.role: Accessible.Chart
         Accessible.name: plot.caption
 
@@ -74,9 +78,7 @@ ColumnLayout {
                 max: plot.curve.duration
                 tickType: ValueAxis.TicksDynamic
                 tickInterval: plot.curve.timeStep
-                labelFormat: "%.0f"
-                labelsColor: Look.muted
-                labelsFont { family: Look.family; pointSize: Look.small }
+                labelsVisible: false
                 gridLineColor: Look.raised
                 color: Look.outline
             }
@@ -85,13 +87,43 @@ ColumnLayout {
                 max: plot.curve.high
                 tickType: ValueAxis.TicksDynamic
                 tickInterval: plot.curve.step
-                labelFormat: "%." + plot.decimals + "f"
-                labelsColor: Look.muted
-                labelsFont { family: Look.family; pointSize: Look.small }
+                labelsVisible: false
                 gridLineColor: Look.raised
                 color: Look.outline
             }
             Component.onCompleted: plot.draw()
+        }
+        // labels of our own: those of the axes end in dots where there is little room
+        Repeater {
+            model: Math.round((plot.curve.high - plot.curve.low) / plot.curve.step) + 1
+
+            Label {
+                readonly property real value: plot.curve.low + index * plot.curve.step
+
+                x: chart.plotArea.x - width - Look.gap
+                y: chart.plotArea.y - height / 2
+                   + chart.plotArea.height * (plot.curve.high - value)
+                   / (plot.curve.high - plot.curve.low)
+                width: implicitWidth
+                text: plot.textOf(value, plot.curve.step)
+                muted: true
+                font.pointSize: Look.small
+            }
+        }
+        Repeater {
+            model: Math.floor(plot.curve.duration / plot.curve.timeStep) + 1
+
+            Label {
+                readonly property real value: index * plot.curve.timeStep
+
+                x: chart.plotArea.x - width / 2
+                   + chart.plotArea.width * value / plot.curve.duration
+                y: chart.plotArea.y + chart.plotArea.height + Look.gap / 2
+                width: implicitWidth
+                text: plot.textOf(value, plot.curve.timeStep)
+                muted: true
+                font.pointSize: Look.small
+            }
         }
     }
 }

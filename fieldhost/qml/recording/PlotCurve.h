@@ -1,5 +1,7 @@
 #pragma once
 
+#include "fieldhost/jobs/Trace.h"
+
 #include <QObject>
 #include <QPointF>
 #include <QString>
@@ -11,8 +13,8 @@ namespace Tavro::FieldHost {
 /**
  * A quantity over time, in seconds, with the axes that suit it.
  *
- * Values may be added often: nobody hears of them before show(), and when there are too many to
- * draw, every other one goes.
+ * The time is divided into stretches, of which the lowest and the highest value are kept: a curve
+ * is small however long it is, and no peak is lost. Nobody hears of values before show().
  */
 class PlotCurve : public QObject
 {
@@ -22,13 +24,12 @@ class PlotCurve : public QObject
     Q_PROPERTY(double step READ step NOTIFY shown)
     Q_PROPERTY(double duration READ duration NOTIFY shown)
     Q_PROPERTY(double timeStep READ timeStep NOTIFY shown)
-    Q_PROPERTY(int count READ count NOTIFY shown)
 
 public:
     using QObject::QObject;
 
-    /** Most points that a curve keeps. */
-    static constexpr int most = 600;
+    /** The most stretches that the time of a curve is divided into. */
+    static constexpr int most = 400;
 
     /** Ends of the axis of values, multiples of step(); apart also for a curve without extent. */
     double low() const { return m_low; }
@@ -39,16 +40,16 @@ public:
     double duration() const;
     /** Distance of two labels of that axis. */
     double timeStep() const;
-    int count() const { return m_points.size(); }
+    /** What is drawn. */
     const QVector<QPointF> &points() const { return m_points; }
 
-    /** No points, as at first. */
+    /** No values, as at first. */
     void clear();
-    /** Adds a point; @p time is not before the last one. */
+    /** Adds a value, which holds until the next one; @p time is not before the last one. */
     void add(double time, double value);
-    /** Replaces all points, of which there may be any number. */
-    void setPoints(const QVector<QPointF> &points);
-    /** Computes the axes and emits shown(). */
+    /** Replaces all values by @p stretches of the same length, which end at @p duration. */
+    void setStretches(const QVector<Span> &stretches, double duration);
+    /** Computes points and axes and emits shown(). */
     void show();
 
     /** Makes the points those of @p series. */
@@ -58,8 +59,13 @@ Q_SIGNALS:
     void shown();
 
 private:
+    void halve();
+
+    QVector<Span> m_stretches;
+    double m_length = 1; // of a stretch, in s
+    double m_end = 0; // time of the last value
+    double m_last = 0; // value
     QVector<QPointF> m_points;
-    double m_interval = 0; // least time between two points, in s
     double m_low = -1;
     double m_high = 1;
     double m_step = 1;

@@ -18,21 +18,18 @@ ColumnLayout {
         objectName: plots.objectName + "Distance"
         caption: qsTr("Distance in %1").arg(plots.source.unit)
         value: plots.distanceValue
-        decimals: 2
         curve: plots.source.distance
     }
     Plot {
         objectName: plots.objectName + "Pan"
         caption: qsTr("Pan in degrees")
         value: plots.panValue
-        decimals: 0
         curve: plots.source.pan
     }
     Plot {
         objectName: plots.objectName + "Tilt"
         caption: qsTr("Tilt in degrees")
         value: plots.tiltValue
-        decimals: 0
         curve: plots.source.tilt
     }
     Label {

@@ -100,7 +100,11 @@ void Recording::start()
             curve->clear();
         }
         m_run = std::make_unique<RecordRun>(plan, *FieldApplication::instance());
-        connect(m_run.get(), &RecordRun::progressChanged, this, &Recording::addPoints);
+        // pan and tilt are turned one after the other
+        connect(crawler().distanceCounter(), &SimulatedDistanceCounter::distanceValueChanged,
+                m_run.get(), [this] { addValues(); });
+        connect(crawler().panTilt(), &SimulatedPanTilt::tiltChanged, m_run.get(),
+                [this] { addValues(); });
         connect(m_run.get(), &RecordRun::finished, this, &Recording::finish);
         m_infoPath = m_run->infoPath();
         m_run->start();
@@ -111,7 +115,6 @@ void Recording::start()
                          counted(m_run->samplesBefore(), tr("1 sample"), tr("%1 samples")));
         }
         m_refresh.start();
-        addPoints();
         show();
     }
     Q_EMIT stateChanged();
@@ -150,7 +153,7 @@ void Recording::stop()
     }
 }
 
-void Recording::addPoints()
+void Recording::addValues()
 {
     const double time = static_cast<double>(m_run->recorded()) / 1000;
     const double distance = distanceInMeters();
@@ -162,6 +165,7 @@ void Recording::addPoints()
 
 void Recording::show()
 {
+    addValues();
     for (PlotCurve *curve : {&m_distance, &m_pan, &m_tilt}) {
         curve->show();
     }

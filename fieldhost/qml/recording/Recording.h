@@ -97,7 +97,7 @@ Q_SIGNALS:
     void finished();
 
 private:
-    void addPoints();
+    void addValues();
     void show();
     void finish();
 

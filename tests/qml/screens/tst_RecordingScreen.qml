@@ -116,6 +116,8 @@ Item {
             tryVerify(() => shown("trace"))
             const plot = item("traceDistance")
             compare(plot.caption, "Distance in ft")
+            const texts = screenTest.visibleTexts(plot)
+            compare(texts.slice(1), ["0", "5", "10", "0", "5", "10", "15", "20"])
             let drawn = 0
             tryVerify(function() {
                 plot.grabToImage(grab => drawn = screenTest.pixelsOf(grab.image, Look.accent))
