@@ -86,6 +86,7 @@ int runGui(const CommandLine &line, Console &console)
         }
     }
     std::vector<char *> arguments;
+    arguments.reserve(words.size() + 1);
     for (QByteArray &word : words) {
         arguments.push_back(word.data());
     }

@@ -179,6 +179,11 @@ void tst_GuiCommand::screensRefuseWhatTheyDoNotUnderstand()
     QFETCH(QString, reason);
     Program screens;
     screens.setProgram(QStringLiteral(OVO_FIELDHOST_GUI));
+    // Qt would make one, and leave it behind
+    const QTemporaryDir runtimeDirectory;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeDirectory.path());
+    screens.setProcessEnvironment(environment);
     screens.begin({option});
     const Outcome outcome = screens.end();
     QCOMPARE(outcome.exitCode, int(Usage));

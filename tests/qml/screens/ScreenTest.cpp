@@ -22,10 +22,15 @@ namespace Tavro::Test {
 
 namespace {
 
-std::mutex s_mutex; // guards s_warnings: any thread may warn
-QStringList s_warnings;
+std::mutex s_mutex; // guards warnings(): any thread may warn
 QtMessageHandler s_previous = nullptr;
 bool s_hasWarned = false;
+
+QStringList &warnings()
+{
+    static QStringList warnings;
+    return warnings;
+}
 
 void recordMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
@@ -39,7 +44,7 @@ void recordMessage(QtMsgType type, const QMessageLogContext &context, const QStr
     }
     if (type != QtDebugMsg && type != QtInfoMsg) {
         const std::lock_guard<std::mutex> lock(s_mutex);
-        s_warnings += message;
+        warnings() += message;
         s_hasWarned = true;
     }
     if (s_previous) {
@@ -290,7 +295,7 @@ ScreenTest::~ScreenTest() = default;
 QStringList ScreenTest::takeWarnings()
 {
     const std::lock_guard<std::mutex> lock(s_mutex);
-    return std::exchange(s_warnings, {});
+    return std::exchange(warnings(), {});
 }
 
 void ScreenTest::watchMessages()

@@ -21,7 +21,6 @@ class DeviceScreenTest : public Tavro::Test::ScreenTest
 {
     Q_OBJECT
     Q_PROPERTY(bool hasDrives MEMBER m_hasDrives CONSTANT)
-    Q_PROPERTY(QStringList commands READ commands)
 
 public:
     DeviceScreenTest()
@@ -53,7 +52,7 @@ public:
         m_commands.add(QStringLiteral("hwclock"), fails ? "exit 1\n" : "");
     }
     /** What was run to set the clock. */
-    QStringList commands() const { return m_commands.journal(); }
+    Q_INVOKABLE QStringList commands() const { return m_commands.journal(); }
 
     /** Logs an entry on this thread. */
     Q_INVOKABLE void log(int level, const QString &message)

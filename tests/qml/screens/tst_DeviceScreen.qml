@@ -122,16 +122,16 @@ Item {
         }
 
         function test_clockIsSet() {
-            const before = screenTest.commands.length
+            const before = screenTest.commands().length
             fill("newDate", "2026-11-21")
             fill("newTime", "13:05")
             keyClick(Qt.Key_Return)
             item("questionConfirm")
-            compare(screenTest.commands.length, before)
+            compare(screenTest.commands().length, before)
             keyClick(Qt.Key_Return)
             tryCompare(item("clockOutcome"), "text", "The clock is set.")
             compare(item("clockOutcome").kind, "good")
-            const run = screenTest.commands.slice(before)
+            const run = screenTest.commands().slice(before)
             verify(run[0].startsWith("date") && run[0].includes("2026"), run[0])
             verify(run.some(command => command.startsWith("date") && command.includes("13:05")),
                    run)
@@ -139,13 +139,13 @@ Item {
         }
 
         function test_clockIsNotSetOnEscape() {
-            const before = screenTest.commands.length
+            const before = screenTest.commands().length
             fill("newTime", "13:05")
             tap("setClock")
             item("questionCancel")
             keyClick(Qt.Key_Escape)
             tryVerify(() => screenTest.find(root, "questionCancel") === null)
-            compare(screenTest.commands.length, before)
+            compare(screenTest.commands().length, before)
         }
 
         function test_aClockThatRefusesIsTold() {
