@@ -132,7 +132,7 @@ Item {
             compare(item("continued").text, "Continues \"" + screenTest.directory
                     + "/old.txt\" after 1 sample.")
             tap("stop")
-            compare(screenTest.samplesIn("old.txt"), 2)
+            verify(screenTest.samplesIn("old.txt") >= 2)
             tryVerify(() => shown("headline"))
             verify(item("headline").text.endsWith(", 2 recordings"), item("headline").text)
         }
