@@ -53,7 +53,9 @@ QString LocaleFormats::size(double millimeters)
 
 QString LocaleFormats::number(double value, int decimals)
 {
-    return CLocaleSupport::getCurrentLocale().toString(value, 'f', decimals);
+    QLocale locale = CLocaleSupport::getCurrentLocale();
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    return locale.toString(value, 'f', decimals);
 }
 
 QString LocaleFormats::bytes(qlonglong count)

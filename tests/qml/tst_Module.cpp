@@ -2,6 +2,7 @@
 #include "shared/base/CErrorCode.h"
 #include "shared/input/CInputType.h"
 #include "shared/view3d/ProjectTypeGlobal.h"
+#include "tests/support/FakeCommands.h"
 #include "tests/support/FileTree.h"
 #include "tests/support/LocaleScope.h"
 #include "tests/support/PrivateMounts.h"
@@ -91,6 +92,7 @@ public:
         ProjectTypeGlobal::instance().setProjectType(QString());
         m_locale.reset();
         m_drive.reset();
+        m_commands.reset();
     }
 
     /** A file of @p size bytes below the directory. */
@@ -98,6 +100,16 @@ public:
     {
         Test::makeFile(directory() + QLatin1Char('/') + name, Test::someBytes(size));
     }
+    /** Holds a copy in its last chunk, which ends with the command "sync". */
+    Q_INVOKABLE void holdSync()
+    {
+        m_commands = std::make_unique<Test::FakeCommands>();
+        m_commands->add(QStringLiteral("sync"),
+                        "while [ ! -e '" + directory().toUtf8()
+                            + "/letGo' ]; do /bin/sleep 0.01; done");
+    }
+    Q_INVOKABLE bool isSyncing() const { return !m_commands->journal().isEmpty(); }
+    Q_INVOKABLE void letSyncGo() { write(QStringLiteral("letGo"), 0); }
     Q_INVOKABLE static bool exists(const QString &path) { return QFileInfo::exists(path); }
     /** The relative paths below a directory, sorted. */
     Q_INVOKABLE static QStringList tree(const QString &path) { return Test::treeOf(path).keys(); }
@@ -187,6 +199,7 @@ private:
     std::unique_ptr<QTemporaryDir> m_directory;
     std::unique_ptr<Test::LocaleScope> m_locale;
     std::unique_ptr<Drive> m_drive;
+    std::unique_ptr<Test::FakeCommands> m_commands;
     QDate m_day;
     QTime m_time;
     Column m_column;
