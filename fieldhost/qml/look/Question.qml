@@ -30,63 +30,70 @@ T.Dialog {
         color: "#99000000"
     }
 
-    contentItem: Flickable {
+    contentItem: Item {
         LayoutMirroring.enabled: Look.mirrored
         LayoutMirroring.childrenInherit: true
-        implicitHeight: column.height
-        contentHeight: column.height
-        boundsBehavior: Flickable.StopAtBounds
-        // a focus ring lies outside of its button
-        clip: height < contentHeight
+        implicitHeight: column.height + 2 * Look.gap + answers.height
 
-        Column {
-            id: column
-
+        // a long question scrolls; its answers stay
+        Flickable {
             width: parent.width
-            spacing: 2 * Look.gap
+            height: parent.height - answers.height - 2 * Look.gap
+            contentHeight: column.height
+            boundsBehavior: Flickable.StopAtBounds
+            // a focus ring lies outside of its button
+            clip: height < contentHeight
 
-            Heading {
-                text: question.title
-            }
-            Label {
-                visible: text !== ""
-                text: question.text
-            }
             Column {
-                id: extra
+                id: column
 
-                visible: children.length > 0
                 width: parent.width
-                spacing: Look.gap
+                spacing: 2 * Look.gap
+
+                Heading {
+                    text: question.title
+                }
+                Label {
+                    visible: text !== ""
+                    text: question.text
+                }
+                Column {
+                    id: extra
+
+                    visible: children.length > 0
+                    width: parent.width
+                    spacing: Look.gap
+                }
             }
-            Grid {
-                id: answers
+        }
+        Grid {
+            id: answers
 
-                readonly property real half: (width - columnSpacing) / 2
+            readonly property real half: (width - columnSpacing) / 2
 
-                width: parent.width
-                columns: Math.max(confirmButton.implicitWidth, cancelButton.implicitWidth) <= half
-                         ? 2 : 1
-                columnSpacing: 2 * Look.gap
-                rowSpacing: 1.5 * Look.gap
+            anchors.bottom: parent.bottom
+            width: parent.width
+            columns: Math.max(confirmButton.implicitWidth, cancelButton.implicitWidth) <= half
+                     ? 2 : 1
+            columnSpacing: 2 * Look.gap
+            rowSpacing: 1.5 * Look.gap
 
-                ActionButton {
-                    id: cancelButton
+            ActionButton {
+                id: cancelButton
 
-                    objectName: "questionCancel"
-                    width: answers.columns === 2 ? answers.half : answers.width
-                    text: question.cancelText
-                    onClicked: question.reject()
-                }
-                ActionButton {
-                    id: confirmButton
+                objectName: "questionCancel"
+                width: answers.columns === 2 ? answers.half : answers.width
+                text: question.cancelText
+                onClicked: question.reject()
+            }
+            ActionButton {
+                id: confirmButton
 
-                    objectName: "questionConfirm"
-                    width: answers.columns === 2 ? answers.half : answers.width
-                    kind: question.danger ? "danger" : "primary"
-                    text: question.confirmText
-                    onClicked: question.accept()
-                }
+                objectName: "questionConfirm"
+                width: answers.columns === 2 ? answers.half : answers.width
+                kind: question.danger ? "danger" : "primary"
+                text: question.confirmText
+                onClicked: question.accept()
             }
         }
     }
