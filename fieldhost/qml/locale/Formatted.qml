@@ -38,22 +38,26 @@ Card {
         value: card.formats.size(300)
     }
     Fact {
+        caption: qsTr("Number")
+        value: card.formats.number(1234.5, 1)
+    }
+    Fact {
         objectName: "shownSpeed"
-        caption: qsTr("Speed")
-        value: card.formats.number(4.5) + " " + card.formats.speedUnit()
+        caption: qsTr("Speed in")
+        value: card.formats.speedUnit()
     }
     Fact {
         objectName: "shownTemperature"
-        caption: qsTr("Temperature")
-        value: card.formats.number(21.5, 1) + " " + card.formats.temperatureUnit()
+        caption: qsTr("Temperature in")
+        value: card.formats.temperatureUnit()
     }
     Fact {
-        caption: qsTr("Angle")
-        value: card.formats.number(12.5, 1) + card.formats.angleUnit()
+        caption: qsTr("Angle in")
+        value: card.formats.angleUnit()
     }
     Fact {
-        caption: qsTr("Pressure")
-        value: card.formats.text(850) + " " + card.formats.pressureUnit()
+        caption: qsTr("Pressure in")
+        value: card.formats.pressureUnit()
     }
     Fact {
         objectName: "shownDate"

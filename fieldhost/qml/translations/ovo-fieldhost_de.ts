@@ -564,20 +564,24 @@
         <translation>Rohr mit 300 Millimetern</translation>
     </message>
     <message>
-        <source>Speed</source>
-        <translation>Tempo</translation>
+        <source>Number</source>
+        <translation>Zahl</translation>
     </message>
     <message>
-        <source>Temperature</source>
-        <translation>Temperatur</translation>
+        <source>Speed in</source>
+        <translation>Tempo in</translation>
     </message>
     <message>
-        <source>Angle</source>
-        <translation>Winkel</translation>
+        <source>Temperature in</source>
+        <translation>Temperatur in</translation>
     </message>
     <message>
-        <source>Pressure</source>
-        <translation>Druck</translation>
+        <source>Angle in</source>
+        <translation>Winkel in</translation>
+    </message>
+    <message>
+        <source>Pressure in</source>
+        <translation>Druck in</translation>
     </message>
     <message>
         <source>Date</source>
