@@ -348,7 +348,8 @@ int runScreenTest(int argc, char **argv, const char *name, ScreenTest *(*makeTes
     int result = 0;
     {
         const std::unique_ptr<ScreenTest> test(makeTest());
-        result = quick_test_main_with_setup(argc, argv, name, SCREEN_TEST_FILE, test.get());
+        const QByteArray file = QByteArray(SCREEN_TEST_DIR "/") + name + ".qml";
+        result = quick_test_main_with_setup(argc, argv, name, file.constData(), test.get());
     }
     qInstallMessageHandler(nullptr);
     if (result == 0 && s_hasWarned) {

@@ -56,9 +56,9 @@ private:
 };
 
 /**
- * The main function of a screen's test: a QApplication, the screens' types, and tst_<Name>.qml,
- * whose path CMake defines. Returns other than 0 when a test fails or anything was warned of.
- * @p makeTest makes the ScreenTest once there is an application.
+ * The main function of a screen's test: a QApplication, the screens' types, and the QML file @p
+ * name of this directory. Returns other than 0 when a test fails or anything was warned of. @p
+ * makeTest makes the ScreenTest once there is an application.
  */
 int runScreenTest(
     int argc, char **argv, const char *name,
