@@ -1,3 +1,4 @@
+import OvoFieldHost 1.0
 import QtQuick 2.15
 import QtTest 1.15
 import "qrc:/screens/look"
@@ -106,6 +107,14 @@ TestCase {
             root.height = size[1]
             verifyLayout(root)
         }
+    }
+
+    // the same with the longer texts of German
+    function verifyLayoutInGerman(root) {
+        ProjectLocale.country = "D"
+        ProjectLocale.language = "DEU"
+        verifyLayoutInAllSizes(root)
+        ProjectLocale.close()
     }
 
     function initTestCase() {

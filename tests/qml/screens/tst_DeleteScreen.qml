@@ -206,6 +206,7 @@ Item {
             verifyLayoutInAllSizes(root)
             chooseProject()
             verifyLayoutInAllSizes(root)
+            verifyLayoutInGerman(root)
             Look.mirrored = true
             verifyLayout(root)
         }

@@ -59,6 +59,7 @@ Item {
             screenTest.log(2, "A message that is long enough to need more than a line of the log")
             tryVerify(() => LogEntries.lines.length > 0)
             verifyLayoutInAllSizes(root)
+            verifyLayoutInGerman(root)
             Look.dark = true
             Look.mirrored = true
             verifyLayout(root)

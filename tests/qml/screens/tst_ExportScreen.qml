@@ -391,6 +391,7 @@ Item {
         function test_layout(data) {
             data.reach()
             verifyLayoutInAllSizes(root)
+            verifyLayoutInGerman(root)
             Look.mirrored = true
             verifyLayout(root)
         }

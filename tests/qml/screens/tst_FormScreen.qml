@@ -286,6 +286,7 @@ Item {
             click("openFiles")
             click("accept")
             verifyLayoutInAllSizes(root)
+            verifyLayoutInGerman(root)
         }
     }
 }

@@ -183,9 +183,11 @@ Item {
             verifyLayoutInAllSizes(root)
             click("pause")
             verifyLayout(root)
+            verifyLayoutInGerman(root)
             click("stop")
             tryVerify(() => shown("trace"))
             verifyLayoutInAllSizes(root)
+            verifyLayoutInGerman(root)
         }
     }
 }
