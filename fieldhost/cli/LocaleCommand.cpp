@@ -6,6 +6,7 @@
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/LocaleOverview.h"
 #include "fieldhost/cli/Table.h"
+#include "fieldhost/jobs/ProjectCatalog.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/locale/CCountryLanguageCodeConversion.h"
 #include "shared/locale/CLocaleSupport.h"
@@ -48,19 +49,6 @@ Exit codes:
   1  the catalog cannot be used; the message names file, place and cause
   2  the command line was not understood)";
 
-QString textOf(const CatalogError &error)
-{
-    if (error.line == 0) {
-        return QStringLiteral("The catalog %1 cannot be read: %2.")
-            .arg(quoted(error.file), printable(error.cause));
-    }
-    return QStringLiteral("The catalog %1 cannot be used. Line %2, column %3: %4.")
-        .arg(quoted(error.file))
-        .arg(error.line)
-        .arg(error.column)
-        .arg(printable(error.cause));
-}
-
 QString countryName(const QString &code)
 {
     return QLocale::countryToString(CCountryLanguageCodeConversion::countryFromCountryCode(code));
@@ -95,24 +83,6 @@ QString codeText(const QString &code, const QString &name, bool isKnown)
         return QStringLiteral("not given");
     }
     return printable(code) + QLatin1String("  ") + (isKnown ? name : QStringLiteral("not known"));
-}
-
-QString unitText(Base::DistanceUnit unit)
-{
-    switch (unit) {
-    case Base::DistanceUnit::Feet:
-        return CLocaleSupport::distanceUnits_ft;
-    case Base::DistanceUnit::Inch:
-        return CLocaleSupport::distanceUnits_inch;
-    default:
-        return CLocaleSupport::distanceUnits_m;
-    }
-}
-
-bool isDistanceUnit(const QString &text)
-{
-    return text == CLocaleSupport::distanceUnits_m || text == CLocaleSupport::distanceUnits_ft
-        || text == CLocaleSupport::distanceUnits_inch;
 }
 
 /** The host with its project, open or not, as the command line has it. */
@@ -164,7 +134,7 @@ bool LocaleRun::loadCatalog()
     CatalogError error;
     m_catalog = m_catalogs.load(m_line.value("catalog"), error);
     if (!m_catalog) {
-        m_console.printError(textOf(error));
+        m_console.printError(sentenceOf(error));
         return false;
     }
     m_template = m_catalogs.getTemplateFromCache(m_catalog->templateId);

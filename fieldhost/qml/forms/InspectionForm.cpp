@@ -1,6 +1,7 @@
 #include "fieldhost/qml/forms/InspectionForm.h"
 
 #include "fieldhost/catalog/CatalogFiles.h"
+#include "fieldhost/jobs/ProjectCatalog.h"
 #include "fieldhost/services/Printable.h"
 #include "host/CColumnDefinition.h"
 #include "host/CProgramView.h"
@@ -20,20 +21,6 @@ namespace {
 bool isMistake(const FormField *field)
 {
     return field->isFinished() && field->verdict() != FormField::Valid;
-}
-
-QString sentenceOf(const CatalogError &error)
-{
-    const QString file = printable(error.file);
-    if (error.line == 0) {
-        return InspectionForm::tr("The catalog \"%1\" cannot be read: %2.")
-            .arg(file, printable(error.cause));
-    }
-    return InspectionForm::tr("The catalog \"%1\" cannot be used. Line %2, column %3: %4.")
-        .arg(file)
-        .arg(error.line)
-        .arg(error.column)
-        .arg(printable(error.cause));
 }
 
 } // namespace

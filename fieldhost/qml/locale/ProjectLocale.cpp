@@ -1,6 +1,7 @@
 #include "fieldhost/qml/locale/ProjectLocale.h"
 
 #include "fieldhost/catalog/CatalogFiles.h"
+#include "fieldhost/jobs/ProjectCatalog.h"
 #include "fieldhost/jobs/Text.h"
 #include "host/CColumnDefinition.h"
 #include "host/CProgramView.h"
@@ -62,24 +63,6 @@ bool isCountry(const QString &code)
 bool isLanguage(const QString &code)
 {
     return CCountryLanguageCodeConversion::languageFromLanguageCode(code) != QLocale::AnyLanguage;
-}
-
-bool isDistanceUnit(const QString &text)
-{
-    return text == CLocaleSupport::distanceUnits_m || text == CLocaleSupport::distanceUnits_ft
-        || text == CLocaleSupport::distanceUnits_inch;
-}
-
-QString unitText(Base::DistanceUnit unit)
-{
-    switch (unit) {
-    case Base::DistanceUnit::Feet:
-        return CLocaleSupport::distanceUnits_ft;
-    case Base::DistanceUnit::Inch:
-        return CLocaleSupport::distanceUnits_inch;
-    default:
-        return CLocaleSupport::distanceUnits_m;
-    }
 }
 
 } // namespace
@@ -223,17 +206,7 @@ QString ProjectLocale::catalogName() const
 
 QString ProjectLocale::objection() const
 {
-    if (m_error.cause.isEmpty()) {
-        return {};
-    }
-    const QString file = quoted(m_error.file);
-    const QString cause = printable(m_error.cause);
-    return m_error.line == 0 ? tr("The catalog %1 cannot be read: %2.").arg(file, cause)
-                             : tr("The catalog %1 cannot be used. Line %2, column %3: %4.")
-                                   .arg(file)
-                                   .arg(m_error.line)
-                                   .arg(m_error.column)
-                                   .arg(cause);
+    return m_error.cause.isEmpty() ? QString() : sentenceOf(m_error);
 }
 
 QStringList ProjectLocale::warnings() const

@@ -1381,20 +1381,20 @@
 <context>
     <name>Tavro::FieldHost::InspectionForm</name>
     <message>
-        <source>The catalog &quot;%1&quot; cannot be read: %2.</source>
-        <translation>Der Katalog „%1“ ist nicht lesbar: %2.</translation>
-    </message>
-    <message>
-        <source>The catalog &quot;%1&quot; cannot be used. Line %2, column %3: %4.</source>
-        <translation>Der Katalog „%1“ ist nicht brauchbar. Zeile %2, Spalte %3: %4.</translation>
-    </message>
-    <message>
         <source>The form &quot;%1&quot; cannot be used: %2.</source>
         <translation>Das Formular „%1“ ist nicht brauchbar: %2.</translation>
     </message>
 </context>
 <context>
     <name>Tavro::FieldHost::JobText</name>
+    <message>
+        <source>The catalog %1 cannot be read: %2.</source>
+        <translation>Der Katalog %1 ist nicht lesbar: %2.</translation>
+    </message>
+    <message>
+        <source>The catalog %1 cannot be used. Line %2, column %3: %4.</source>
+        <translation>Der Katalog %1 ist nicht brauchbar. Zeile %2, Spalte %3: %4.</translation>
+    </message>
     <message>
         <source>it is not in the destination</source>
         <translation>die Datei fehlt am Ziel</translation>
@@ -1729,14 +1729,6 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
 </context>
 <context>
     <name>Tavro::FieldHost::ProjectLocale</name>
-    <message>
-        <source>The catalog %1 cannot be read: %2.</source>
-        <translation>Der Katalog %1 ist nicht lesbar: %2.</translation>
-    </message>
-    <message>
-        <source>The catalog %1 cannot be used. Line %2, column %3: %4.</source>
-        <translation>Der Katalog %1 ist nicht brauchbar. Zeile %2, Spalte %3: %4.</translation>
-    </message>
     <message>
         <source>The catalog&apos;s country code %1 is not known.</source>
         <translation>Das Länderkürzel %1 des Katalogs ist unbekannt.</translation>
