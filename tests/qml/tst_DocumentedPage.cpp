@@ -3,8 +3,8 @@
 #include "tests/support/FileTree.h"
 #include "tests/support/LocaleScope.h"
 
+#include <QApplication>
 #include <QFile>
-#include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -150,7 +150,7 @@ int main(int argc, char *argv[])
     // Qt would make one, and leave it behind
     const QTemporaryDir runtimeDirectory;
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeDirectory.path()));
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
     tst_DocumentedPage test;
     return QTest::qExec(&test, argc, argv);
 }
