@@ -136,9 +136,10 @@ void tst_RecordRun::aPauseOfThePlanCanBeProlonged()
 
 void tst_RecordRun::observationsAreSamples()
 {
-    const auto run = makeRun();
+    // where the crawler stands still, and makes no sample of its own
+    const auto run = makeRun({500});
     run->start();
-    QVERIFY(waitForVideo(*run, 500));
+    QVERIFY(QTest::qWaitFor([&] { return run->isPaused(); }, 30'000));
     run->pause();
     run->observe();
     run->observe();
