@@ -26,16 +26,18 @@ namespace {
 
 const char s_device[] = "/dev/sda1";
 const char s_fstab[] = "/etc/fstab";
+const char s_mountTable[] = "/etc/mtab";
 
 struct TableCloser
 {
     void operator()(std::FILE *table) const { ::endmntent(table); }
 };
+using Table = std::unique_ptr<std::FILE, TableCloser>;
 
 // whether /etc/fstab lets others than root mount the drive
 bool mayAnybodyMount()
 {
-    const std::unique_ptr<std::FILE, TableCloser> table(::setmntent(s_fstab, "r"));
+    const Table table(::setmntent(s_fstab, "r"));
     if (!table) {
         return false;
     }
@@ -76,6 +78,42 @@ QRecursiveMutex &usbDriveMutex()
 bool isOnUsbDrive(const QString &path)
 {
     return isSameOrBelow(path, QLatin1String(usbMountPoint));
+}
+
+// not by way of udev, which no longer knows a drive that was pulled out
+QString mountedUsbDevice()
+{
+    const Table table(::setmntent(s_mountTable, "r"));
+    if (!table) {
+        return {};
+    }
+    while (const mntent *entry = ::getmntent(table.get())) {
+        if (qstrcmp(entry->mnt_dir, usbMountPoint) == 0
+            && qstrncmp(entry->mnt_fsname, "/dev", 4) == 0) {
+            return QFile::decodeName(entry->mnt_fsname);
+        }
+    }
+    return {};
+}
+
+bool isPulledOut(const QString &device)
+{
+    return !device.isEmpty() && !QFile::exists(device);
+}
+
+QString pulledOutWhileMounted()
+{
+    return JobText::tr("The USB drive on %1 was pulled out. Unlock it, then plug it in again.")
+        .arg(quoted(QString::fromLatin1(usbMountPoint)));
+}
+
+QString unmountedAfterPull()
+{
+    return JobText::tr(
+        "The USB drive was pulled out while it was mounted. It is unmounted now, but "
+        "what was written last may be missing, and a FAT volume is still marked as "
+        "in use. Plug it in again and check it, or lock and unlock it, which marks "
+        "it clean.");
 }
 
 std::optional<mountItem> partitionOf(const QString &path)
@@ -138,7 +176,11 @@ QString whyNotMarked(const QString &path)
             ? JobText::tr("%1 did not take the dirty byte.").arg(described(*partition))
             : missing;
     }
-    if (MountedUSBDeviceList::isUSBMounted()) {
+    const QString mounted = mountedUsbDevice();
+    if (isPulledOut(mounted)) {
+        return pulledOutWhileMounted();
+    }
+    if (!mounted.isEmpty()) {
         return JobText::tr("%1 lies on no mounted USB drive that you may write to.")
             .arg(quoted(path));
     }
@@ -151,20 +193,31 @@ QString whyNotMarked(const QString &path)
     return sentences.join(QLatin1Char(' '));
 }
 
-UnmountResult unmountUsbDrive(const std::optional<mountItem> &partition)
+UnmountResult unmountUsbDrive()
 {
     const QMutexLocker locker(&usbDriveMutex());
     QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
-    const QString device = partition ? partition->device.absoluteFilePath() : QString();
+    // another process has locked it, so the partition has to be found again
+    const auto partition = partitionOf(QString::fromLatin1(usbMountPoint));
+    const QString device = mountedUsbDevice();
     const QByteArray mountedVolume = readFatVolume(device).identity;
     MountedUSBDeviceList::dismountUSB();
-    if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
-        return {true, JobText::tr("Unmounted. There was no dirty byte to clear.")};
+    if (isPulledOut(device)) {
+        return {false, unmountedAfterPull()};
     }
-    if (readFatVolume(device).identity != mountedVolume) {
+    const FatVolume volume = readFatVolume(device);
+    if (volume.identity != mountedVolume) {
         return {false,
-                JobText::tr("Unmounted. Another drive is in its place now, or none, and was not "
-                            "touched: the drive that was mounted is still marked as in use.")};
+                JobText::tr("Unmounted. Another drive is in its place now, and was not touched: "
+                            "the drive that was mounted is still marked as in use.")};
+    }
+    if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
+        return volume.isDirty
+            ? UnmountResult{false,
+                            JobText::tr("Unmounted. %1 is marked as in use all the same, and was "
+                                        "not touched: check it.")
+                                .arg(quoted(device))}
+            : UnmountResult{true, JobText::tr("Unmounted. There was no dirty byte to clear.")};
     }
     if (Shared::USBDriveCleanAccessManager::clearDirtyFlag(device, partition->fileSystemType)) {
         return {true, JobText::tr("Unmounted and marked clean: %1.").arg(described(*partition))};

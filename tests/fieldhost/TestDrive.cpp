@@ -70,6 +70,13 @@ void TestDrive::mount()
     PrivateMounts::setMountTable(tableLine());
 }
 
+void TestDrive::pull()
+{
+    QFile::remove(QString::fromLatin1(s_node));
+    m_bed.reset();
+    m_bed = std::make_unique<UdevTestBed>();
+}
+
 QByteArray TestDrive::tableLine() const
 {
     return mounted(s_node, "/media/usbdrive", m_type == "fat32" ? QByteArray("vfat") : m_type);

@@ -38,6 +38,8 @@ public:
 
     /** Mounts it before the program starts. */
     void mount();
+    /** Pulls it out; the line of the mount table stays, as it does when that happens. */
+    void pull();
     /** The line of the mount table. */
     QByteArray tableLine() const;
     /** The dirty byte of FAT32. */

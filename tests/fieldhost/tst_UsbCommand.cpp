@@ -2,6 +2,9 @@
 #include "tests/support/FileTree.h"
 
 #include <QRegularExpression>
+#include <QScopeGuard>
+
+#include <sys/mount.h>
 
 using namespace Test;
 
@@ -49,6 +52,10 @@ private Q_SLOTS:
     void unlockCleansTheDrive();
     void unlockWaitsForABusyDrive();
     void unlockTouchesNoOtherDrive();
+    void unlockSaysThatTheDriveWasPulled_data();
+    void unlockSaysThatTheDriveWasPulled();
+    void lockAndListSayThatTheDriveWasPulled();
+    void unlockSaysThatAMarkStays();
     void unlockOfNothingSaysSo();
     void unlockWithoutADirtyByteSaysSo();
     void unlockSaysWhichRightIsMissing();
@@ -309,6 +316,76 @@ void tst_UsbCommand::unlockTouchesNoOtherDrive()
     QCOMPARE(outcome.exitCode, int(Failed));
     QVERIFY2(outcome.errors.contains(QLatin1String("Another drive is in its place now")),
              qPrintable(outcome.errors));
+    QCOMPARE(drive.dirtyByte(), '\1');
+}
+
+void tst_UsbCommand::unlockSaysThatTheDriveWasPulled_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("umountBody"); // null: it was pulled before
+
+    QTest::newRow("FAT32") << QByteArray("fat32") << QByteArray();
+    QTest::newRow("exFAT") << QByteArray("exfat") << QByteArray();
+    QTest::newRow("while it is unmounted")
+        << QByteArray("fat32") << QByteArray(": > /etc/mtab; rm /dev/sda1");
+}
+
+void tst_UsbCommand::unlockSaysThatTheDriveWasPulled()
+{
+    QFETCH(QByteArray, type);
+    QFETCH(QByteArray, umountBody);
+    TestDrive drive(type);
+    drive.mount();
+    drive.setDirtyByte(1);
+    if (umountBody.isNull()) {
+        drive.pull();
+    } else {
+        drive.commands.add(QStringLiteral("umount"), umountBody);
+    }
+    const Outcome outcome = usb(QStringLiteral("unlock"));
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QCOMPARE(outcome.output,
+             QStringLiteral("Unmounting, as soon as nobody uses the drive; Ctrl-C gives up.\n"));
+    QCOMPARE(outcome.errors,
+             QStringLiteral("The USB drive was pulled out while it was mounted. It is unmounted "
+                            "now, but what was written last may be missing, and a FAT volume is "
+                            "still marked as in use. Plug it in again and check it, or lock and "
+                            "unlock it, which marks it clean.\n"));
+    QCOMPARE(drive.dirtyByte(), '\1');
+    QCOMPARE(PrivateMounts::mountTable(), QByteArray(""));
+    QCOMPARE(drive.commands.journal(), QStringList{s_umount});
+    QVERIFY(!QFile::exists(QStringLiteral("/dev/sda1")));
+}
+
+void tst_UsbCommand::lockAndListSayThatTheDriveWasPulled()
+{
+    TestDrive drive;
+    drive.mount();
+    drive.pull();
+    const QString sentence = QStringLiteral(
+        "The USB drive on \"/media/usbdrive\" was pulled out. Unlock it, then plug it in again.\n");
+    Outcome outcome = usb(QStringLiteral("lock /media/usbdrive"));
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QCOMPARE(outcome.errors, sentence);
+    outcome = usb(QStringLiteral("list"));
+    QCOMPARE(outcome.exitCode, int(Done));
+    QCOMPARE(outcome.output, QStringLiteral("There is no USB drive.\n") + sentence);
+    QCOMPARE(drive.commands.journal(), QStringList());
+}
+
+void tst_UsbCommand::unlockSaysThatAMarkStays()
+{
+    TestDrive drive;
+    drive.mount();
+    drive.setDirtyByte(1);
+    // as the kernel remounts a volume with errors; a read-only one is no partition of the library
+    QCOMPARE(::mount("tmpfs", "/media/usbdrive", "tmpfs", MS_RDONLY, nullptr), 0);
+    const auto unmount = qScopeGuard([] { ::umount2("/media/usbdrive", MNT_DETACH); });
+    const Outcome outcome = usb(QStringLiteral("unlock"));
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QCOMPARE(outcome.errors,
+             QStringLiteral("Unmounted. \"/dev/sda1\" is marked as in use all the same, and was "
+                            "not touched: check it.\n"));
     QCOMPARE(drive.dirtyByte(), '\1');
 }
 
