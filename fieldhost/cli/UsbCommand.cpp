@@ -100,8 +100,8 @@ int list(const CommandLine &line, Console &console, const QString & /*argument*/
                               .arg(described(item), quoted(item.mountPoint.filePath())));
         }
         if (!info.supported) {
-            console.print(QStringLiteral("  not supported: the application works with FAT, exFAT "
-                                         "and NTFS"));
+            console.print(QStringLiteral("  not supported: the application works with exFAT, NTFS "
+                                         "and the FAT volumes that it can mark"));
         }
     }
     return ExitDone;

@@ -92,7 +92,7 @@ QString DriveAccess::largeFileWarning(const ExportPlan &plan) const
     return FieldHost::largeFileWarning(
         plan,
         partition
-            ? partition->fileSystemType
+            ? kindOf(*partition)
             : QString::fromLatin1(QStorageInfo(nearestExisting(m_destination)).fileSystemType()));
 }
 

@@ -128,12 +128,22 @@ std::optional<mountItem> partitionOf(const QString &path)
     return {};
 }
 
+// the library's type of a FAT is for the place of the dirty byte: a FAT16 of 128 MiB is "fat12"
+QString kindOf(const mountItem &partition)
+{
+    const QString &type = partition.fileSystemType;
+    const QString ownType = type.isEmpty() || isFat(type)
+        ? readFatVolume(partition.device.absoluteFilePath()).type
+        : QString();
+    return ownType.isEmpty() ? type : ownType;
+}
+
 QString described(const mountItem &partition)
 {
+    const QString kind = kindOf(partition);
     return QStringLiteral("%1 (%2)").arg(quoted(partition.device.filePath()),
-                                         partition.fileSystemType.isEmpty()
-                                             ? JobText::tr("FAT of no known type")
-                                             : partition.fileSystemType);
+                                         kind.isEmpty() ? JobText::tr("FAT of no known type")
+                                                        : kind);
 }
 
 QString missingMountRight()
@@ -169,7 +179,11 @@ QString whyNotMarked(const QString &path)
     if (partition) {
         const QString device = partition->device.absoluteFilePath();
         if (Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
-            return JobText::tr("%1 has no dirty byte to set.").arg(described(*partition));
+            return (isFat(kindOf(*partition))
+                        ? JobText::tr("A lock does not mark %1: it knows no type for volumes of "
+                                      "this size.")
+                        : JobText::tr("%1 has no dirty byte to set."))
+                .arg(described(*partition));
         }
         const QString missing = missingWriteRight(device);
         return missing.isEmpty()

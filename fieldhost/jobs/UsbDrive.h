@@ -36,6 +36,12 @@ QString unmountedAfterPull();
  */
 std::optional<Shared::mountItem> partitionOf(const QString &path);
 
+/**
+ * The kind of file system, as "fat16" or "exfat"; empty for a FAT of no known type. Which FAT it is
+ * a volume says itself, and the type of the library differs: see getFatSubtype().
+ */
+QString kindOf(const Shared::mountItem &partition);
+
 /** A partition in words: "/dev/sda1" (fat32). */
 QString described(const Shared::mountItem &partition);
 

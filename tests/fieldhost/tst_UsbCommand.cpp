@@ -45,6 +45,7 @@ private Q_SLOTS:
     void withoutADriveThereIsNoRoot();
 
     void lockMarksTheDrive();
+    void everyActionHasOneWordForTheKind();
     void lockSaysWhyItDoesNotMark_data();
     void lockSaysWhyItDoesNotMark();
     void lockSaysWhichRightIsMissing();
@@ -127,10 +128,12 @@ void tst_UsbCommand::drivesAreListed_data()
 
     QTest::newRow("fat32") << QByteArray("fat32")
                            << QStringLiteral("  \"/dev/sda1\" (fat32) on \"/media/usbdrive\"\n");
+    QTest::newRow("fat16") << QByteArray("fat16")
+                           << QStringLiteral("  \"/dev/sda1\" (fat16) on \"/media/usbdrive\"\n");
     QTest::newRow("ext4") << QByteArray("ext4")
                           << QStringLiteral("  \"/dev/sda1\" (ext4) on \"/media/usbdrive\"\n"
-                                            "  not supported: the application works with FAT, "
-                                            "exFAT and NTFS\n");
+                                            "  not supported: the application works with exFAT, "
+                                            "NTFS and the FAT volumes that it can mark\n");
 }
 
 void tst_UsbCommand::drivesAreListed()
@@ -214,6 +217,19 @@ void tst_UsbCommand::lockMarksTheDrive()
     QCOMPARE(drive.commands.journal(), (QStringList{s_mount, s_umount, s_mount}));
 }
 
+void tst_UsbCommand::everyActionHasOneWordForTheKind()
+{
+    const QString kind = QStringLiteral("\"/dev/sda1\" (fat16)");
+    const TestDrive drive("fat16");
+    for (const char *arguments :
+         {"lock /media/usbdrive", "list", "dirty /dev/sda1", "unlock --dry-run", "unlock"}) {
+        const Outcome outcome = usb(QLatin1String(arguments));
+        QCOMPARE(outcome.exitCode, int(Done));
+        QVERIFY2(outcome.output.contains(kind), qPrintable(outcome.output));
+    }
+    QCOMPARE(drive.dirtyByte(), '\0');
+}
+
 void tst_UsbCommand::lockSaysWhyItDoesNotMark_data()
 {
     QTest::addColumn<QByteArray>("type");
@@ -227,6 +243,12 @@ void tst_UsbCommand::lockSaysWhyItDoesNotMark_data()
     QTest::newRow("no dirty byte")
         << QByteArray("exfat") << path << QByteArray()
         << QStringLiteral("\"/dev/sda1\" (exfat) has no dirty byte to set.\n") + mounted;
+    QTest::newRow("a FAT of another size")
+        << QByteArray("fat16 of another size") << path << QByteArray()
+        << QStringLiteral(
+               "A lock does not mark \"/dev/sda1\" (fat16): it knows no type for volumes "
+               "of this size.\n")
+            + mounted;
     QTest::newRow("a path elsewhere")
         << QByteArray("fat32") << QStringLiteral("/tmp") << QByteArray()
         << QStringLiteral("\"/tmp\" lies on no mounted USB drive that you may write to.\n")

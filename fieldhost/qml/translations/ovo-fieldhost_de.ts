@@ -224,10 +224,6 @@
         <translation>Zustand</translation>
     </message>
     <message>
-        <source>The application works with FAT, exFAT and NTFS only.</source>
-        <translation>Die Anwendung arbeitet nur mit FAT, exFAT und NTFS.</translation>
-    </message>
-    <message>
         <source>To look at a drive, it is mounted for a moment. Do not pull it meanwhile.</source>
         <translation>Zum Nachsehen wird ein Laufwerk kurz eingehängt. Bitte so lange nicht abziehen.</translation>
     </message>
@@ -238,6 +234,10 @@
     <message>
         <source>Looking …</source>
         <translation>Wird nachgesehen …</translation>
+    </message>
+    <message>
+        <source>The application works with exFAT, NTFS and the FAT volumes that it can mark.</source>
+        <translation>Die Anwendung arbeitet mit exFAT, NTFS und den FAT-Laufwerken, die sie markieren kann.</translation>
     </message>
 </context>
 <context>
@@ -1737,6 +1737,10 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     <message>
         <source>Unmounted. %1 is marked as in use all the same, and was not touched: check it.</source>
         <translation>Ausgeworfen. %1 ist trotzdem als benutzt markiert und wurde nicht angetastet: bitte prüfen.</translation>
+    </message>
+    <message>
+        <source>A lock does not mark %1: it knows no type for volumes of this size.</source>
+        <translation>%1 wird nicht als benutzt markiert: Für Laufwerke dieser Größe ist kein Typ bekannt.</translation>
     </message>
 </context>
 <context>
