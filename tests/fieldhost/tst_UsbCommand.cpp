@@ -45,6 +45,7 @@ private Q_SLOTS:
     void withoutADriveThereIsNoRoot();
 
     void lockMarksTheDrive();
+    void whatTheCommandsPrintIsNotShown();
     void everyActionHasOneWordForTheKind();
     void lockSaysWhyItDoesNotMark_data();
     void lockSaysWhyItDoesNotMark();
@@ -215,6 +216,27 @@ void tst_UsbCommand::lockMarksTheDrive()
     QCOMPARE(drive.dirtyByte(), '\1');
     QCOMPARE(PrivateMounts::mountTable(), drive.tableLine());
     QCOMPARE(drive.commands.journal(), (QStringList{s_mount, s_umount, s_mount}));
+}
+
+void tst_UsbCommand::whatTheCommandsPrintIsNotShown()
+{
+    TestDrive drive;
+    drive.mount();
+    const QByteArray complaint = "echo heard; echo heard >&2; ";
+    drive.commands.add(QStringLiteral("mount"), complaint + "exit 32"); // it is mounted already
+    drive.commands.failUmount(1, complaint + "exit 32");
+    drive.commands.add(QStringLiteral("usleep"), complaint);
+    const Outcome locked = usb(QStringLiteral("lock /media/usbdrive"));
+    QCOMPARE(locked.exitCode, int(Done));
+    QCOMPARE(locked.errors, QString());
+    QCOMPARE(locked.output,
+             QStringLiteral("Mounted and marked as in use: \"/dev/sda1\" (fat32).\n"));
+    const Outcome unlocked = usb(QStringLiteral("unlock"));
+    QCOMPARE(unlocked.exitCode, int(Done));
+    QCOMPARE(unlocked.errors, QString());
+    QVERIFY(!unlocked.output.contains(QLatin1String("heard")));
+    QCOMPARE(drive.commands.journal(),
+             (QStringList{s_mount, s_umount, QStringLiteral("usleep 500"), s_umount}));
 }
 
 void tst_UsbCommand::everyActionHasOneWordForTheKind()
