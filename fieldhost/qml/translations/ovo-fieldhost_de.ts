@@ -224,10 +224,6 @@
         <translation>Zustand</translation>
     </message>
     <message>
-        <source>The application works with FAT, exFAT and NTFS only.</source>
-        <translation>Die Anwendung arbeitet nur mit FAT, exFAT und NTFS.</translation>
-    </message>
-    <message>
         <source>To look at a drive, it is mounted for a moment. Do not pull it meanwhile.</source>
         <translation>Zum Nachsehen wird ein Laufwerk kurz eingehängt. Bitte so lange nicht abziehen.</translation>
     </message>
@@ -238,6 +234,10 @@
     <message>
         <source>Looking …</source>
         <translation>Wird nachgesehen …</translation>
+    </message>
+    <message>
+        <source>The application works with exFAT, NTFS and the FAT volumes that it can mark.</source>
+        <translation>Die Anwendung arbeitet mit exFAT, NTFS und den FAT-Laufwerken, die sie markieren kann.</translation>
     </message>
 </context>
 <context>
@@ -1674,10 +1674,6 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
         <translation>Ausgeworfen. Es gab keine Markierung „benutzt“.</translation>
     </message>
     <message>
-        <source>Unmounted. Another drive is in its place now, or none, and was not touched: the drive that was mounted is still marked as in use.</source>
-        <translation>Ausgeworfen. An seiner Stelle ist jetzt ein anderes Laufwerk oder keines; es wurde nicht angetastet. Das vorige ist noch als benutzt markiert.</translation>
-    </message>
-    <message>
         <source>Unmounted and marked clean: %1.</source>
         <translation>Ausgeworfen und als sauber markiert: %1.</translation>
     </message>
@@ -1725,6 +1721,26 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     <message>
         <source>%1 pipes, sockets or devices</source>
         <translation>%1 Pipes, Sockets oder Geräte</translation>
+    </message>
+    <message>
+        <source>The USB drive on %1 was pulled out. Unlock it, then plug it in again.</source>
+        <translation>Das USB-Laufwerk in %1 wurde abgezogen. Bitte auswerfen und dann wieder einstecken.</translation>
+    </message>
+    <message>
+        <source>The USB drive was pulled out while it was mounted. It is unmounted now, but what was written last may be missing, and a FAT volume is still marked as in use. Plug it in again and check it, or lock and unlock it, which marks it clean.</source>
+        <translation>Das USB-Laufwerk wurde abgezogen, solange es eingehängt war. Es ist jetzt ausgeworfen, aber zuletzt Geschriebenes kann fehlen, und ein FAT-Laufwerk ist noch als benutzt markiert. Bitte wieder einstecken und prüfen, oder sperren und freigeben; danach ist es als sauber markiert.</translation>
+    </message>
+    <message>
+        <source>Unmounted. Another drive is in its place now, and was not touched: the drive that was mounted is still marked as in use.</source>
+        <translation>Ausgeworfen. An seiner Stelle ist jetzt ein anderes Laufwerk; es wurde nicht angetastet. Das vorige ist noch als benutzt markiert.</translation>
+    </message>
+    <message>
+        <source>Unmounted. %1 is marked as in use all the same, and was not touched: check it.</source>
+        <translation>Ausgeworfen. %1 ist trotzdem als benutzt markiert und wurde nicht angetastet: bitte prüfen.</translation>
+    </message>
+    <message>
+        <source>A lock does not mark %1: it knows no type for volumes of this size.</source>
+        <translation>%1 wird nicht als benutzt markiert: Für Laufwerke dieser Größe ist kein Typ bekannt.</translation>
     </message>
 </context>
 <context>

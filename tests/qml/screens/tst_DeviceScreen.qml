@@ -78,6 +78,8 @@ Item {
                 { tag: "clean", type: "fat32", dirty: false, kind: "FAT32", state: "Clean" },
                 { tag: "dirty", type: "fat32", dirty: true, kind: "FAT32",
                   state: "Dirty: it was pulled too early" },
+                { tag: "with the volume's own word", type: "fat16", dirty: false, kind: "FAT16",
+                  state: "Clean" },
                 { tag: "without a mark", type: "exfat", dirty: false, kind: "EXFAT",
                   state: "Has no mark" }
             ]
@@ -101,7 +103,8 @@ Item {
             needDrives()
             screenTest.plugIn("ext4")
             look()
-            verify(texts().includes("The application works with FAT, exFAT and NTFS only."))
+            verify(texts().includes("The application works with exFAT, NTFS and the FAT volumes "
+                                    + "that it can mark."))
         }
 
         function test_aMountedDriveIsShownAtOnce() {
