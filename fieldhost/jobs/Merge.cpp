@@ -91,7 +91,7 @@ bool Merge::run()
     if (::statfs(QFile::encodeName(directory).constData(), &system) != 0) {
         return fail(directory, errno);
     }
-    switch (static_cast<long>(system.f_type)) {
+    switch (static_cast<quint32>(system.f_type)) { // signed where a long has 32 bits
     case EXT4_SUPER_MAGIC: // and ext2, ext3
     case BTRFS_SUPER_MAGIC:
     case F2FS_SUPER_MAGIC:

@@ -1,9 +1,10 @@
-// What is done to the disk that is recorded: makes trees, copies them through the library and has
-// the disk note down what was reported, when it was reported.
+// What is done to a disk on trial: makes trees, copies them through the library and notes down what
+// was reported, when it was reported.
 
 #include "shared/fileops/CFileCopyController.h"
 #include "shared/fileops/CFileCopyWorker.h"
 #include "tests/trial/DiskLog.h"
+#include "tests/trial/Judge.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -11,7 +12,10 @@
 #include <QFileInfo>
 #include <QTextStream>
 
+#include <unistd.h>
+
 #include <cstdio>
+#include <cstring>
 #include <iostream>
 #include <random>
 #include <string>
@@ -153,8 +157,16 @@ void writePlan(const QString &source, const QString &destination, QTextStream &p
     }
 }
 
+// in one call: what has been noted is not lost with the process
 void note(const QString &disk, const QString &text)
 {
+    if (disk == QLatin1String("-")) {
+        const QByteArray line = text.toUtf8() + '\n';
+        if (::write(STDOUT_FILENO, line.constData(), size_t(line.size())) != line.size()) {
+            fail(QStringLiteral("cannot note ") + text);
+        }
+        return;
+    }
     Trial::mark(disk.toStdString(), text.toStdString());
 }
 
@@ -202,10 +214,29 @@ void copyThroughController(const QString &disk, const QStringList &sources,
         controller.copyDirectories(sources, destinations);
     }
     QCoreApplication::exec();
-    if (controller.processedBytes() != controller.totalBytes()) {
-        fail(QStringLiteral("%1 of %2 bytes were copied")
+    const Tavro::Shared::CFileOperationResult result = controller.lastResult();
+    if (!result.isWhole() || controller.processedBytes() != controller.totalBytes()) {
+        fail(QStringLiteral("%1 of %2 bytes were copied: %3, %4")
                  .arg(controller.processedBytes())
-                 .arg(controller.totalBytes()));
+                 .arg(controller.totalBytes())
+                 .arg(result.path, QString::fromLocal8Bit(std::strerror(result.systemError))));
+    }
+}
+
+/** Looks at the copy below @p root, with the report from standard input. */
+void judge(const std::string &plan, const std::string &root)
+{
+    Trial::Report report;
+    for (std::string line; std::getline(std::cin, line);) {
+        if (!report.add(line)) {
+            fail(QStringLiteral("no line of a report: ") + QString::fromStdString(line));
+        }
+    }
+    const Trial::Verdict verdict = Trial::Judge(plan).judge(root, report);
+    std::printf("%lld %lld\n", static_cast<long long>(verdict.reported),
+                static_cast<long long>(verdict.lost));
+    for (const std::string &finding : verdict.findings) {
+        std::printf("%s\n", finding.c_str());
     }
 }
 
@@ -214,7 +245,9 @@ void copyThroughController(const QString &disk, const QStringList &sources,
     std::fputs("usage: trial_workload tree SHAPE EDITION DIRECTORY\n"
                "       trial_workload plan SOURCE DESTINATION...\n"
                "       trial_workload note DISK <LINES\n"
-               "       trial_workload worker|controller DISK SOURCE DESTINATION...\n",
+               "       trial_workload worker|controller DISK SOURCE DESTINATION...\n"
+               "       trial_workload judge PLAN DIRECTORY <REPORT\n"
+               "DISK is the name of one that records, or \"-\" for standard output.\n",
                stderr);
     std::exit(2);
 }
@@ -237,6 +270,11 @@ int main(int argc, char **argv)
         for (std::string line; std::getline(std::cin, line);) {
             Trial::mark(arguments.constFirst().toStdString(), line);
         }
+        return EXIT_SUCCESS;
+    }
+    if (command == QLatin1String("judge") && arguments.size() == 2) {
+        judge(QFile::encodeName(arguments.at(0)).toStdString(),
+              QFile::encodeName(arguments.at(1)).toStdString());
         return EXIT_SUCCESS;
     }
     const QString disk = command == QLatin1String("plan") ? QString() : arguments.takeFirst();
