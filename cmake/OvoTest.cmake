@@ -3,12 +3,16 @@
 #
 # Builds tst_<Class>.cpp of the calling directory into the test "<directory>.<Class>", labelled with
 # the directory. Every test links the library and the simulated host, and runs in a pinned
-# environment: UTF-8, English, UTC, no display. A launcher is what the test is run by.
+# environment: UTF-8, English, UTC, no display. A launcher is what the test is run by, behind the one
+# that OVO_TEST_LAUNCHER names for all of them.
+set(OVO_TEST_TIMEOUT_FACTOR 1 CACHE STRING "How much longer than on a PC a test may take")
+
 function(ovo_add_test directory class)
     cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "LIBRARIES;SOURCES;ENVIRONMENT;LAUNCHER")
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
+    math(EXPR timeout "${arg_TIMEOUT} * ${OVO_TEST_TIMEOUT_FACTOR}")
 
     set(target tst_${directory}_${class})
     # moc is called directly: AUTOMOC would start a program for each of so many targets to find that
@@ -24,9 +28,10 @@ function(ovo_add_test directory class)
     target_link_libraries(${target} PRIVATE
         ${arg_LIBRARIES} OvoSharedBase ovo_fieldhost_services Qt5::Qml Qt5::Test)
 
-    add_test(NAME ${directory}.${class} COMMAND ${arg_LAUNCHER} $<TARGET_FILE:${target}>)
+    add_test(NAME ${directory}.${class} COMMAND
+        ${OVO_TEST_LAUNCHER} ${arg_LAUNCHER} $<TARGET_FILE:${target}>)
     set_tests_properties(${directory}.${class} PROPERTIES
         LABELS ${directory}
-        TIMEOUT ${arg_TIMEOUT}
+        TIMEOUT ${timeout}
         ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC;QT_QPA_PLATFORM=offscreen;${OVO_TEST_ENVIRONMENT};${arg_ENVIRONMENT}")
 endfunction()
