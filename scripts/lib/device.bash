@@ -5,13 +5,13 @@
 device_cache=${XDG_CACHE_HOME:-$HOME/.cache}/ovo-device
 
 # keep NAME COMMAND...: runs "COMMAND... PATH", which makes PATH, and keeps that as NAME. Nothing is
-# done where the same script with the same words has made NAME before.
+# done where the same script has made NAME before of the same words, and of the same things kept.
 keep()
 {
     local path=$device_cache/$1 key
     shift
     mkdir --parents "$device_cache"
-    key=$({ printf '%s\n' "$@"; cat "$1"; } | sha256sum)
+    key=$({ printf '%s\n' "$@"; cat "$1"; cat "${@/%/.key}" 2>/dev/null || true; } | sha256sum)
     (
         flock 9
         [[ ! -e $path || $(cat "$path.key" 2>/dev/null) != "$key" ]] || exit 0

@@ -483,7 +483,8 @@ ssize_t getdents64(int fd, void *buffer, size_t size)
     const ssize_t n = original(fd, buffer, size);
     if (isWatched(fd) && s_hidesTypes) {
         for (ssize_t at = 0; at < n;) {
-            auto *entry = reinterpret_cast<SystemEntry *>(static_cast<char *>(buffer) + at);
+            void *position = static_cast<char *>(buffer) + at; // aligned by the system
+            auto *entry = static_cast<SystemEntry *>(position);
             entry->type = 0;
             at += entry->length;
         }

@@ -133,7 +133,7 @@ void mark(const std::string &disk, const std::string &text)
         message += character;
     }
     alignas(dm_ioctl) char buffer[1024] = {}; // a header, then a dm_target_msg with its text
-    auto *header = reinterpret_cast<dm_ioctl *>(buffer);
+    auto *header = static_cast<dm_ioctl *>(static_cast<void *>(buffer)); // which is aligned
     header->version[0] = DM_VERSION_MAJOR;
     header->data_size = sizeof(buffer);
     header->data_start = sizeof(dm_ioctl);
