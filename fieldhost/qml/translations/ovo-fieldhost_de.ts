@@ -12,10 +12,6 @@
         <translation>Diese Uhrzeit gibt es nicht. Eingabe wie 13:05 oder 13:05:30.</translation>
     </message>
     <message>
-        <source>The clock is set.</source>
-        <translation>Die Uhr ist gestellt.</translation>
-    </message>
-    <message>
         <source>Clock</source>
         <translation>Uhr</translation>
     </message>
@@ -46,10 +42,6 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>The clock was not set. Only root may set it.</source>
-        <translation>Die Uhr wurde nicht gestellt. Das darf nur root.</translation>
     </message>
     <message>
         <source>The clock is being set …</source>
@@ -1741,6 +1733,54 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     <message>
         <source>A lock does not mark %1: it knows no type for volumes of this size.</source>
         <translation>%1 wird nicht als benutzt markiert: Für Laufwerke dieser Größe ist kein Typ bekannt.</translation>
+    </message>
+    <message>
+        <source>%1 is before %2, with which the time of %3 begins. No clock was changed.</source>
+        <translation>%1 liegt vor %2, dem Anfang der Zeit für %3. Keine Uhr wurde verstellt.</translation>
+    </message>
+    <message>
+        <source>%1 is after %2, with which the time of %3 ends. No clock was changed.</source>
+        <translation>%1 liegt nach %2, dem Ende der Zeit für %3. Keine Uhr wurde verstellt.</translation>
+    </message>
+    <message>
+        <source>the system clock</source>
+        <translation>die Systemuhr</translation>
+    </message>
+    <message>
+        <source>the hardware clock</source>
+        <translation>die Hardwareuhr</translation>
+    </message>
+    <message>
+        <source>it shows %1</source>
+        <translation>sie zeigt %1</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>sie ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>The clock is set.</source>
+        <translation>Die Uhr ist gestellt.</translation>
+    </message>
+    <message>
+        <source>A command has failed, although the system clock and the hardware clock show the time that was to be set.</source>
+        <translation>Ein Befehl ist gescheitert, obwohl Systemuhr und Hardwareuhr die gewünschte Zeit zeigen.</translation>
+    </message>
+    <message>
+        <source>The system clock is set, the hardware clock is not: %1. The time may be wrong after the next start.</source>
+        <translation>Die Systemuhr ist gestellt, die Hardwareuhr nicht: %1. Nach dem nächsten Start kann die Zeit falsch sein.</translation>
+    </message>
+    <message>
+        <source>The hardware clock is set, the system clock is not: %1.</source>
+        <translation>Die Hardwareuhr ist gestellt, die Systemuhr nicht: %1.</translation>
+    </message>
+    <message>
+        <source>The clock is not set: %1.</source>
+        <translation>Die Uhr ist nicht gestellt: %1.</translation>
+    </message>
+    <message>
+        <source>Setting a clock needs the rights of root, or the capability CAP_SYS_TIME.</source>
+        <translation>Um eine Uhr zu stellen, braucht es die Rechte von root oder die Capability CAP_SYS_TIME.</translation>
     </message>
 </context>
 <context>
