@@ -2,16 +2,12 @@
 #include "fieldhost/cli/CommandLine.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
+#include "fieldhost/jobs/DeviceClock.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/system/OsSettings.h"
 
 #include <QLocale>
 #include <QRegularExpression>
-
-#include <cerrno>
-
-#include <sys/syscall.h>
-#include <unistd.h>
 
 namespace Tavro::FieldHost {
 
@@ -21,8 +17,10 @@ const char s_helpText[] = R"(Usage: ovo-fieldhost clock [show]
        ovo-fieldhost clock set-date DATE
        ovo-fieldhost clock set-time TIME
 
-Shows the device's date and time, or sets the system's clock and then the hardware's. Setting
-needs the commands "date" and "hwclock" and the rights of root.
+Shows the device's date and time, or sets the system clock and then the hardware clock. Setting
+needs the commands "date" and "hwclock" and the rights of root. Both clocks are read afterwards,
+and the message says which of them is set. A date that one of them cannot hold is refused: on many
+32-bit systems time ends on 2038-01-19.
 
   DATE  As in 2026-11-21. The time of day stays what this command shows.
   TIME  As in 13:05 or 13:05:30. The date stays that of today in UTC.
@@ -34,8 +32,8 @@ Options:
   -h, --help  Shows this text.
 
 Exit codes:
-  0  shown, or set
-  1  failed: a command could not set its clock; the message says which
+  0  shown, or both clocks are set
+  1  a clock is not set, or cannot hold the date; the message says which
   2  the command line was not understood)";
 
 QString clockText()
@@ -47,31 +45,14 @@ QString clockText()
              plain.toString(settings.time(), QStringLiteral("hh:mm:ss")));
 }
 
-// asks the system to set nothing, which it refuses in the same way as anything else
-bool maySetClocks()
+int set(Console &console, QDate date, QTime time)
 {
-    return ::syscall(SYS_settimeofday, nullptr, nullptr) == 0 || errno != EPERM;
-}
-
-// sets the clock; it has worked when the announcement comes
-template<typename Value>
-int set(Console &console, const Value &value, void (OsSettings::*setter)(Value),
-        void (OsSettings::*announcement)())
-{
-    OsSettings &settings = *OsSettings::instance();
-    bool done = false;
-    const QObject context;
-    QObject::connect(&settings, announcement, &context, [&done] { done = true; });
-    (settings.*setter)(value);
-    if (!done) {
-        if (!maySetClocks()) {
-            console.printError(QStringLiteral("Setting a clock needs the rights of root, or the "
-                                              "capability CAP_SYS_TIME."));
-        }
-        console.printError(QStringLiteral("The clock is not set, or not both clocks are."));
+    const ClockResult result = setClocks(date, time);
+    if (!result.isSet) {
+        console.printError(result.sentences);
         return ExitFailed;
     }
-    console.print(QStringLiteral("The clock is set.\n") + clockText());
+    console.print(result.sentences + QLatin1Char('\n') + clockText());
     return ExitDone;
 }
 
@@ -85,11 +66,7 @@ int setDate(const CommandLine &line, Console &console, const QString &text)
                                 : QStringLiteral("%1 is not a date such as 2026-11-21."))
                                .arg(quoted(text)));
     }
-    if (date.year() < 1970) {
-        return line.refuse(
-            QStringLiteral("%1 is before 1970, when the system's time begins.").arg(quoted(text)));
-    }
-    return set(console, date, &OsSettings::setDate, &OsSettings::dateChanged);
+    return set(console, date, QTime());
 }
 
 int setTime(const CommandLine &line, Console &console, const QString &text)
@@ -103,7 +80,7 @@ int setTime(const CommandLine &line, Console &console, const QString &text)
                                           "from 00:00 to 23:59:59.")
                                .arg(quoted(text)));
     }
-    return set(console, time, &OsSettings::setTime, &OsSettings::timeChanged);
+    return set(console, QDate(), time);
 }
 
 int show(const CommandLine & /*line*/, Console &console, const QString & /*argument*/)

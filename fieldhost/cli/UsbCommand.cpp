@@ -8,6 +8,8 @@
 #include "fieldhost/jobs/UsbDrive.h"
 #include "shared/usb/USBDriveCleanAccessManager.h"
 
+#include <QFile>
+
 namespace Tavro::FieldHost {
 
 using Shared::MountedUSBDeviceList;
@@ -82,6 +84,9 @@ int list(const CommandLine &line, Console &console, const QString & /*argument*/
     if (devices.isEmpty()) {
         console.print(QStringLiteral("There is no USB drive."));
     }
+    if (isPulledOut(mountedUsbDevice())) {
+        console.print(pulledOutWhileMounted());
+    }
     for (const auto &device : devices) {
         console.print(QStringLiteral("%1  %2:%3  %4")
                           .arg(quoted(device->deviceNode()), device->vendorId(),
@@ -95,8 +100,8 @@ int list(const CommandLine &line, Console &console, const QString & /*argument*/
                               .arg(described(item), quoted(item.mountPoint.filePath())));
         }
         if (!info.supported) {
-            console.print(QStringLiteral("  not supported: the application works with FAT, exFAT "
-                                         "and NTFS"));
+            console.print(QStringLiteral("  not supported: the application works with exFAT, NTFS "
+                                         "and the FAT volumes that it can mark"));
         }
     }
     return ExitDone;
@@ -148,7 +153,7 @@ int lock(const CommandLine &line, Console &console, const QString &argument)
     USBDriveCleanAccessManager manager;
     if (!manager.lock(path)) {
         console.printError(whyNotMarked(path));
-        if (MountedUSBDeviceList::isUSBMounted()) {
+        if (QFile::exists(mountedUsbDevice())) {
             console.printError(QStringLiteral("The drive is mounted on %1, and not marked.")
                                    .arg(quoted(QString::fromLatin1(usbMountPoint))));
         }
@@ -167,10 +172,9 @@ int unlock(const CommandLine &line, Console &console, const QString & /*argument
                           .arg(quoted(QString::fromLatin1(usbMountPoint))));
         return ExitDone;
     }
-    // another process has locked it, so the partition has to be found again
-    const auto partition = partitionOf(QString::fromLatin1(usbMountPoint));
     if (line.isSet("dry-run")) {
         wouldRun(console, "umount");
+        const auto partition = partitionOf(QString::fromLatin1(usbMountPoint));
         if (partition) {
             wouldWrite(console, 0, *partition);
         }
@@ -182,7 +186,7 @@ int unlock(const CommandLine &line, Console &console, const QString & /*argument
         return ExitFailed;
     }
     console.print(QStringLiteral("Unmounting, as soon as nobody uses the drive; Ctrl-C gives up."));
-    const UnmountResult result = unmountUsbDrive(partition);
+    const UnmountResult result = unmountUsbDrive();
     if (result.isClean) {
         console.print(result.sentence);
         return ExitDone;

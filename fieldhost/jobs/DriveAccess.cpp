@@ -92,7 +92,7 @@ QString DriveAccess::largeFileWarning(const ExportPlan &plan) const
     return FieldHost::largeFileWarning(
         plan,
         partition
-            ? partition->fileSystemType
+            ? kindOf(*partition)
             : QString::fromLatin1(QStorageInfo(nearestExisting(m_destination)).fileSystemType()));
 }
 
@@ -104,11 +104,15 @@ bool DriveAccess::end()
     m_begun = false;
     const QMutexLocker locker(&usbDriveMutex());
     QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
-    const bool isMounted = MountedUSBDeviceList::isUSBMounted();
-    if (isMounted) {
+    const QString mounted = mountedUsbDevice();
+    if (!mounted.isEmpty()) {
         Q_EMIT unmounting();
     }
     const bool clean = m_manager.unlock();
+    if (isPulledOut(mounted)) {
+        Q_EMIT warned(unmountedAfterPull());
+        return false;
+    }
     if (clean == m_marked) {
         Q_EMIT reported(clean ? tr("The USB drive is unmounted and marked clean.")
                               : tr("The USB drive is unmounted."));
@@ -116,7 +120,7 @@ bool DriveAccess::end()
         Q_EMIT warned(tr("The USB drive is unmounted, and still marked as in "
                          "use: it did not take the mark back."));
     }
-    return isMounted;
+    return !mounted.isEmpty();
 }
 
 } // namespace Tavro::FieldHost

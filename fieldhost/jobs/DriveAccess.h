@@ -37,7 +37,8 @@ public:
 
     /**
      * Unmounts and cleans what begin() has mounted and marked; waits while it is in use, without
-     * limit. True when it has unmounted the drive, which can be pulled then.
+     * limit. True when it has unmounted the drive, which can be pulled then; not when it was pulled
+     * before.
      */
     bool end();
 

@@ -17,7 +17,7 @@ DrivePartition partitionFrom(const mountItem &item)
 {
     DrivePartition partition;
     partition.device = item.device.filePath();
-    partition.kind = item.fileSystemType;
+    partition.kind = kindOf(item);
     partition.mountPoint = item.mountPoint.filePath();
     const QStorageInfo volume(partition.mountPoint);
     partition.size = volume.bytesTotal();

@@ -9,6 +9,7 @@ namespace {
 
 constexpr qint64 s_rateWindow = 5000; // ms; shorter and the figure jumps with every flush
 constexpr qint64 s_rateMinimum = 500; // ms; before that it is a guess
+constexpr qint64 s_bytesMinimum = 4 << 20; // a chunk; a few small files say nothing of the rest
 
 qint64 systemClock()
 {
@@ -68,7 +69,8 @@ double Progress::rate() const
 {
     const Sample first = m_samples.empty() ? Sample{0, 0} : m_samples.front();
     const qint64 time = elapsed() - first.time;
-    if (!m_running || time < s_rateMinimum) {
+    const bool isGuess = time < s_rateMinimum || m_bytes < qMin(m_total / 100, s_bytesMinimum);
+    if (!m_running || isGuess) {
         return 0;
     }
     return static_cast<double>(m_bytes - first.bytes) * 1000 / static_cast<double>(time);

@@ -32,7 +32,10 @@ public:
     int percent() const;
     /** Time of the job so far, in milliseconds, without pauses. */
     qint64 elapsed() const;
-    /** Bytes a second in the last few seconds; 0 while it is not known, and in a pause. */
+    /**
+     * Bytes a second in the last few seconds; 0 in a pause, and while too little is done to know it:
+     * less than a hundredth, or of a large job less than a chunk.
+     */
     double rate() const;
     /** Milliseconds to go at that rate; -1 when there is no forecast. */
     qint64 timeLeft() const;

@@ -26,16 +26,18 @@ namespace {
 
 const char s_device[] = "/dev/sda1";
 const char s_fstab[] = "/etc/fstab";
+const char s_mountTable[] = "/etc/mtab";
 
 struct TableCloser
 {
     void operator()(std::FILE *table) const { ::endmntent(table); }
 };
+using Table = std::unique_ptr<std::FILE, TableCloser>;
 
 // whether /etc/fstab lets others than root mount the drive
 bool mayAnybodyMount()
 {
-    const std::unique_ptr<std::FILE, TableCloser> table(::setmntent(s_fstab, "r"));
+    const Table table(::setmntent(s_fstab, "r"));
     if (!table) {
         return false;
     }
@@ -78,6 +80,42 @@ bool isOnUsbDrive(const QString &path)
     return isSameOrBelow(path, QLatin1String(usbMountPoint));
 }
 
+// not by way of udev, which no longer knows a drive that was pulled out
+QString mountedUsbDevice()
+{
+    const Table table(::setmntent(s_mountTable, "r"));
+    if (!table) {
+        return {};
+    }
+    while (const mntent *entry = ::getmntent(table.get())) {
+        if (qstrcmp(entry->mnt_dir, usbMountPoint) == 0
+            && qstrncmp(entry->mnt_fsname, "/dev", 4) == 0) {
+            return QFile::decodeName(entry->mnt_fsname);
+        }
+    }
+    return {};
+}
+
+bool isPulledOut(const QString &device)
+{
+    return !device.isEmpty() && !QFile::exists(device);
+}
+
+QString pulledOutWhileMounted()
+{
+    return JobText::tr("The USB drive on %1 was pulled out. Unlock it, then plug it in again.")
+        .arg(quoted(QString::fromLatin1(usbMountPoint)));
+}
+
+QString unmountedAfterPull()
+{
+    return JobText::tr(
+        "The USB drive was pulled out while it was mounted. It is unmounted now, but "
+        "what was written last may be missing, and a FAT volume is still marked as "
+        "in use. Plug it in again and check it, or lock and unlock it, which marks "
+        "it clean.");
+}
+
 std::optional<mountItem> partitionOf(const QString &path)
 {
     const QMutexLocker locker(&usbDriveMutex());
@@ -90,12 +128,22 @@ std::optional<mountItem> partitionOf(const QString &path)
     return {};
 }
 
+// the library's type of a FAT is for the place of the dirty byte: a FAT16 of 128 MiB is "fat12"
+QString kindOf(const mountItem &partition)
+{
+    const QString &type = partition.fileSystemType;
+    const QString ownType = type.isEmpty() || isFat(type)
+        ? readFatVolume(partition.device.absoluteFilePath()).type
+        : QString();
+    return ownType.isEmpty() ? type : ownType;
+}
+
 QString described(const mountItem &partition)
 {
+    const QString kind = kindOf(partition);
     return QStringLiteral("%1 (%2)").arg(quoted(partition.device.filePath()),
-                                         partition.fileSystemType.isEmpty()
-                                             ? JobText::tr("FAT of no known type")
-                                             : partition.fileSystemType);
+                                         kind.isEmpty() ? JobText::tr("FAT of no known type")
+                                                        : kind);
 }
 
 QString missingMountRight()
@@ -131,14 +179,22 @@ QString whyNotMarked(const QString &path)
     if (partition) {
         const QString device = partition->device.absoluteFilePath();
         if (Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
-            return JobText::tr("%1 has no dirty byte to set.").arg(described(*partition));
+            return (isFat(kindOf(*partition))
+                        ? JobText::tr("A lock does not mark %1: it knows no type for volumes of "
+                                      "this size.")
+                        : JobText::tr("%1 has no dirty byte to set."))
+                .arg(described(*partition));
         }
         const QString missing = missingWriteRight(device);
         return missing.isEmpty()
             ? JobText::tr("%1 did not take the dirty byte.").arg(described(*partition))
             : missing;
     }
-    if (MountedUSBDeviceList::isUSBMounted()) {
+    const QString mounted = mountedUsbDevice();
+    if (isPulledOut(mounted)) {
+        return pulledOutWhileMounted();
+    }
+    if (!mounted.isEmpty()) {
         return JobText::tr("%1 lies on no mounted USB drive that you may write to.")
             .arg(quoted(path));
     }
@@ -151,20 +207,31 @@ QString whyNotMarked(const QString &path)
     return sentences.join(QLatin1Char(' '));
 }
 
-UnmountResult unmountUsbDrive(const std::optional<mountItem> &partition)
+UnmountResult unmountUsbDrive()
 {
     const QMutexLocker locker(&usbDriveMutex());
     QDir::setCurrent(QStringLiteral("/")); // a directory of the drive keeps it in use
-    const QString device = partition ? partition->device.absoluteFilePath() : QString();
+    // another process has locked it, so the partition has to be found again
+    const auto partition = partitionOf(QString::fromLatin1(usbMountPoint));
+    const QString device = mountedUsbDevice();
     const QByteArray mountedVolume = readFatVolume(device).identity;
     MountedUSBDeviceList::dismountUSB();
-    if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
-        return {true, JobText::tr("Unmounted. There was no dirty byte to clear.")};
+    if (isPulledOut(device)) {
+        return {false, unmountedAfterPull()};
     }
-    if (readFatVolume(device).identity != mountedVolume) {
+    const FatVolume volume = readFatVolume(device);
+    if (volume.identity != mountedVolume) {
         return {false,
-                JobText::tr("Unmounted. Another drive is in its place now, or none, and was not "
-                            "touched: the drive that was mounted is still marked as in use.")};
+                JobText::tr("Unmounted. Another drive is in its place now, and was not touched: "
+                            "the drive that was mounted is still marked as in use.")};
+    }
+    if (!partition || Shared::getDirtyByteOffset(partition->fileSystemType) < 0) {
+        return volume.isDirty
+            ? UnmountResult{false,
+                            JobText::tr("Unmounted. %1 is marked as in use all the same, and was "
+                                        "not touched: check it.")
+                                .arg(quoted(device))}
+            : UnmountResult{true, JobText::tr("Unmounted. There was no dirty byte to clear.")};
     }
     if (Shared::USBDriveCleanAccessManager::clearDirtyFlag(device, partition->fileSystemType)) {
         return {true, JobText::tr("Unmounted and marked clean: %1.").arg(described(*partition))};

@@ -22,11 +22,25 @@ QRecursiveMutex &usbDriveMutex();
 /** Whether an absolute path, links resolved, is to be found on the drive once it is mounted. */
 bool isOnUsbDrive(const QString &path);
 
+/** The device that is mounted as the drive, by the mount table; empty when there is none. */
+QString mountedUsbDevice();
+/** Whether what mountedUsbDevice() has returned is no longer there. */
+bool isPulledOut(const QString &device);
+/** What the user is to do about it, in two sentences: before it is unmounted, and after. */
+QString pulledOutWhileMounted();
+QString unmountedAfterPull();
+
 /**
  * The mounted partition that a lock of @p path takes. If isUSBMounted(), asking runs no command;
  * otherwise the drive is mounted temporarily to inspect it.
  */
 std::optional<Shared::mountItem> partitionOf(const QString &path);
+
+/**
+ * The kind of file system, as "fat16" or "exfat"; empty for a FAT of no known type. Which FAT it is
+ * a volume says itself, and the type of the library differs: see getFatSubtype().
+ */
+QString kindOf(const Shared::mountItem &partition);
 
 /** A partition in words: "/dev/sda1" (fat32). */
 QString described(const Shared::mountItem &partition);
@@ -49,10 +63,10 @@ struct UnmountResult
 };
 
 /**
- * Unmounts the drive, as soon as nobody uses it, and clears the mark of @p partition, which is
- * where it is mounted. Writes to no other volume that has taken its place meanwhile.
+ * Unmounts the drive, as soon as nobody uses it, and clears its mark. Writes to no other volume
+ * that has taken its place meanwhile.
  */
-UnmountResult unmountUsbDrive(const std::optional<Shared::mountItem> &partition);
+UnmountResult unmountUsbDrive();
 
 /** True for file systems of the FAT family, whose files have less than 4 GiB. */
 bool isFat(const QString &fileSystemType);

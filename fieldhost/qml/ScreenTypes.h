@@ -18,6 +18,7 @@ namespace Tavro::FieldHost {
         Q_CLASSINFO(Kind, "true") \
     };
 
+SCREEN_TYPE(DeviceClock, DeviceClock, "QML.Singleton")
 SCREEN_TYPE(DriveList, DriveList, "QML.Creatable")
 SCREEN_TYPE(LogEntries, LogEntries, "QML.Singleton")
 SCREEN_TYPE(ExportModel, ExportModel, "QML.Creatable")

@@ -62,6 +62,13 @@ QString programPath()
     return QStringLiteral(OVO_FIELDHOST_PROGRAM);
 }
 
+void restoreSignals()
+{
+    for (const int signal : {SIGINT, SIGQUIT, SIGHUP, SIGTERM, SIGTSTP}) {
+        std::signal(signal, SIG_DFL);
+    }
+}
+
 Program::Program()
 {
     setProgram(programPath());
@@ -83,6 +90,7 @@ void Program::refuseClones()
 
 void Program::setupChildProcess()
 {
+    restoreSignals();
     if (m_refuseClones) {
         enterProcessNamespace();
         refuseFurtherClones();

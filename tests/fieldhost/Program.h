@@ -9,6 +9,13 @@ namespace Test {
 /** Path of the program under test. */
 QString programPath();
 
+/**
+ * Lets the signals that tests send to the program do what they do: a shell that starts a test in
+ * the background has it ignore some of them, and so would the program. To be called in a child
+ * process before the program is executed.
+ */
+void restoreSignals();
+
 /** How a run of the program ended. */
 struct Outcome
 {

@@ -58,6 +58,7 @@ TerminalProgram::TerminalProgram(const QStringList &arguments, int columns)
     size.ws_row = 24;
     m_shell = ::forkpty(&m_terminal, nullptr, nullptr, &size);
     if (m_shell == 0) {
+        restoreSignals();
         ::setenv("TERM", "xterm", 1);
         ::execv("/bin/sh", pointers.data());
         ::_exit(127);

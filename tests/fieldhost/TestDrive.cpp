@@ -12,7 +12,6 @@ namespace Test {
 namespace {
 
 constexpr int s_size = 64 * 1024;
-constexpr int s_dirtyByte = 65;
 
 const char s_node[] = "/dev/sda1";
 const QString s_mountPoint = QStringLiteral("/media/usbdrive");
@@ -23,6 +22,10 @@ QByteArray bootSectorOf(const QByteArray &type)
     if (type == "fat32") {
         sector[16] = 2; // file allocation tables; none would be no FAT
         sector.replace(82, 8, "FAT32   ");
+    } else if (type.startsWith("fat16")) {
+        sector[16] = 2;
+        sector[23] = type == "fat16" ? 1 : 3; // times 256 sectors
+        sector.replace(54, 8, "FAT16   ");
     }
     sector[510] = 0x55;
     sector[511] = char(0xaa);
@@ -45,8 +48,8 @@ Outcome DriveProgram::run(const QStringList &arguments)
 
 TestDrive::TestDrive(const QByteArray &type)
     : m_type(type)
+    , m_dirtyByte(type.startsWith("fat16") ? 37 : 65)
 {
-    const bool isFat = type == "fat32";
     makeFile(image(), bootSectorOf(type) + QByteArray(s_size - 512, '\0'));
     m_loop = std::make_unique<LoopDevice>(image());
     PrivateMounts::makeBlockNode(QString::fromLatin1(s_node), m_loop->number());
@@ -56,7 +59,7 @@ TestDrive::TestDrive(const QByteArray &type)
     }
     commands.mountingSets(tableLine());
     m_bed = std::make_unique<UdevTestBed>();
-    m_bed->addStick("sda", {{"sda1", isFat ? QByteArray("vfat") : type}});
+    m_bed->addStick("sda", {{"sda1", type.startsWith("fat") ? QByteArray("vfat") : type}});
 }
 
 TestDrive::~TestDrive()
@@ -70,20 +73,28 @@ void TestDrive::mount()
     PrivateMounts::setMountTable(tableLine());
 }
 
+void TestDrive::pull()
+{
+    QFile::remove(QString::fromLatin1(s_node));
+    m_bed.reset();
+    m_bed = std::make_unique<UdevTestBed>();
+}
+
 QByteArray TestDrive::tableLine() const
 {
-    return mounted(s_node, "/media/usbdrive", m_type == "fat32" ? QByteArray("vfat") : m_type);
+    return mounted(s_node, "/media/usbdrive",
+                   m_type.startsWith("fat") ? QByteArray("vfat") : m_type);
 }
 
 char TestDrive::dirtyByte() const
 {
-    return contentOf(image()).at(s_dirtyByte);
+    return contentOf(image()).at(m_dirtyByte);
 }
 
 void TestDrive::setDirtyByte(char value)
 {
     QFile device(QString::fromLatin1(s_node));
-    if (!device.open(QIODevice::ReadWrite | QIODevice::Unbuffered) || !device.seek(s_dirtyByte)
+    if (!device.open(QIODevice::ReadWrite | QIODevice::Unbuffered) || !device.seek(m_dirtyByte)
         || device.write(&value, 1) != 1 || ::fsync(device.handle()) != 0) {
         qFatal("cannot write to the drive");
     }

@@ -29,7 +29,11 @@ public:
 class TestDrive
 {
 public:
-    /** @p type is "fat32" or another one of the mount table, "exfat" say. */
+    /**
+     * @p type is "fat32", "fat16", which is one of a size that the library takes for "fat12",
+     * "fat16 of another size", which is one of no type for the library, or another one of the mount
+     * table, "exfat" say.
+     */
     explicit TestDrive(const QByteArray &type = "fat32");
     ~TestDrive();
 
@@ -38,9 +42,11 @@ public:
 
     /** Mounts it before the program starts. */
     void mount();
+    /** Pulls it out; the line of the mount table stays, as it does when that happens. */
+    void pull();
     /** The line of the mount table. */
     QByteArray tableLine() const;
-    /** The dirty byte of FAT32. */
+    /** The dirty byte of FAT16, or else that of FAT32. */
     char dirtyByte() const;
     /** Writes it. */
     void setDirtyByte(char value);
@@ -55,6 +61,7 @@ public:
 private:
     QTemporaryDir m_folder;
     const QByteArray m_type;
+    const int m_dirtyByte; // its offset
     std::unique_ptr<LoopDevice> m_loop;
     std::unique_ptr<UdevTestBed> m_bed;
 };

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void aDriveWithoutDirtyByteIsUsed();
     void aDriveThatCannotBeMarkedIsUsed();
     void aDrivePulledAfterTheCopyIsSaidToBeMarked();
+    void aMarkThatStaysIsTold();
 
     void aFileOf4GiBIsWarnedOf();
 
@@ -290,6 +291,23 @@ void tst_ExportToDrive::aDrivePulledAfterTheCopyIsSaidToBeMarked()
     TestDrive drive;
     drive.mount();
     drive.commands.add(QStringLiteral("umount"), ": > /etc/mtab; rm /dev/sda1");
+    const Outcome outcome = exportTo(s_destination);
+    QCOMPARE(outcome.exitCode, int(Done));
+    QCOMPARE(outcome.errors,
+             QStringLiteral("The USB drive was pulled out while it was mounted. It is unmounted "
+                            "now, but what was written last may be missing, and a FAT volume is "
+                            "still marked as in use. Plug it in again and check it, or lock and "
+                            "unlock it, which marks it clean.\n"));
+    QCOMPARE(drive.dirtyByte(), '\1');
+}
+
+void tst_ExportToDrive::aMarkThatStaysIsTold()
+{
+    TestDrive drive;
+    drive.mount();
+    // the next stick: another serial number where FAT32 has it
+    drive.commands.add(QStringLiteral("umount"),
+                       ": > /etc/mtab; printf other | dd of=/dev/sda1 bs=1 seek=67 conv=notrunc");
     const Outcome outcome = exportTo(s_destination);
     QCOMPARE(outcome.exitCode, int(Done));
     QCOMPARE(outcome.errors,

@@ -17,6 +17,8 @@ class tst_Progress : public QObject
 private Q_SLOTS:
     void init();
     void beginsWithoutARate();
+    void aForecastNeedsBytes_data();
+    void aForecastNeedsBytes();
     void rateAndTimeLeftFollowTheLastSeconds();
     void aStandstillHasNoTimeLeft();
     void pausesAreNoTimeOfTheCopy();
@@ -47,6 +49,36 @@ void tst_Progress::beginsWithoutARate()
     m_now += 400;
     m_progress.update(4 * s_mebi);
     QCOMPARE(text(), QStringLiteral("4.0 MiB of 100.0 MiB  4 %"));
+}
+
+void tst_Progress::aForecastNeedsBytes_data()
+{
+    QTest::addColumn<qint64>("total");
+    QTest::addColumn<qint64>("bytes");
+    QTest::addColumn<QString>("line");
+
+    QTest::newRow("small files first")
+        << 375 * s_mebi << qint64(5000) << QStringLiteral("4.9 KiB of 375.0 MiB  0 %");
+    QTest::newRow("nearly a hundredth")
+        << 100 * s_mebi << s_mebi - 1 << QStringLiteral("1.0 MiB of 100.0 MiB  0 %");
+    QTest::newRow("a hundredth") << 100 * s_mebi << s_mebi
+                                 << QStringLiteral(
+                                        "1.0 MiB of 100.0 MiB  1 %  1.00 MiB/s  1:39 left");
+    QTest::newRow("nearly a chunk of a large copy")
+        << 2000 * s_mebi << 4 * s_mebi - 1 << QStringLiteral("4.0 MiB of 2.0 GiB  0 %");
+    QTest::newRow("a chunk of a large copy")
+        << 2000 * s_mebi << 4 * s_mebi
+        << QStringLiteral("4.0 MiB of 2.0 GiB  0 %  4.00 MiB/s  8:19 left");
+}
+
+void tst_Progress::aForecastNeedsBytes()
+{
+    QFETCH(qint64, total);
+    QFETCH(qint64, bytes);
+    m_progress.start(total);
+    m_now += 1000;
+    m_progress.update(bytes);
+    QTEST(text(), "line");
 }
 
 void tst_Progress::rateAndTimeLeftFollowTheLastSeconds()

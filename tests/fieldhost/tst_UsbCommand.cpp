@@ -2,6 +2,9 @@
 #include "tests/support/FileTree.h"
 
 #include <QRegularExpression>
+#include <QScopeGuard>
+
+#include <sys/mount.h>
 
 using namespace Test;
 
@@ -42,6 +45,8 @@ private Q_SLOTS:
     void withoutADriveThereIsNoRoot();
 
     void lockMarksTheDrive();
+    void whatTheCommandsPrintIsNotShown();
+    void everyActionHasOneWordForTheKind();
     void lockSaysWhyItDoesNotMark_data();
     void lockSaysWhyItDoesNotMark();
     void lockSaysWhichRightIsMissing();
@@ -49,6 +54,10 @@ private Q_SLOTS:
     void unlockCleansTheDrive();
     void unlockWaitsForABusyDrive();
     void unlockTouchesNoOtherDrive();
+    void unlockSaysThatTheDriveWasPulled_data();
+    void unlockSaysThatTheDriveWasPulled();
+    void lockAndListSayThatTheDriveWasPulled();
+    void unlockSaysThatAMarkStays();
     void unlockOfNothingSaysSo();
     void unlockWithoutADirtyByteSaysSo();
     void unlockSaysWhichRightIsMissing();
@@ -120,10 +129,12 @@ void tst_UsbCommand::drivesAreListed_data()
 
     QTest::newRow("fat32") << QByteArray("fat32")
                            << QStringLiteral("  \"/dev/sda1\" (fat32) on \"/media/usbdrive\"\n");
+    QTest::newRow("fat16") << QByteArray("fat16")
+                           << QStringLiteral("  \"/dev/sda1\" (fat16) on \"/media/usbdrive\"\n");
     QTest::newRow("ext4") << QByteArray("ext4")
                           << QStringLiteral("  \"/dev/sda1\" (ext4) on \"/media/usbdrive\"\n"
-                                            "  not supported: the application works with FAT, "
-                                            "exFAT and NTFS\n");
+                                            "  not supported: the application works with exFAT, "
+                                            "NTFS and the FAT volumes that it can mark\n");
 }
 
 void tst_UsbCommand::drivesAreListed()
@@ -207,6 +218,40 @@ void tst_UsbCommand::lockMarksTheDrive()
     QCOMPARE(drive.commands.journal(), (QStringList{s_mount, s_umount, s_mount}));
 }
 
+void tst_UsbCommand::whatTheCommandsPrintIsNotShown()
+{
+    TestDrive drive;
+    drive.mount();
+    const QByteArray complaint = "echo heard; echo heard >&2; ";
+    drive.commands.add(QStringLiteral("mount"), complaint + "exit 32"); // it is mounted already
+    drive.commands.failUmount(1, complaint + "exit 32");
+    drive.commands.add(QStringLiteral("usleep"), complaint);
+    const Outcome locked = usb(QStringLiteral("lock /media/usbdrive"));
+    QCOMPARE(locked.exitCode, int(Done));
+    QCOMPARE(locked.errors, QString());
+    QCOMPARE(locked.output,
+             QStringLiteral("Mounted and marked as in use: \"/dev/sda1\" (fat32).\n"));
+    const Outcome unlocked = usb(QStringLiteral("unlock"));
+    QCOMPARE(unlocked.exitCode, int(Done));
+    QCOMPARE(unlocked.errors, QString());
+    QVERIFY(!unlocked.output.contains(QLatin1String("heard")));
+    QCOMPARE(drive.commands.journal(),
+             (QStringList{s_mount, s_umount, QStringLiteral("usleep 500"), s_umount}));
+}
+
+void tst_UsbCommand::everyActionHasOneWordForTheKind()
+{
+    const QString kind = QStringLiteral("\"/dev/sda1\" (fat16)");
+    const TestDrive drive("fat16");
+    for (const char *arguments :
+         {"lock /media/usbdrive", "list", "dirty /dev/sda1", "unlock --dry-run", "unlock"}) {
+        const Outcome outcome = usb(QLatin1String(arguments));
+        QCOMPARE(outcome.exitCode, int(Done));
+        QVERIFY2(outcome.output.contains(kind), qPrintable(outcome.output));
+    }
+    QCOMPARE(drive.dirtyByte(), '\0');
+}
+
 void tst_UsbCommand::lockSaysWhyItDoesNotMark_data()
 {
     QTest::addColumn<QByteArray>("type");
@@ -220,6 +265,12 @@ void tst_UsbCommand::lockSaysWhyItDoesNotMark_data()
     QTest::newRow("no dirty byte")
         << QByteArray("exfat") << path << QByteArray()
         << QStringLiteral("\"/dev/sda1\" (exfat) has no dirty byte to set.\n") + mounted;
+    QTest::newRow("a FAT of another size")
+        << QByteArray("fat16 of another size") << path << QByteArray()
+        << QStringLiteral(
+               "A lock does not mark \"/dev/sda1\" (fat16): it knows no type for volumes "
+               "of this size.\n")
+            + mounted;
     QTest::newRow("a path elsewhere")
         << QByteArray("fat32") << QStringLiteral("/tmp") << QByteArray()
         << QStringLiteral("\"/tmp\" lies on no mounted USB drive that you may write to.\n")
@@ -309,6 +360,76 @@ void tst_UsbCommand::unlockTouchesNoOtherDrive()
     QCOMPARE(outcome.exitCode, int(Failed));
     QVERIFY2(outcome.errors.contains(QLatin1String("Another drive is in its place now")),
              qPrintable(outcome.errors));
+    QCOMPARE(drive.dirtyByte(), '\1');
+}
+
+void tst_UsbCommand::unlockSaysThatTheDriveWasPulled_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("umountBody"); // null: it was pulled before
+
+    QTest::newRow("FAT32") << QByteArray("fat32") << QByteArray();
+    QTest::newRow("exFAT") << QByteArray("exfat") << QByteArray();
+    QTest::newRow("while it is unmounted")
+        << QByteArray("fat32") << QByteArray(": > /etc/mtab; rm /dev/sda1");
+}
+
+void tst_UsbCommand::unlockSaysThatTheDriveWasPulled()
+{
+    QFETCH(QByteArray, type);
+    QFETCH(QByteArray, umountBody);
+    TestDrive drive(type);
+    drive.mount();
+    drive.setDirtyByte(1);
+    if (umountBody.isNull()) {
+        drive.pull();
+    } else {
+        drive.commands.add(QStringLiteral("umount"), umountBody);
+    }
+    const Outcome outcome = usb(QStringLiteral("unlock"));
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QCOMPARE(outcome.output,
+             QStringLiteral("Unmounting, as soon as nobody uses the drive; Ctrl-C gives up.\n"));
+    QCOMPARE(outcome.errors,
+             QStringLiteral("The USB drive was pulled out while it was mounted. It is unmounted "
+                            "now, but what was written last may be missing, and a FAT volume is "
+                            "still marked as in use. Plug it in again and check it, or lock and "
+                            "unlock it, which marks it clean.\n"));
+    QCOMPARE(drive.dirtyByte(), '\1');
+    QCOMPARE(PrivateMounts::mountTable(), QByteArray(""));
+    QCOMPARE(drive.commands.journal(), QStringList{s_umount});
+    QVERIFY(!QFile::exists(QStringLiteral("/dev/sda1")));
+}
+
+void tst_UsbCommand::lockAndListSayThatTheDriveWasPulled()
+{
+    TestDrive drive;
+    drive.mount();
+    drive.pull();
+    const QString sentence = QStringLiteral(
+        "The USB drive on \"/media/usbdrive\" was pulled out. Unlock it, then plug it in again.\n");
+    Outcome outcome = usb(QStringLiteral("lock /media/usbdrive"));
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QCOMPARE(outcome.errors, sentence);
+    outcome = usb(QStringLiteral("list"));
+    QCOMPARE(outcome.exitCode, int(Done));
+    QCOMPARE(outcome.output, QStringLiteral("There is no USB drive.\n") + sentence);
+    QCOMPARE(drive.commands.journal(), QStringList());
+}
+
+void tst_UsbCommand::unlockSaysThatAMarkStays()
+{
+    TestDrive drive;
+    drive.mount();
+    drive.setDirtyByte(1);
+    // as the kernel remounts a volume with errors; a read-only one is no partition of the library
+    QCOMPARE(::mount("tmpfs", "/media/usbdrive", "tmpfs", MS_RDONLY, nullptr), 0);
+    const auto unmount = qScopeGuard([] { ::umount2("/media/usbdrive", MNT_DETACH); });
+    const Outcome outcome = usb(QStringLiteral("unlock"));
+    QCOMPARE(outcome.exitCode, int(Failed));
+    QCOMPARE(outcome.errors,
+             QStringLiteral("Unmounted. \"/dev/sda1\" is marked as in use all the same, and was "
+                            "not touched: check it.\n"));
     QCOMPARE(drive.dirtyByte(), '\1');
 }
 

@@ -147,7 +147,8 @@ void applyFor(const Cut &cut, const Interval &interval, const DiskLog &log, std:
         }
         std::size_t size = 0;
         for (std::size_t begin = 0; begin < data.size(); begin += size) {
-            size = std::min<std::size_t>(atomicSize - (offset + begin) % atomicSize, data.size() - begin);
+            size = std::min<std::size_t>(atomicSize - (offset + begin) % atomicSize,
+                                         data.size() - begin);
             if (dice.happens(50)) {
                 disk.writeForNow(offset + begin, data.data() + begin, size);
             }

@@ -203,7 +203,9 @@ void copyThroughController(const QString &disk, const QStringList &sources,
     QObject::connect(&controller, &CFileCopyController::processedBytesChanged, &controller,
                      [&] { noteCount(disk, controller.processedBytes()); });
     QObject::connect(&controller, &CFileCopyController::operationCompleted, &controller, [&] {
-        note(disk, QStringLiteral("completed"));
+        if (controller.lastResult().isWhole()) {
+            note(disk, QStringLiteral("completed"));
+        }
         QCoreApplication::quit();
     });
     if (QFileInfo(sources.constFirst()).isFile()) {

@@ -1,3 +1,4 @@
+import OvoFieldHost 1.0
 import OvoSharedBase 1.0
 import QtQuick 2.15
 import "../look"
@@ -8,7 +9,7 @@ Card {
 
     property string outcome
     property string outcomeKind
-    // what the library is to be told
+    // what the clocks are to be set to; an invalid Date leaves its part
     property var wanted: null
 
     function read() {
@@ -26,41 +27,18 @@ Card {
         timeField.message = timeField.text === "" || !isNaN(newTime)
                 ? "" : qsTr("There is no such time. Type it as 13:05 or 13:05:30.")
         if (dateField.message === "" && timeField.message === "") {
-            wanted = { date: isNaN(newDate) ? null : newDate, time: isNaN(newTime) ? null : newTime }
+            wanted = { date: newDate, time: newTime }
             question.open()
         }
     }
 
     function set() {
-        let failed = false
-        const expect = function(property, value) {
-            announcements.count = 0
-            OsSettings[property] = value
-            failed = failed || announcements.count === 0
-        }
-        if (wanted.date !== null) {
-            expect("date", wanted.date)
-        }
-        if (wanted.time !== null) {
-            expect("time", wanted.time)
-        }
-        outcomeKind = failed ? "bad" : "good"
-        outcome = failed ? qsTr("The clock was not set. Only root may set it.")
-                         : qsTr("The clock is set.")
+        const result = DeviceClock.set(wanted.date, wanted.time)
+        outcomeKind = result.isSet ? "good" : "bad"
+        outcome = result.sentences
         read()
     }
 
-    Connections {
-        id: announcements
-
-        property int count: 0
-
-        target: OsSettings
-
-        function onTimeChanged() { // comes with a new date, too
-            ++announcements.count
-        }
-    }
     Connections {
         target: Formats
 

@@ -71,7 +71,8 @@ Card {
             }
             Notice {
                 kind: "warning"
-                text: modelData.isSupported ? "" : qsTr("The application works with FAT, exFAT and NTFS only.")
+                text: modelData.isSupported
+                      ? "" : qsTr("The application works with exFAT, NTFS and the FAT volumes that it can mark.")
             }
         }
     }

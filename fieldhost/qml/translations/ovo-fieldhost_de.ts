@@ -12,10 +12,6 @@
         <translation>Diese Uhrzeit gibt es nicht. Eingabe wie 13:05 oder 13:05:30.</translation>
     </message>
     <message>
-        <source>The clock is set.</source>
-        <translation>Die Uhr ist gestellt.</translation>
-    </message>
-    <message>
         <source>Clock</source>
         <translation>Uhr</translation>
     </message>
@@ -46,10 +42,6 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>The clock was not set. Only root may set it.</source>
-        <translation>Die Uhr wurde nicht gestellt. Das darf nur root.</translation>
     </message>
     <message>
         <source>The clock is being set …</source>
@@ -224,10 +216,6 @@
         <translation>Zustand</translation>
     </message>
     <message>
-        <source>The application works with FAT, exFAT and NTFS only.</source>
-        <translation>Die Anwendung arbeitet nur mit FAT, exFAT und NTFS.</translation>
-    </message>
-    <message>
         <source>To look at a drive, it is mounted for a moment. Do not pull it meanwhile.</source>
         <translation>Zum Nachsehen wird ein Laufwerk kurz eingehängt. Bitte so lange nicht abziehen.</translation>
     </message>
@@ -238,6 +226,10 @@
     <message>
         <source>Looking …</source>
         <translation>Wird nachgesehen …</translation>
+    </message>
+    <message>
+        <source>The application works with exFAT, NTFS and the FAT volumes that it can mark.</source>
+        <translation>Die Anwendung arbeitet mit exFAT, NTFS und den FAT-Laufwerken, die sie markieren kann.</translation>
     </message>
 </context>
 <context>
@@ -1674,10 +1666,6 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
         <translation>Ausgeworfen. Es gab keine Markierung „benutzt“.</translation>
     </message>
     <message>
-        <source>Unmounted. Another drive is in its place now, or none, and was not touched: the drive that was mounted is still marked as in use.</source>
-        <translation>Ausgeworfen. An seiner Stelle ist jetzt ein anderes Laufwerk oder keines; es wurde nicht angetastet. Das vorige ist noch als benutzt markiert.</translation>
-    </message>
-    <message>
         <source>Unmounted and marked clean: %1.</source>
         <translation>Ausgeworfen und als sauber markiert: %1.</translation>
     </message>
@@ -1725,6 +1713,74 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     <message>
         <source>%1 pipes, sockets or devices</source>
         <translation>%1 Pipes, Sockets oder Geräte</translation>
+    </message>
+    <message>
+        <source>The USB drive on %1 was pulled out. Unlock it, then plug it in again.</source>
+        <translation>Das USB-Laufwerk in %1 wurde abgezogen. Bitte auswerfen und dann wieder einstecken.</translation>
+    </message>
+    <message>
+        <source>The USB drive was pulled out while it was mounted. It is unmounted now, but what was written last may be missing, and a FAT volume is still marked as in use. Plug it in again and check it, or lock and unlock it, which marks it clean.</source>
+        <translation>Das USB-Laufwerk wurde abgezogen, solange es eingehängt war. Es ist jetzt ausgeworfen, aber zuletzt Geschriebenes kann fehlen, und ein FAT-Laufwerk ist noch als benutzt markiert. Bitte wieder einstecken und prüfen, oder sperren und freigeben; danach ist es als sauber markiert.</translation>
+    </message>
+    <message>
+        <source>Unmounted. Another drive is in its place now, and was not touched: the drive that was mounted is still marked as in use.</source>
+        <translation>Ausgeworfen. An seiner Stelle ist jetzt ein anderes Laufwerk; es wurde nicht angetastet. Das vorige ist noch als benutzt markiert.</translation>
+    </message>
+    <message>
+        <source>Unmounted. %1 is marked as in use all the same, and was not touched: check it.</source>
+        <translation>Ausgeworfen. %1 ist trotzdem als benutzt markiert und wurde nicht angetastet: bitte prüfen.</translation>
+    </message>
+    <message>
+        <source>A lock does not mark %1: it knows no type for volumes of this size.</source>
+        <translation>%1 wird nicht als benutzt markiert: Für Laufwerke dieser Größe ist kein Typ bekannt.</translation>
+    </message>
+    <message>
+        <source>%1 is before %2, with which the time of %3 begins. No clock was changed.</source>
+        <translation>%1 liegt vor %2, dem Anfang der Zeit für %3. Keine Uhr wurde verstellt.</translation>
+    </message>
+    <message>
+        <source>%1 is after %2, with which the time of %3 ends. No clock was changed.</source>
+        <translation>%1 liegt nach %2, dem Ende der Zeit für %3. Keine Uhr wurde verstellt.</translation>
+    </message>
+    <message>
+        <source>the system clock</source>
+        <translation>die Systemuhr</translation>
+    </message>
+    <message>
+        <source>the hardware clock</source>
+        <translation>die Hardwareuhr</translation>
+    </message>
+    <message>
+        <source>it shows %1</source>
+        <translation>sie zeigt %1</translation>
+    </message>
+    <message>
+        <source>it cannot be read</source>
+        <translation>sie ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>The clock is set.</source>
+        <translation>Die Uhr ist gestellt.</translation>
+    </message>
+    <message>
+        <source>A command has failed, although the system clock and the hardware clock show the time that was to be set.</source>
+        <translation>Ein Befehl ist gescheitert, obwohl Systemuhr und Hardwareuhr die gewünschte Zeit zeigen.</translation>
+    </message>
+    <message>
+        <source>The system clock is set, the hardware clock is not: %1. The time may be wrong after the next start.</source>
+        <translation>Die Systemuhr ist gestellt, die Hardwareuhr nicht: %1. Nach dem nächsten Start kann die Zeit falsch sein.</translation>
+    </message>
+    <message>
+        <source>The hardware clock is set, the system clock is not: %1.</source>
+        <translation>Die Hardwareuhr ist gestellt, die Systemuhr nicht: %1.</translation>
+    </message>
+    <message>
+        <source>The clock is not set: %1.</source>
+        <translation>Die Uhr ist nicht gestellt: %1.</translation>
+    </message>
+    <message>
+        <source>Setting a clock needs the rights of root, or the capability CAP_SYS_TIME.</source>
+        <translation>Um eine Uhr zu stellen, braucht es die Rechte von root oder die Capability CAP_SYS_TIME.</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,7 @@
 #include "tests/fieldhost/TestDrive.h"
 #include "tests/qml/screens/ScreenTest.h"
 #include "tests/support/PrivateMounts.h"
+#include "tests/support/TestClock.h"
 
 #include <QFile>
 #include <QLocale>
@@ -16,7 +17,7 @@ using Tavro::Shared::GlobalLocaleData;
 
 namespace {
 
-/** A stick that comes and goes, and commands that stand in for those of the system. */
+/** A stick that comes and goes, or clocks that are not the machine's: there is one test bed. */
 class DeviceScreenTest : public Tavro::Test::ScreenTest
 {
     Q_OBJECT
@@ -26,13 +27,12 @@ public:
     DeviceScreenTest()
     {
         GlobalLocaleData::instance()->setDeviceLocale(QLocale(QStringLiteral("en_GB")));
-        m_commands.add(QStringLiteral("date"));
-        m_commands.add(QStringLiteral("hwclock"));
     }
 
     /** A stick with a file system of that type. */
     Q_INVOKABLE void plugIn(const QString &type)
     {
+        m_clock.reset();
         m_drive.reset();
         m_drive = std::make_unique<::Test::TestDrive>(type.toLatin1());
     }
@@ -46,13 +46,19 @@ public:
     /** Mounts it for longer than a look. */
     Q_INVOKABLE void mount() { m_drive->mount(); }
 
-    /** Whether the hardware clock refuses from now on. */
-    Q_INVOKABLE void setClockFails(bool fails)
+    /** Clocks that are not the machine's. */
+    Q_INVOKABLE void makeClock()
     {
-        m_commands.add(QStringLiteral("hwclock"), fails ? "exit 1\n" : "");
+        m_drive.reset();
+        m_clock.reset();
+        m_clock = std::make_unique<::Test::TestClock>();
     }
+    /** The hardware clock refuses from now on. */
+    Q_INVOKABLE void breakClock() { m_clock->commands.add(QStringLiteral("hwclock"), "exit 1"); }
+    /** The day that it is, as it is typed. */
+    Q_INVOKABLE QString today() const { return QDate::currentDate().toString(Qt::ISODate); }
     /** What was run to set the clock. */
-    Q_INVOKABLE QStringList commands() const { return m_commands.journal(); }
+    Q_INVOKABLE QStringList commands() const { return m_clock->commands.journal(); }
 
     /** Logs an entry on this thread. */
     Q_INVOKABLE void log(int level, const QString &message)
@@ -62,7 +68,7 @@ public:
 
 private:
     const bool m_hasDrives = ::Test::PrivateMounts::entered();
-    ::Test::FakeCommands m_commands;
+    std::unique_ptr<::Test::TestClock> m_clock;
     std::unique_ptr<::Test::TestDrive> m_drive;
 };
 
