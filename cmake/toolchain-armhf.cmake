@@ -24,6 +24,7 @@ set(CMAKE_C_COMPILER ${triplet}-gcc)
 set(CMAKE_CXX_COMPILER ${triplet}-g++)
 set(CMAKE_SYSROOT "${OVO_SYSROOT}")
 set(CMAKE_LIBRARY_ARCHITECTURE ${triplet})
+set(CMAKE_CXX_FLAGS_INIT -Wno-psabi) # tells of what GCC before 7.1 did, which compiled nothing here
 
 # programs are this machine's, everything else is the tablet's
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
