@@ -61,7 +61,7 @@ private:
 void tst_ExportTakenAway::initTestCase()
 {
     if (!PrivateMounts::entered()) {
-        QSKIP("a mount namespace of its own needs the rights of root");
+        QSKIP("mounts and device nodes need the rights of root, and no user namespace");
     }
     if (QStandardPaths::findExecutable(QStringLiteral("mkfs.ext4"),
                                        {QStringLiteral("/usr/sbin"), QStringLiteral("/sbin")})
