@@ -6,6 +6,7 @@
 #include <QMetaObject>
 
 #include <algorithm>
+#include <cerrno>
 #include <iterator>
 
 namespace Tavro::FieldHost {
@@ -189,9 +190,10 @@ void ExportRun::onStepCompleted()
     // that a request has completed does not say that its files are copied
     QString reason = failure();
     qint64 surveyed = 0;
+    qint64 whole = 0;
     for (const Task *task : m_steps.at(m_step)) {
         const CopyCheck check = checkCopy(task->job, task->copy.root());
-        m_result.files += check.wholeFiles;
+        whole += check.wholeFiles;
         m_result.bytes += check.wholeBytes;
         surveyed += task->job.survey.files.size();
         if (reason.isEmpty() && check.fault) {
@@ -199,6 +201,8 @@ void ExportRun::onStepCompleted()
                 tr("%1 was not copied: %2.").arg(quoted(check.fault->source), check.fault->cause);
         }
     }
+    // a file that did not get to the drive can look whole, where it cannot be removed either
+    m_result.files += qMin(whole, m_controller.lastResult().files);
     // what nobody looked for would not be moved to its place
     if (reason.isEmpty() && anyStaged() && m_controller.lastResult().files > surveyed) {
         reason = counted(m_controller.lastResult().files - surveyed,
@@ -244,6 +248,18 @@ QString ExportRun::failure() const
     return listed(sentences, tr("The same goes for 1 more directory."),
                   tr("The same goes for %1 more directories."))
         .join(QLatin1Char('\n'));
+}
+
+// the drive was pulled out, or fails: then nothing is removed from it either
+bool ExportRun::isDriveFailing() const
+{
+    const Shared::CFileOperationResult result = m_controller.lastResult();
+    const quint32 error = result.errorCode & 0xFFU;
+    const bool isOfDestination = error == CFileCopyController::ErrorDestinationFileOpenFailed
+        || error == CFileCopyController::ErrorDestinationFileWriteFailed;
+    static constexpr int errors[] = {EIO, ENXIO, ENODEV, EROFS};
+    return isOfDestination
+        && std::find(std::begin(errors), std::end(errors), result.systemError) != std::end(errors);
 }
 
 void ExportRun::settle()
@@ -342,8 +358,11 @@ void ExportRun::fail(const QString &reason)
     QStringList &problems = m_result.problems;
     problems.append(tr("Failed: %1").arg(reason));
     if (m_result.files > 0 && !staged) {
-        problems.append(tr("%1 of %2 are whole in %3, the others are missing; no "
-                           "partial file is left.")
+        problems.append((isDriveFailing()
+                             ? tr("%1 of %2 are whole in %3. The drive does not take what is "
+                                  "written: one more file may be there, cut off.")
+                             : tr("%1 of %2 are whole in %3, the others are missing; no "
+                                  "partial file is left."))
                             .arg(m_result.files)
                             .arg(counted(m_plan.files, tr("1 file"), tr("%1 files")),
                                  quoted(m_plan.destination)));
@@ -351,7 +370,10 @@ void ExportRun::fail(const QString &reason)
         return;
     }
     const bool isRemoved = discard(false).size() == static_cast<int>(m_tasks.size());
-    if (staged) {
+    if (isDriveFailing()) {
+        problems.append(tr("The drive does not take what is written: files of the copy may be left "
+                           "there, cut off."));
+    } else if (staged) {
         problems.append(
             isRemoved ? tr(
                 "The unfinished copy was removed; what was in the destination before is unchanged.")

@@ -89,6 +89,7 @@ private:
     void onStepCanceled();
     bool isInPlace() const;
     QString failure() const;
+    bool isDriveFailing() const;
     void settle();
     void verify();
     void onVerified();

@@ -33,8 +33,8 @@ public:
     /** Time of the job so far, in milliseconds, without pauses. */
     qint64 elapsed() const;
     /**
-     * Bytes a second in the last few seconds; 0 in a pause, and while too little is done to know it:
-     * less than a hundredth, or of a large job less than a chunk.
+     * Bytes a second in the last few seconds; 0 in a pause, and while too little is done to know
+     * it: less than a hundredth, or of a large job less than a chunk.
      */
     double rate() const;
     /** Milliseconds to go at that rate; -1 when there is no forecast. */

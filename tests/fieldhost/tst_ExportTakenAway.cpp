@@ -1,3 +1,5 @@
+#include "fieldhost/jobs/ExportPlan.h"
+#include "fieldhost/jobs/ExportRun.h"
 #include "tests/fieldhost/Handshake.h"
 #include "tests/fieldhost/Program.h"
 #include "tests/support/FileTree.h"
@@ -8,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTest>
 
@@ -16,6 +19,7 @@
 
 #include <sys/mount.h>
 
+using namespace Tavro::FieldHost;
 using namespace Test;
 
 namespace {
@@ -48,6 +52,8 @@ private Q_SLOTS:
     void nothingLandsBelowTheMountPoint_data();
     void nothingLandsBelowTheMountPoint();
     void aDirectoryThatIsReplacedIsNoticed();
+    void theFileInFlightIsNamed_data();
+    void theFileInFlightIsNamed();
 
 private:
     bool mountDrive() const;
@@ -61,7 +67,7 @@ private:
 void tst_ExportTakenAway::initTestCase()
 {
     if (!PrivateMounts::entered()) {
-        QSKIP("a mount namespace of its own needs the rights of root");
+        QSKIP("mounts and device nodes need the rights of root, and no user namespace");
     }
     if (QStandardPaths::findExecutable(QStringLiteral("mkfs.ext4"),
                                        {QStringLiteral("/usr/sbin"), QStringLiteral("/sbin")})
@@ -79,7 +85,7 @@ void tst_ExportTakenAway::init()
     m_sources = QStringList{path("source"), path("single")};
 
     makeFile(path("image"));
-    QVERIFY(QFile::resize(path("image"), 16 * s_mebibyte));
+    QVERIFY(QFile::resize(path("image"), 64 * s_mebibyte));
     QCOMPARE(QProcess::execute(QStringLiteral("/usr/sbin/mkfs.ext4"),
                                {QStringLiteral("-q"), QStringLiteral("-E"),
                                 QStringLiteral("lazy_itable_init=0"), path("image")}),
@@ -181,6 +187,53 @@ void tst_ExportTakenAway::aDirectoryThatIsReplacedIsNoticed()
                                                     "directory moved: ")));
     QCOMPARE(treeOf(destination).keys(), QStringList{QStringLiteral("another")});
     QCOMPARE(treeOf(s_drive + QStringLiteral("/moved")).keys(), QStringList{QStringLiteral("old")});
+}
+
+void tst_ExportTakenAway::theFileInFlightIsNamed_data()
+{
+    QTest::addColumn<bool>("intoExisting");
+    QTest::newRow("a new directory") << false;
+    QTest::newRow("a directory that is merged with") << true;
+}
+
+void tst_ExportTakenAway::theFileInFlightIsNamed()
+{
+    QFETCH(bool, intoExisting);
+
+    // two chunks each
+    for (const char *name : {"many/a", "many/b", "many/c", "many/d", "many/e", "many/f"}) {
+        makeFile(path(name), someBytes(5 * s_mebibyte));
+    }
+    const QStringList order = QDir(path("many")).entryList(QDir::Files, QDir::NoSort);
+    if (intoExisting) {
+        makeFile(s_drive + QStringLiteral("/many/a"), "old");
+    }
+    ExportRun run(planExport({path("many")}, s_drive, true, [] { return false; }), false);
+    QSignalSpy finished(&run, &ExportRun::finished);
+    QObject context;
+    connect(&run, &ExportRun::progressChanged, &context, [&] {
+        if (m_loop && run.progress().bytes() > 10 * s_mebibyte) {
+            run.setPaused(true); // within the next chunk
+            m_loop->breakDown();
+            m_loop.reset();
+            run.setPaused(false);
+        }
+    });
+    run.start();
+    QVERIFY(finished.wait(60'000));
+    const ExportResult result = run.result();
+    QCOMPARE(result.end, ExportResult::End::Failed);
+    const QString name = order.value(int(result.files));
+    QVERIFY2(result.problems.value(0).contains(QStringLiteral("/many/%1\" cannot be ").arg(name)),
+             qPrintable(result.problems.join(QLatin1Char('\n'))));
+    QVERIFY(result.files >= 2);
+    QCOMPARE(result.problems.last(),
+             intoExisting
+                 ? QStringLiteral("The drive does not take what is written: files of the copy may "
+                                  "be left there, cut off.")
+                 : QStringLiteral("%1 of 6 files are whole in \"/media/stick\". The drive does not "
+                                  "take what is written: one more file may be there, cut off.")
+                       .arg(result.files));
 }
 
 int main(int argc, char *argv[])

@@ -20,6 +20,7 @@ constexpr int s_attempts = 100; // others on this machine may take the same free
 }
 
 LoopDevice::LoopDevice(const QString &file, Access access)
+    : m_file(file)
 {
     const int mode = (access == ReadOnly ? O_RDONLY : O_RDWR) | O_CLOEXEC;
     const int backing = ::open(QFile::encodeName(file).constData(), mode);
@@ -50,6 +51,13 @@ LoopDevice::LoopDevice(const QString &file, Access access)
 LoopDevice::~LoopDevice()
 {
     ::close(m_device);
+}
+
+void LoopDevice::breakDown()
+{
+    if (!QFile::resize(m_file, 0) || ::ioctl(m_device, LOOP_SET_CAPACITY) != 0) {
+        qFatal("cannot break the loop device: %s", ::strerror(errno));
+    }
 }
 
 dev_t LoopDevice::number() const

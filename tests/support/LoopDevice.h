@@ -24,10 +24,13 @@ public:
     LoopDevice(const LoopDevice &) = delete;
     LoopDevice &operator=(const LoopDevice &) = delete;
 
+    /** From now on everything that is read or written fails, as when a drive is pulled out. */
+    void breakDown();
     /** Its number, for a node of any name. */
     dev_t number() const;
 
 private:
+    const QString m_file;
     int m_minor = -1;
     int m_device = -1; // keeps it attached
 };

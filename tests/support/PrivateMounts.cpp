@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
 
 #include <fcntl.h>
 #include <sched.h>
@@ -112,11 +113,19 @@ bool replaceEtc()
     return bindMount(s_ownEtc, "/etc");
 }
 
+// the root of a user namespace may mount, but not do this
+bool mayMakeNodes()
+{
+    const QTemporaryDir directory;
+    return makeNode(QFile::encodeName(directory.filePath(QStringLiteral("null"))), S_IFCHR,
+                    ::makedev(1, 3));
+}
+
 } // namespace
 
 bool enter()
 {
-    if (::unshare(CLONE_NEWNS) != 0
+    if (!mayMakeNodes() || ::unshare(CLONE_NEWNS) != 0
         || ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {
         return false;
     }

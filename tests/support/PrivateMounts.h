@@ -18,7 +18,8 @@ namespace PrivateMounts {
 
 /**
  * To be called first in main(), before there is a second thread. False when the system refuses
- * it, which it does to everybody but root; nothing is changed then.
+ * it, which it does to everybody but root, and to the root of a user namespace; nothing is changed
+ * then.
  */
 bool enter();
 /** Whether enter() has succeeded. The functions below are for then. */

@@ -11,7 +11,7 @@
 /** For initTestCase(): nothing below works without a machine of the test's own. */
 #define SKIP_WITHOUT_PRIVATE_MOUNTS() \
     if (!Test::PrivateMounts::entered()) { \
-        QSKIP("a mount namespace of its own needs the rights of root"); \
+        QSKIP("mounts and device nodes need the rights of root, and no user namespace"); \
     }
 
 /** QTEST_GUILESS_MAIN for a test that has PrivateMounts. */

@@ -55,6 +55,7 @@ class tst_Projections : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void cleanup();
 
@@ -81,6 +82,14 @@ private:
 
     Context m_context;
 };
+
+void tst_Projections::initTestCase()
+{
+    const Context context(proj_context_create());
+    QVERIFY(context);
+    QVERIFY2(proj_context_get_database_path(context.get()),
+             "PROJ does not find its proj.db: install proj-data, or set PROJ_LIB to its directory");
+}
 
 void tst_Projections::init()
 {

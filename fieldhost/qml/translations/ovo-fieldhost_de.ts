@@ -1252,6 +1252,14 @@
         <source>Nothing was written anywhere else. What the drive holds of the copy is not whole.</source>
         <translation>An keinen anderen Ort wurde geschrieben. Die Kopie auf dem Laufwerk ist unvollständig.</translation>
     </message>
+    <message>
+        <source>%1 of %2 are whole in %3. The drive does not take what is written: one more file may be there, cut off.</source>
+        <translation>%1 von %2 sind vollständig in %3. Das Laufwerk nimmt nichts mehr an: Eine weitere Datei kann dort sein, abgeschnitten.</translation>
+    </message>
+    <message>
+        <source>The drive does not take what is written: files of the copy may be left there, cut off.</source>
+        <translation>Das Laufwerk nimmt nichts mehr an: Dateien der Kopie können dort geblieben sein, abgeschnitten.</translation>
+    </message>
 </context>
 <context>
     <name>Tavro::FieldHost::ExportTask</name>

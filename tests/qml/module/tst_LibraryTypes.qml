@@ -116,7 +116,7 @@ Item {
 
         function test_drive() {
             if (!Host.hasDrives) {
-                skip("a mount namespace of its own needs the rights of root")
+                skip("mounts and device nodes need the rights of root, and no user namespace")
             }
             Host.plugDrive()
             compare(drives.getUSBMountPathRoot(), ["/media/usbdrive", true])

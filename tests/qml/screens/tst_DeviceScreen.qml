@@ -47,7 +47,7 @@ Item {
 
         function needDrives() {
             if (!screenTest.hasDrives) {
-                skip("a mount namespace of its own needs the rights of root")
+                skip("mounts and device nodes need the rights of root, and no user namespace")
             }
         }
 
