@@ -41,8 +41,8 @@ int main(int argc, char **argv)
         look();
         QCoreApplication::quit();
     });
-    sinceStart.start();
     run.start();
+    sinceStart.start();
     QCoreApplication::exec();
     if (!run.result().problem.isEmpty()) {
         std::fprintf(stderr, "trial: %s\n", qPrintable(run.result().problem));
