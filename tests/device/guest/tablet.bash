@@ -4,6 +4,7 @@
 
 fieldhost=$OVO_BUILD/fieldhost/cli/ovo-fieldhost
 workload=$OVO_BUILD/tests/trial/trial_workload
+# shellcheck disable=SC2034 # for those who source this
 source=/dev/shm/source # what is copied
 drive=/media/usbdrive
 device=/dev/sda1
