@@ -55,7 +55,8 @@ LoopDevice::~LoopDevice()
 
 void LoopDevice::breakDown()
 {
-    if (!QFile::resize(m_file, 0) || ::ioctl(m_device, LOOP_SET_CAPACITY) != 0) {
+    // not to nothing: Linux 6.1 looks for no end of a device that has no size
+    if (!QFile::resize(m_file, 512) || ::ioctl(m_device, LOOP_SET_CAPACITY) != 0) {
         qFatal("cannot break the loop device: %s", ::strerror(errno));
     }
 }
