@@ -22,6 +22,20 @@ Outcome clock(const QStringList &arguments, bool hasRights = true)
     return program.end();
 }
 
+// five hours ahead of Greenwich, all year
+void moveEast(Program &program)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("TZ"), QStringLiteral("EAST-5"));
+    program.setProcessEnvironment(environment);
+}
+
+// the clock that stands in Greenwich, moved by hand
+QDateTime inTheEast()
+{
+    return QDateTime::currentDateTimeUtc().addSecs(qint64(5) * 3600);
+}
+
 } // namespace
 
 /** `ovo-fieldhost clock`, with clocks that are not the machine's. */
@@ -36,6 +50,7 @@ private Q_SLOTS:
     void showsLocalDateAndTime_data();
     void showsLocalDateAndTime();
     void setsTheDate();
+    void theTimeOfDayStaysAsShown();
     void theTimeIsSent_data();
     void theTimeIsSent();
     void failureIsSaid_data();
@@ -64,11 +79,7 @@ void tst_Clock::showsLocalDateAndTime()
     QFETCH(QStringList, arguments);
 
     Program program;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("TZ"), QStringLiteral("EAST-5"));
-    program.setProcessEnvironment(environment);
-    // the clock that stands in Greenwich, moved by hand
-    const auto inTheEast = [] { return QDateTime::currentDateTimeUtc().addSecs(qint64(5) * 3600); };
+    moveEast(program);
     const QDateTime before = inTheEast();
     program.begin(arguments);
     const Outcome outcome = program.end();
@@ -96,6 +107,24 @@ void tst_Clock::setsTheDate()
     QVERIFY(
         m_clock->commands.journal().at(0).startsWith(QStringLiteral("date -u -s %1 ").arg(today)));
     QCOMPARE(m_clock->commands.journal().at(1), QStringLiteral("hwclock --systohc --utc"));
+}
+
+void tst_Clock::theTimeOfDayStaysAsShown()
+{
+    DriveProgram program;
+    moveEast(program);
+    const QTime before = inTheEast().time();
+    program.begin(
+        {QStringLiteral("clock"), QStringLiteral("set-date"), QStringLiteral("2031-02-03")});
+    program.end();
+    // the local time, although the clock is told UTC
+    const QString command = m_clock->commands.journal().value(0);
+    const QTime sent =
+        QTime::fromString(command, QStringLiteral("'date -u -s 2031-02-03 'hh:mm:ss"));
+    QVERIFY2(sent.isValid(), qPrintable(command));
+    constexpr int day = 24 * 3600 * 1000;
+    const int later = (before.msecsTo(sent) + 1000 + day) % day; // seconds are cut off
+    QVERIFY2(later < 61'000, qPrintable(command));
 }
 
 void tst_Clock::theTimeIsSent_data()
