@@ -722,6 +722,33 @@
     </message>
 </context>
 <context>
+    <name>OptionText</name>
+    <message>
+        <source>Nothing but options is expected.</source>
+        <translation>Erwartet werden nur Optionen.</translation>
+    </message>
+    <message>
+        <source>--size needs a width and a height, such as 1280x800.</source>
+        <translation>--size erwartet Breite und Höhe, wie 1280x800.</translation>
+    </message>
+    <message>
+        <source>--font-scale needs a number from 1 to 2.</source>
+        <translation>--font-scale erwartet eine Zahl von 1 bis 2.</translation>
+    </message>
+    <message>
+        <source>--page needs one of: export, delete, form, recording, locale, device.</source>
+        <translation>--page erwartet eines von: export, delete, form, recording, locale, device.</translation>
+    </message>
+    <message>
+        <source>--language needs a locale, such as de or de_CH.</source>
+        <translation>--language erwartet ein Gebietsschema, wie de oder de_CH.</translation>
+    </message>
+    <message>
+        <source>Try: ovo-fieldhost gui --help</source>
+        <translation>Hilfe: ovo-fieldhost gui --help</translation>
+    </message>
+</context>
+<context>
     <name>Plots</name>
     <message>
         <source>Distance in %1</source>
