@@ -11,6 +11,14 @@ namespace Tavro::FieldHost {
 
 namespace {
 
+// the parser's own, which are not translated where Qt's translations are not installed
+[[maybe_unused]] const char *const s_parserTexts[] = {
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Unknown option '%1'."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Unknown options: %1."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Unexpected value after '%1'."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Missing value after '%1'."),
+};
+
 QStringList words(const char *text)
 {
     return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);

@@ -198,6 +198,10 @@ void tst_GermanCommands::refusalsAreTranslated_data()
     };
     row("export|a", "DESTINATION fehlt.");
     row("compare|a|b|c", "Ein Argument ist zu viel: \"c\".");
+    row("free|--fast|a", "Unbekannte Option: fast.");
+    row("free|-x|-y|a", "Unbekannte Optionen: x, y.");
+    row("name|--dir", "Nach „--dir“ fehlt der Wert.");
+    row("export|--verify=yes|a|b", "Unerwarteter Wert nach „--verify“.");
     row("usb|lok", "\"usb\" kennt \"lok\" nicht. Ähnlich ist \"lock\".");
     row("usb|list|a", "\"usb list\" erwartet kein \"a\".");
     row("convert|1|m|mn",
