@@ -5,7 +5,7 @@ namespace Tavro::FieldHost {
 class CommandLine;
 class Console;
 
-/** A sub-command of the program. */
+/** A sub-command of the program. The summary and the help are texts for CommandText::tr(). */
 struct Command
 {
     const char *name;
