@@ -7,6 +7,8 @@ make_bare_debian()
     mmdebstrap --quiet --variant=minbase bookworm "$1" \
         "${OVO_DEBIAN_MIRROR:-http://deb.debian.org/debian}"
     cp --dereference /etc/resolv.conf "$1/etc"
+    # it is thrown away, and need not survive a loss of power
+    echo force-unsafe-io >"$1/etc/dpkg/dpkg.cfg.d/unsafe-io"
 }
 
 # mounted DIRECTORY COMMAND...: outside of the Debian in the directory, with what a running system has
