@@ -20,8 +20,8 @@ BEGIN {
                 sub(/[A-Z_]+_EXPORT /, "", line)
                 split(line, words, /[ :]+/)
                 type[words[2]] = scope words[2]
-                if (!(header in first))
-                    first[header] = scope words[2]
+                if (!(header in chief) || header ~ "/" words[2] "\\.h$")
+                    chief[header] = scope words[2]
             }
         }
         close(header)
@@ -96,7 +96,13 @@ function prose(words)
 function code(span,    name)
 {
     name = substr(span, 2, length(span) - 2)
-    return name in type ? "[" span "](@ref " type[name] ")" : span
+    return name in type ? ref(name, type[name]) : span
+}
+
+function ref(shown, target)
+{
+    gsub(/`/, "", shown) # Doxygen would show them
+    return "[" shown "](@ref " target ")"
 }
 
 function link(whole,    shown, target, anchor, path)
@@ -110,21 +116,21 @@ function link(whole,    shown, target, anchor, path)
     if (target ~ /^[a-z]+:/)
         return whole
     if (target ~ /^#/)
-        return "[" shown "](@ref " label "-" substr(target, 2) ")"
+        return ref(shown, label "-" substr(target, 2))
     path = directory target
     sub(/^docs\/\.\.\//, "", path)
     if (path ~ /\.md#/) {
         anchor = path
         sub(/.*#/, "-", anchor)
         sub(/#.*/, "", path)
-        return "[" shown "](@ref " page_of(path) anchor ")"
+        return ref(shown, page_of(path) anchor)
     }
     if (path ~ /\.md$/)
-        return "[" shown "](@ref " page_of(path) ")"
+        return ref(shown, page_of(path))
     if (path ~ /^(shared|host|qml)\/.*\.h$/)
-        return "[" shown "](@ref " (path in first ? first[path] : fallback[path]) ")"
+        return ref(shown, (path in chief ? chief[path] : fallback[path]))
     # what is only in the checkout; Doxygen reports what is not even there
     if (system("test -e '" path "'") != 0)
-        return "[" shown "](@ref " path ")"
+        return ref(shown, path)
     return index(shown, path) ? shown : shown " (`" path "`)"
 }
