@@ -10,8 +10,8 @@ BEGIN {
     sub(/explicit/, "/** Belongs to @p parent, or else to the caller. */ &")
 }
 
-# in prose Qt is no namespace
-/^ *(\/\*)?\*/ { gsub(/Qt[^:A-Za-z0-9]/, "%&") }
+# in prose neither is a namespace
+/^ *(\/\*)?\*/ { gsub(/Qt[^:A-Za-z0-9]|Base class/, "%&") }
 
 # which Qt's index would have documented here
 /^ *using QObject::QObject;/ { $0 = "" }

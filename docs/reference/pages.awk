@@ -45,9 +45,12 @@ FNR == 1 {
 fenced { print; next }
 
 /^#+ / {
+    flush_text()
     anchor = FNR == 1 ? label : label "-" slug($0)
     if (anchor != "index") # which Doxygen gives it
         $0 = $0 " {#" anchor (seen[anchor]++ ? "-" seen[anchor] - 1 : "") "}"
+    print
+    next
 }
 
 { text = text $0 "\n" }
