@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # What Doxygen reads instead of a header. Each line keeps its number.
 
 BEGIN {

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # What Doxygen reads instead of a page: headings with the anchors that the page has elsewhere, and
 # links that lead to another page, to a class, or not away from the text.
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # The smallest Debian 12 there is, in a directory, and how something is run in it. Needs root.
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # Who may include whom, and which headers are installed. To be sourced, in the project's root.
 
