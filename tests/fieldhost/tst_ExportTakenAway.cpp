@@ -19,7 +19,6 @@
 
 #include <atomic>
 #include <cerrno>
-#include <functional>
 #include <memory>
 
 #include <sys/mount.h>
@@ -39,16 +38,16 @@ const QString s_node = QStringLiteral("/dev/stick");
 
 constexpr qint64 s_mebibyte = 1024LL * 1024;
 
-std::atomic<int> s_flushesUntilFault{0}; // 0: there is none to come
-std::function<void()> s_fault; // on the thread that copies
+LoopDevice *s_loop = nullptr;
+std::atomic<int> s_flushesUntilBreak{0}; // of the loop device; 0: it holds
 
 } // namespace
 
 // takes the place of the system's for the library, too, which flushes each chunk with it
 extern "C" int fsync(int fd)
 {
-    if (s_flushesUntilFault > 0 && --s_flushesUntilFault == 0) {
-        s_fault();
+    if (s_flushesUntilBreak > 0 && --s_flushesUntilBreak == 0) {
+        s_loop->breakDown();
     }
     return static_cast<int>(::syscall(SYS_fsync, fd));
 }
@@ -228,11 +227,8 @@ void tst_ExportTakenAway::theFileInFlightIsNamed()
     }
     ExportRun run(planExport({path("many")}, s_drive, true, [] { return false; }), false);
     QSignalSpy finished(&run, &ExportRun::finished);
-    s_fault = [this] {
-        m_loop->breakDown();
-        m_loop.reset();
-    };
-    s_flushesUntilFault = 5; // with the first chunk of the third file
+    s_loop = m_loop.get();
+    s_flushesUntilBreak = 5; // with the first chunk of the third file
     run.start();
     QVERIFY(finished.wait(60'000));
     const ExportResult result = run.result();

@@ -17,6 +17,7 @@
 #include <QTest>
 
 #include <memory>
+#include <thread>
 #include <utility>
 
 using Tavro::FieldHost::HostLog;
@@ -91,6 +92,7 @@ private Q_SLOTS:
     void destroyedUnused();
     void destroyedDuringACopyLeavesNoPartOfAFile();
     void destroyedWhilePaused();
+    void destroyedByAThreadThatEnds();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
@@ -924,6 +926,23 @@ void tst_CFileCopyController::destroyedWhilePaused()
     controller.reset();
     QTRY_COMPARE_WITH_TIMEOUT(Test::threadCount(), threads - 1, 30000); // it does not wait on
     QCOMPARE(QFileInfo(path("dst")).size(), Q_INT64_C(300));
+}
+
+void tst_CFileCopyController::destroyedByAThreadThatEnds()
+{
+    Test::makeFile(path("src"), Test::someBytes(300));
+    makeSyncWait();
+    const int threads = Test::threadCount();
+    std::thread user([this] {
+        CFileCopyController controller;
+        controller.copyDatabaseFile(path("src"), path("dst"));
+        QVERIFY(isInSync());
+    });
+    user.join();
+    letSyncGo();
+    QTRY_COMPARE_WITH_TIMEOUT(Test::threadCount(), threads, 30000);
+    // what is not deleted now the address sanitizer finds
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 QTEST_GUILESS_MAIN(tst_CFileCopyController)

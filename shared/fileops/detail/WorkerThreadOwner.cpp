@@ -3,6 +3,8 @@
 
 #include "shared/fileops/detail/WorkerThreadOwner.h"
 
+#include <QCoreApplication>
+
 #include <mutex>
 
 namespace Tavro::Shared::detail {
@@ -41,12 +43,22 @@ WorkerThreadOwner::~WorkerThreadOwner()
         // a thread still running here has not reported its end yet: it will find itself orphaned
         m_link->orphaned = m_thread->isRunning();
         if (m_link->orphaned) {
+            leaveToApplication();
             return;
         }
     }
     m_thread->wait(); // at most the few instructions between its last report and its end
     delete m_worker;
     delete m_thread;
+}
+
+// The caller's thread deletes it otherwise, and may itself have ended by then.
+void WorkerThreadOwner::leaveToApplication()
+{
+    const QCoreApplication *const application = QCoreApplication::instance();
+    if (application && m_thread->thread() == QThread::currentThread()) {
+        m_thread->moveToThread(application->thread());
+    }
 }
 
 } // namespace Tavro::Shared::detail

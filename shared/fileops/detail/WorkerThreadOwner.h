@@ -31,6 +31,8 @@ public:
 private:
     struct Link;
 
+    void leaveToApplication();
+
     QThread *m_thread;
     QObject *m_worker;
     std::shared_ptr<Link> m_link;
