@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "benchmarks/MicroBenchmark.h"
 
 #include "benchmarks/Measurement.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Collects and writes the samples of one long clip by the library and by the floor in turn, round
 // after round, and compares what they have written.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Compares two equal files by the library, by md5sum on each, and by cmp in turn, round after
 // round.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Copies one source by every participant in turn, round after round, and prints what each took
 // beside the least that a durable copy takes.
 

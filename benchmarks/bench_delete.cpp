@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Deletes trees of one shape by the library and by rm -rf in turn, round after round.
 
 #include "benchmarks/Measurement.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // How long the turns of the event loop are while the screen exports: the time between two waits, in
 // which nobody's touch is looked at.
 

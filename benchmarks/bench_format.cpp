@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // What formatting and parsing cost over the bare call of QLocale that does the work.
 
 #include "benchmarks/MicroBenchmark.h"

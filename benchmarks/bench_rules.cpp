@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // What a verdict on a text costs beside the toolkit's own.
 
 #include "benchmarks/MicroBenchmark.h"

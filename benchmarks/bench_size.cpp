@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Adds up the sizes in one tree by the library, a plain C program and du in turn, round after
 // round.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Short tasks through each mode of Async, beside a bare pool that gives the same promise.
 #include "benchmarks/MicroBenchmark.h"
 #include "shared/system/Async.h"

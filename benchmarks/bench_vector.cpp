@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Vectors beside the same arithmetic on plain doubles.
 #include "benchmarks/MicroBenchmark.h"
 #include "shared/view3d/Vector3D.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Walks one tree by the library and by a plain C program in turn, round after round.
 
 #include "benchmarks/Measurement.h"

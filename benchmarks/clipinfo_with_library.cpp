@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Has the clip information handler take samples as a host sends them, and write its file. Prints
 // the processor's seconds for all samples, for stop() and for the longest sample, and the bytes by
 // which memory grew at most.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Compares two files by CFileSystemHelper, and prints the seconds it took, the bytes by which
 // memory grew at most, and the answer.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Copies a file or a directory with std::filesystem::copy, followed by one sync.
 
 #include <cstdio>

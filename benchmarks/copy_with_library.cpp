@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Copies a file or a directory through CFileCopyController, the way a host does, and prints the
 // seconds from the request to the signal that ends it.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Deletes a directory by the controller, with a listener for every signal, and prints the seconds
 // from the request to the end of the run.
 

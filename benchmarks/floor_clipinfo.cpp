@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // The least that a clip information file can cost: the same lines, formatted one after the other
 // into one buffer and written by one call. Prints the same four figures as clipinfo_with_library,
 // with 0 for the longest sample.

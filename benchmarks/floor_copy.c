@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 /*
  * The least work that a durable copy can be: read and write 4 MiB, fsync for each such chunk,
  * one sync at the end. Before each file it asks whether the destination's path still means the

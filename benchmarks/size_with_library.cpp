@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Adds up the sizes in a directory as the size finder and the file system helper do, and prints
 // the seconds it took, the bytes by which memory grew at most, and the sum.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 /*
  * A disk that behaves like a memory stick: one file in a FUSE file system, kept in memory, meant
  * to be the backing file of a loop device. Every transfer takes its time at the given rate and

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 /*
  * The least work that a walk over a tree can be: opendir, readdir and fstatat, adding sizes up.
  * Prints the seconds it took, the bytes by which memory grew at most, and what it counted.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Enumerates a directory as the copy worker does for a copy, and prints the seconds it took, the
 // bytes by which memory grew at most, and the bytes that it found.
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # Flags that every target of the project shares, carried by an interface target so that
 # nothing leaks into a project that includes this one.
 

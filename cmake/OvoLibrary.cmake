@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # ovo_library_directory(PUBLIC_HEADERS header... [SOURCES source...])
 #
 # Adds what lies in a directory of shared/ to the library. Public headers are installed below

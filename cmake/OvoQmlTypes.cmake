@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # ovo_qml_type_list(<target> URI <module> VERSION <major.minor> OUTPUT <file>
 #                   HEADERS <header>... [FOREIGN <header>...])
 #

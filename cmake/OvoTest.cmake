@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # ovo_add_test(<directory> <Class> [LIBRARIES <target>...] [SOURCES <file>...] [TIMEOUT <seconds>]
 #              [ENVIRONMENT <NAME=value>...] [LAUNCHER <command> <argument>...])
 #

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # Compiles for Debian's 32-bit ARM, armhf, on another Debian.
 #
 #   OVO_SYSROOT   what tests/device/make-root has made, as a cache or an environment variable;

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /** Result of loading an observation. The host defines it; the library only passes it on. */

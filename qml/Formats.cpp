@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "qml/Formats.h"
 
 #include "shared/base/DistanceUnit.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 // What editors and qmllint are told about the library's own classes, under which names. No program

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/jobs/DeviceClock.h"
@@ -13,7 +17,8 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost clock [show]
+const char s_helpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost clock [show]
        ovo-fieldhost clock set-date DATE
        ovo-fieldhost clock set-time TIME
 
@@ -34,13 +39,13 @@ Options:
 Exit codes:
   0  shown, or both clocks are set
   1  a clock is not set, or cannot hold the date; the message says which
-  2  the command line was not understood)";
+  2  the command line was not understood)");
 
 QString clockText()
 {
     const OsSettings &settings = *OsSettings::instance();
     const QLocale plain = QLocale::c();
-    return QStringLiteral("date  %1\ntime  %2")
+    return CommandText::tr("date  %1\ntime  %2")
         .arg(plain.toString(settings.date(), QStringLiteral("yyyy-MM-dd")),
              plain.toString(settings.time(), QStringLiteral("hh:mm:ss")));
 }
@@ -62,8 +67,8 @@ int setDate(const CommandLine &line, Console &console, const QString &text)
     if (!date.isValid()) {
         static const QRegularExpression form(QStringLiteral("^\\d{4}-\\d\\d-\\d\\d$"));
         return line.refuse((form.match(text).hasMatch()
-                                ? QStringLiteral("The calendar has no %1.")
-                                : QStringLiteral("%1 is not a date such as 2026-11-21."))
+                                ? CommandText::tr("The calendar has no %1.")
+                                : CommandText::tr("%1 is not a date such as 2026-11-21."))
                                .arg(quoted(text)));
     }
     return set(console, date, QTime());
@@ -76,8 +81,8 @@ int setTime(const CommandLine &line, Console &console, const QString &text)
         time = QTime::fromString(text, QStringLiteral("hh:mm"));
     }
     if (!time.isValid()) {
-        return line.refuse(QStringLiteral("%1 is not a time of day such as 13:05:30, "
-                                          "from 00:00 to 23:59:59.")
+        return line.refuse(CommandText::tr("%1 is not a time of day such as 13:05:30, "
+                                           "from 00:00 to 23:59:59.")
                                .arg(quoted(text)));
     }
     return set(console, QDate(), time);
@@ -101,7 +106,13 @@ int runClock(const CommandLine &line, Console & /*console*/)
 } // namespace
 
 const Command clockCommand = {
-    "clock", "Shows and sets the device's date and time.", s_helpText, "", "[ACTION]...", runClock,
+    "clock",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Shows and sets the device's date and time."),
+    s_helpText,
+    "",
+    "[ACTION]...",
+    runClock,
 };
 
 } // namespace Tavro::FieldHost

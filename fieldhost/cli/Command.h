@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 namespace Tavro::FieldHost {
@@ -5,7 +8,7 @@ namespace Tavro::FieldHost {
 class CommandLine;
 class Console;
 
-/** A sub-command of the program. */
+/** A sub-command of the program. The summary and the help are texts for CommandText::tr(). */
 struct Command
 {
     const char *name;

@@ -1,6 +1,10 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/CommandLine.h"
 
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
@@ -9,6 +13,14 @@
 namespace Tavro::FieldHost {
 
 namespace {
+
+// the parser's own, which are not translated where Qt's translations are not installed
+[[maybe_unused]] const char *const s_parserTexts[] = {
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Unknown option '%1'."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Unknown options: %1."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Unexpected value after '%1'."),
+    QT_TRANSLATE_NOOP("QCommandLineParser", "Missing value after '%1'."),
+};
 
 QStringList words(const char *text)
 {
@@ -51,7 +63,7 @@ std::optional<int> CommandLine::parse(const QStringList &typed)
         return refuse(m_parser.errorText());
     }
     if (isSet("help")) {
-        m_console.print(QString::fromUtf8(m_command.help));
+        m_console.print(CommandText::tr(m_command.help));
         return ExitDone;
     }
     const QString reason = objection();
@@ -73,10 +85,10 @@ QString CommandLine::objection() const
         needed += name.startsWith(QLatin1Char('[')) ? 0 : 1;
     }
     if (given.size() < needed) {
-        return QStringLiteral("A %1 is missing.").arg(names.at(given.size()));
+        return CommandText::tr("A %1 is missing.").arg(names.at(given.size()));
     }
     if (given.size() > names.size() && !isRepeated) {
-        return QStringLiteral("There is an argument too many: %1.")
+        return CommandText::tr("There is an argument too many: %1.")
             .arg(quoted(given.at(names.size())));
     }
     // a path never is; what else may be empty, its command knows
@@ -84,7 +96,7 @@ QString CommandLine::objection() const
         && names.first() != QLatin1String("VALUE");
     if (isPath && given.contains(QString())) {
         names.removeDuplicates();
-        return QStringLiteral("A %1 is empty.").arg(names.join(QLatin1String(" or ")));
+        return CommandText::tr("A %1 is empty.").arg(names.join(CommandText::tr(" or ")));
     }
     return {};
 }
@@ -102,15 +114,15 @@ int CommandLine::runAction(const std::vector<Action> &actions) const
         }
         const int most = action.argument ? 1 : 0;
         if (typed.size() > most) {
-            return refuse(QStringLiteral("\"%1 %2\" takes no %3.")
+            return refuse(CommandText::tr("\"%1 %2\" takes no %3.")
                               .arg(QLatin1String(m_command.name), name, quoted(typed.at(most))));
         }
         if (action.argument && typed.value(0).isEmpty()) {
-            return refuse(QStringLiteral("A %1 is missing.").arg(QLatin1String(action.argument)));
+            return refuse(CommandText::tr("A %1 is missing.").arg(QLatin1String(action.argument)));
         }
         return action.run(*this, m_console, typed.value(0));
     }
-    return refuse(QStringLiteral("\"%1\" knows no %2.%3")
+    return refuse(CommandText::tr("\"%1\" knows no %2.%3")
                       .arg(QLatin1String(m_command.name), quoted(name), suggestion(name, names)));
 }
 
@@ -118,7 +130,7 @@ int CommandLine::refuse(const QString &reason) const
 {
     m_console.printError(reason);
     m_console.printError(
-        QStringLiteral("Try: ovo-fieldhost %1 --help").arg(QLatin1String(m_command.name)));
+        CommandText::tr("Try: ovo-fieldhost %1 --help").arg(QLatin1String(m_command.name)));
     return ExitUsage;
 }
 

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/jobs/Text.h"
@@ -9,7 +13,8 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost compare FILE FILE
+const char s_helpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost compare FILE FILE
 
 Says whether two files have the same MD5 sum. Links are followed.
 
@@ -21,7 +26,7 @@ Exit codes:
   1  they are different
   2  the command line was not understood
   3  one of them is not a file or cannot be read, or the answer could not be written; the message
-     says which)";
+     says which)");
 
 int runCompare(const CommandLine &line, Console &console)
 {
@@ -32,8 +37,8 @@ int runCompare(const CommandLine &line, Console &console)
     if (!ok) {
         return ExitSourceRefused; // the library has logged which one
     }
-    console.print(isEqual ? QStringLiteral("Equal: %1 and %2").arg(quoted(a), quoted(b))
-                          : QStringLiteral("Different: %1 and %2").arg(quoted(a), quoted(b)));
+    console.print(isEqual ? CommandText::tr("Equal: %1 and %2").arg(quoted(a), quoted(b))
+                          : CommandText::tr("Different: %1 and %2").arg(quoted(a), quoted(b)));
     if (Console::outputError() != 0) {
         return ExitSourceRefused; // a code of its own: the usual one says that they differ
     }
@@ -43,7 +48,12 @@ int runCompare(const CommandLine &line, Console &console)
 } // namespace
 
 const Command compareCommand = {
-    "compare",  "Says whether two files have the same content.", s_helpText, "", "FILE FILE",
+    "compare",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Says whether two files have the same content."),
+    s_helpText,
+    "",
+    "FILE FILE",
     runCompare,
 };
 

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
@@ -18,7 +22,8 @@ using Shared::LengthUnitsConverter;
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost convert VALUE FROM TO
+const char s_helpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost convert VALUE FROM TO
 
 Converts a length, as "ovo-fieldhost convert 2.5 m ft" does.
 
@@ -35,7 +40,7 @@ Options:
 Exit codes:
   0  converted
   1  the result is out of range
-  2  the command line was not understood)";
+  2  the command line was not understood)");
 
 QStringList units()
 {
@@ -51,9 +56,9 @@ double numberFrom(const QString &typed, QString &objection)
     bool ok = false;
     const double value = text.toDouble(&ok);
     if (!ok && std::isinf(value)) {
-        objection = QStringLiteral("%1 is too large.").arg(quoted(typed));
+        objection = CommandText::tr("%1 is too large.").arg(quoted(typed));
     } else if (!ok || !std::isfinite(value)) {
-        objection = QStringLiteral("%1 is not a number that can be converted.").arg(quoted(typed));
+        objection = CommandText::tr("%1 is not a number that can be converted.").arg(quoted(typed));
     }
     return value;
 }
@@ -78,18 +83,19 @@ int runConvert(const CommandLine &line, Console &console)
     const QStringList namedUnits = typed.mid(1);
     for (const QString &unit : namedUnits) {
         if (!units().contains(unit)) {
+            const QString all = units().join(QLatin1String(", "));
             const QString near = nearest(unit.toLower(), units(), 2);
             return line.refuse(
-                QStringLiteral("There is no unit %1. %2 %3.")
-                    .arg(quoted(unit),
-                         near.isEmpty() ? QStringLiteral("The units are")
-                                        : QStringLiteral("The nearest one is \"%1\", of").arg(near),
-                         units().join(QLatin1String(", "))));
+                near.isEmpty()
+                    ? CommandText::tr("There is no unit %1. The units are %2.")
+                          .arg(quoted(unit), all)
+                    : CommandText::tr("There is no unit %1. The nearest one is \"%2\", of %3.")
+                          .arg(quoted(unit), near, all));
         }
     }
     const double result = LengthUnitsConverter::convert(typed.at(1), typed.at(2), value);
     if (!std::isfinite(result)) {
-        console.printError(QStringLiteral("The result is out of range."));
+        console.printError(CommandText::tr("The result is out of range."));
         return ExitFailed;
     }
     console.print(QStringLiteral("%1 %2 = %3 %4")
@@ -100,7 +106,12 @@ int runConvert(const CommandLine &line, Console &console)
 } // namespace
 
 const Command convertCommand = {
-    "convert",  "Converts a length from one unit to another.", s_helpText, "", "VALUE FROM TO",
+    "convert",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Converts a length from one unit to another."),
+    s_helpText,
+    "",
+    "VALUE FROM TO",
     runConvert,
 };
 

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Codes.h"
 #include "fieldhost/cli/Command.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/Table.h"
@@ -13,7 +17,8 @@ using Shared::CCountryLanguageCodeConversion;
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost countries
+const char s_helpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost countries
 
 Lists the countries and languages that a catalog can name: countries by the sign that their
 vehicles carry abroad, with their ISO 3166 codes, languages by their ISO 639-2 codes.
@@ -23,12 +28,12 @@ Options:
 
 Exit codes:
   0  listed
-  2  the command line was not understood)";
+  2  the command line was not understood)");
 
 QString countryTable()
 {
     std::vector<QStringList> rows = {
-        {QStringLiteral("Code"), QStringLiteral("ISO"), QStringLiteral("Country")}};
+        {CommandText::tr("Code"), QStringLiteral("ISO"), CommandText::tr("Country")}};
     const QStringList codes = CCountryLanguageCodeConversion::getCountryList();
     for (const QString &code : codes) {
         const auto country = CCountryLanguageCodeConversion::countryFromCountryCode(code);
@@ -41,7 +46,7 @@ QString countryTable()
 
 QString languageTable()
 {
-    std::vector<QStringList> rows = {{QStringLiteral("Code"), QStringLiteral("Language")}};
+    std::vector<QStringList> rows = {{CommandText::tr("Code"), CommandText::tr("Language")}};
     const QStringList codes = languageCodes();
     for (const QString &code : codes) {
         const auto language = CCountryLanguageCodeConversion::languageFromLanguageCode(code);
@@ -59,7 +64,12 @@ int runCountries(const CommandLine & /*line*/, Console &console)
 } // namespace
 
 const Command countriesCommand = {
-    "countries",  "Lists the countries and languages that catalogs name.", s_helpText, "", "",
+    "countries",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Lists the countries and languages that catalogs name."),
+    s_helpText,
+    "",
+    "",
     runCountries,
 };
 

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/ProgressLine.h"
@@ -15,7 +19,8 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost delete [--yes] PATH...
+const char s_helpText[] = QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                                            R"(Usage: ovo-fieldhost delete [--yes] PATH...
 
 Deletes each PATH: a directory with all that is in it, hidden entries too; a file; a link, but not
 what it points to. Asks before it begins.
@@ -32,31 +37,30 @@ Exit codes:
   1  failed: the message names what is still there, and the cause
   2  the command line was not understood, or --yes is missing
   3  nothing deleted: a PATH is missing, or must not be deleted
-  6  aborted, or the answer was not yes)";
+  6  aborted, or the answer was not yes)");
 
 void announce(const QStringList &paths, Console &console)
 {
     for (const QString &path : paths) {
         const QFileInfo info(path);
-        QString what = QStringLiteral("file");
+        QString what = CommandText::tr("file");
         if (info.isSymLink()) {
-            what = QStringLiteral("link");
+            what = CommandText::tr("link");
         } else if (info.isDir()) {
             const quint64 bytes = Shared::CDirectorySizeFinder().dirSize(path).first;
-            what = QStringLiteral("directory of %1").arg(formatBytes(static_cast<qint64>(bytes)));
+            what = CommandText::tr("directory of %1").arg(formatBytes(static_cast<qint64>(bytes)));
         }
-        console.print(QStringLiteral("To delete: %1 (%2)").arg(quoted(path), what));
+        console.print(CommandText::tr("To delete: %1 (%2)").arg(quoted(path), what));
     }
 }
 
 int sum(const DeleteResult &result, Console &console)
 {
     if (result.left > 0) {
-        console.printError(
-            QStringLiteral("%1: %2 of %3 not deleted.")
-                .arg(result.isAborted ? QStringLiteral("Aborted") : QStringLiteral("Failed"))
-                .arg(result.left)
-                .arg(result.left + result.deleted));
+        console.printError((result.isAborted ? CommandText::tr("Aborted: %1 of %2 not deleted.")
+                                             : CommandText::tr("Failed: %1 of %2 not deleted."))
+                               .arg(result.left)
+                               .arg(result.left + result.deleted));
     }
     return result.left == 0 ? ExitDone : result.isAborted ? ExitAborted : ExitFailed;
 }
@@ -67,7 +71,7 @@ int carryOut(const QStringList &paths, Console &console, bool ask)
     DeleteRun run(paths);
     bool isAsking = ask;
     const auto refuse = [&] {
-        console.print(QStringLiteral("Nothing was deleted."));
+        console.print(CommandText::tr("Nothing was deleted."));
         QCoreApplication::exit(ExitAborted);
     };
     const auto begin = [&] {
@@ -80,7 +84,7 @@ int carryOut(const QStringList &paths, Console &console, bool ask)
     };
     QObject::connect(&run, &DeleteRun::deleted, &controls, [&](const QString &path) {
         console.clearLiveLine();
-        console.print(QStringLiteral("Deleted: %1").arg(quoted(path)));
+        console.print(CommandText::tr("Deleted: %1").arg(quoted(path)));
     });
     QObject::connect(&run, &DeleteRun::failed, &controls, [&](const QString &reason) {
         console.clearLiveLine();
@@ -113,12 +117,12 @@ int carryOut(const QStringList &paths, Console &console, bool ask)
         return QCoreApplication::exec();
     }
     if (!hasKeys) {
-        console.printError(QStringLiteral(
+        console.printError(CommandText::tr(
             "There is no terminal to ask on, and --yes is missing: nothing was deleted."));
         return ExitUsage;
     }
     announce(paths, console);
-    console.print(QStringLiteral("Delete? y deletes, any other key does not"));
+    console.print(CommandText::tr("Delete? y deletes, any other key does not"));
     return QCoreApplication::exec();
 }
 
@@ -146,7 +150,12 @@ int runDelete(const CommandLine &line, Console &console)
 } // namespace
 
 const Command deleteCommand = {
-    "delete",  "Deletes directories and files, with progress.", s_helpText, "yes", "PATH...",
+    "delete",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Deletes directories and files, with progress."),
+    s_helpText,
+    "yes",
+    "PATH...",
     runDelete,
 };
 

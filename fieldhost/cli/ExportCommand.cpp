@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/ProgressLine.h"
@@ -15,7 +19,8 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost export [options] SOURCE... DESTINATION
+const char s_helpText[] = QT_TRANSLATE_NOOP(
+    "Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost export [options] SOURCE... DESTINATION
 
 Copies every SOURCE into the directory DESTINATION, chunk by chunk, each flushed to the device
 before the next one. A drive pulled out keeps the files that were whole by then; the one in flight
@@ -54,27 +59,27 @@ Exit codes:
   3  nothing copied: a SOURCE is missing, or no whole copy of it is possible
   4  nothing copied: DESTINATION is refused
   5  nothing copied: DESTINATION has not enough free space
-  6  aborted; the copy was removed)";
+  6  aborted; the copy was removed)");
 
 void announce(const ExportPlan &plan, Console &console)
 {
     for (const ExportJob &job : plan.jobs) {
         const bool hasSlash = job.source.size() > 1 && job.source.endsWith(QLatin1Char('/'));
-        console.print(QStringLiteral("Copying %1 (%2) from %3 to %4")
-                          .arg(counted(job.survey.files.size(), QStringLiteral("1 file"),
-                                       QStringLiteral("%1 files")),
+        console.print(CommandText::tr("Copying %1 (%2) from %3 to %4")
+                          .arg(counted(job.survey.files.size(), CommandText::tr("1 file"),
+                                       CommandText::tr("%1 files")),
                                formatBytes(job.survey.bytes),
                                quoted(hasSlash ? job.source.chopped(1) : job.source),
                                quoted(job.landing)));
         if (job.replacedFiles > 0) {
-            console.print(QStringLiteral("  replaces %1 there, once all of the copy is whole")
-                              .arg(counted(job.replacedFiles, QStringLiteral("1 file"),
-                                           QStringLiteral("%1 files"))));
+            console.print(CommandText::tr("  replaces %1 there, once all of the copy is whole")
+                              .arg(counted(job.replacedFiles, CommandText::tr("1 file"),
+                                           CommandText::tr("%1 files"))));
         }
     }
     const QString omitted = leftOut(plan);
     if (!omitted.isEmpty()) {
-        console.print(QStringLiteral("Left out: %1").arg(omitted));
+        console.print(CommandText::tr("Left out: %1").arg(omitted));
     }
 }
 
@@ -82,12 +87,12 @@ QString lineOf(ExportRun &run, int columns)
 {
     switch (run.state()) {
     case ExportRun::State::Aborting:
-        return QStringLiteral("Aborting, once the data on its way is written");
+        return CommandText::tr("Aborting, once the data on its way is written");
     case ExportRun::State::Paused:
-        return progressLine(run.progress(), run.directory(), QStringLiteral("paused, p resumes"),
+        return progressLine(run.progress(), run.directory(), CommandText::tr("paused, p resumes"),
                             columns);
     case ExportRun::State::Verifying:
-        return progressLine(run.progress(), QStringLiteral("verifying"), QString(), columns);
+        return progressLine(run.progress(), CommandText::tr("verifying"), QString(), columns);
     case ExportRun::State::Copying:
         break;
     }
@@ -151,7 +156,7 @@ int carryOut(const ExportPlan &plan, bool verify, Console &console, RunControls 
         }
     });
     if (controls.openKeys()) {
-        console.print(QStringLiteral("Keys: p pauses and resumes, q aborts"));
+        console.print(CommandText::tr("Keys: p pauses and resumes, q aborts"));
     }
     announce(plan, console);
     controls.showProgress([&run](int columns) { return lineOf(run, columns); });
@@ -171,8 +176,8 @@ int runExport(const CommandLine &line, Console &console)
     QObject::connect(&drive, &DriveAccess::warned, qApp,
                      [&](const QString &sentence) { console.printError(sentence); });
     QObject::connect(&drive, &DriveAccess::unmounting, qApp, [&] {
-        console.print(QStringLiteral("Unmounting the USB drive, as soon as nobody uses it; "
-                                     "Ctrl-C leaves it mounted."));
+        console.print(CommandText::tr("Unmounting the USB drive, as soon as nobody uses it; "
+                                      "Ctrl-C leaves it mounted."));
     });
     // they go before the drive: a signal ends the wait for one that stays in use
     RunControls controls(console);
@@ -185,7 +190,7 @@ int runExport(const CommandLine &line, Console &console)
         plan.refusal = Refusal::Canceled;
     }
     if (plan.refusal == Refusal::Canceled) {
-        console.print(QStringLiteral("Aborted before anything was copied."));
+        console.print(CommandText::tr("Aborted before anything was copied."));
     } else if (plan.refusal == Refusal::None) {
         const QString warning = drive.largeFileWarning(plan);
         if (!warning.isEmpty()) {
@@ -203,7 +208,8 @@ int runExport(const CommandLine &line, Console &console)
 
 const Command exportCommand = {
     "export",
-    "Copies directories and files durably, with progress, pause and abort.",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Copies directories and files durably, with progress, pause and abort."),
     s_helpText,
     "into-existing verify",
     "SOURCE... DESTINATION",

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/jobs/Text.h"
@@ -19,7 +23,8 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost gui [options]
+const char s_helpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost gui [options]
 
 Shows the screens: export and deletion, an inspection, a recording, units and language, the device.
 They are a program of their own, ovo-fieldhost-gui, which needs Qt Quick and a display. Without a
@@ -36,7 +41,7 @@ Options:
 Exit codes:
   0  the window was closed
   1  failed: the screens are not installed, or there is no display; the message says which
-  2  the command line was not understood)";
+  2  the command line was not understood)");
 
 const char *const s_options[] = {"page", "language", "font-scale", "size"};
 
@@ -65,13 +70,13 @@ int runGui(const CommandLine &line, Console &console)
 {
     const QString program = findProgram();
     if (program.isEmpty()) {
-        console.printError(QStringLiteral(
+        console.printError(CommandText::tr(
             "The screens are not installed: there is no program ovo-fieldhost-gui. They are built "
             "with the option OVO_BUILD_SCREENS of CMake."));
         return ExitFailed;
     }
     if (!hasDisplay()) {
-        console.printError(QStringLiteral(
+        console.printError(CommandText::tr(
             "There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set. Without a window "
             "system, set QT_QPA_PLATFORM, to \"eglfs\" or \"linuxfb\" for example."));
         return ExitFailed;
@@ -92,15 +97,18 @@ int runGui(const CommandLine &line, Console &console)
     }
     arguments.push_back(nullptr);
     ::execv(arguments.front(), arguments.data());
+    const int error = errno;
     console.printError(
-        QStringLiteral("%1 cannot be started (%2).").arg(quoted(program), systemText(errno)));
+        CommandText::tr("%1 cannot be started (%2).").arg(quoted(program), systemText(error)));
     return ExitFailed;
 }
 
 } // namespace
 
 const Command guiCommand = {
-    "gui", "Shows the screens.", s_helpText, "dark page= language= font-scale= size=", "", runGui,
+    "gui",      QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", "Shows the screens."),
+    s_helpText, "dark page= language= font-scale= size=",
+    "",         runGui,
 };
 
 } // namespace Tavro::FieldHost

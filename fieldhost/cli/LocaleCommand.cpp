@@ -1,7 +1,11 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/catalog/CatalogFiles.h"
 #include "fieldhost/cli/Codes.h"
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/LocaleOverview.h"
@@ -25,7 +29,8 @@ using Shared::GlobalLocaleData;
 
 namespace {
 
-const char s_helpText[] =
+const char s_helpText[] = QT_TRANSLATE_NOOP(
+    "Tavro::FieldHost::CommandText",
     R"(Usage: ovo-fieldhost locale [--catalog FILE] [--country CODE] [--language CODE]
                             [--device LOCALE]
 
@@ -47,7 +52,7 @@ Options:
 Exit codes:
   0  shown
   1  the catalog cannot be used; the message names file, place and cause
-  2  the command line was not understood)";
+  2  the command line was not understood)");
 
 QString countryName(const QString &code)
 {
@@ -66,7 +71,7 @@ QString nearestCountry(const QString &code)
     const QString nearest = nearestCountryCode(code);
     return nearest.isEmpty()
         ? QString()
-        : QStringLiteral(" The nearest one is \"%1\" (%2).").arg(nearest, countryName(nearest));
+        : CommandText::tr(" The nearest one is \"%1\" (%2).").arg(nearest, countryName(nearest));
 }
 
 QString nearestLanguage(const QString &code)
@@ -74,15 +79,15 @@ QString nearestLanguage(const QString &code)
     const QString nearest = nearestLanguageCode(code);
     return nearest.isEmpty()
         ? QString()
-        : QStringLiteral(" The nearest one is \"%1\" (%2).").arg(nearest, languageName(nearest));
+        : CommandText::tr(" The nearest one is \"%1\" (%2).").arg(nearest, languageName(nearest));
 }
 
 QString codeText(const QString &code, const QString &name, bool isKnown)
 {
     if (code.isEmpty()) {
-        return QStringLiteral("not given");
+        return CommandText::tr("not given");
     }
-    return printable(code) + QLatin1String("  ") + (isKnown ? name : QStringLiteral("not known"));
+    return printable(code) + QLatin1String("  ") + (isKnown ? name : CommandText::tr("not known"));
 }
 
 /** The host with its project, open or not, as the command line has it. */
@@ -165,16 +170,16 @@ void LocaleRun::openProject()
 void LocaleRun::warnOfUnknownCodes()
 {
     if (!isCountryCode(m_country)) {
-        m_console.printError(QStringLiteral("The catalog's country code %1 is not known.%2")
+        m_console.printError(CommandText::tr("The catalog's country code %1 is not known.%2")
                                  .arg(quoted(m_country), nearestCountry(m_country)));
     }
     if (!isLanguageCode(m_language)) {
-        m_console.printError(QStringLiteral("The catalog's language code %1 is not known.%2")
+        m_console.printError(CommandText::tr("The catalog's language code %1 is not known.%2")
                                  .arg(quoted(m_language), nearestLanguage(m_language)));
     }
     if (!isDistanceUnit(m_template->unit()) && !m_template->unit().isEmpty()) {
-        m_console.printError(QStringLiteral("The catalog's unit %1 is not among \"m\", \"ft\" and "
-                                            "\"inch\", so the locale decides.")
+        m_console.printError(CommandText::tr("The catalog's unit %1 is not among \"m\", \"ft\" and "
+                                             "\"inch\", so the locale decides.")
                                  .arg(quoted(m_template->unit())));
     }
 }
@@ -184,20 +189,20 @@ QString LocaleRun::summary() const
     const bool isProject = CProjectLocaleData::instance()->localeValid();
     std::vector<QStringList> rows;
     if (m_catalog) {
-        rows.push_back({QStringLiteral("Catalog"), printable(m_catalog->name)});
+        rows.push_back({CommandText::tr("Catalog"), printable(m_catalog->name)});
     }
     if (isProject) {
-        rows.push_back({QStringLiteral("Country"),
+        rows.push_back({CommandText::tr("Country"),
                         codeText(m_country, countryName(m_country), isCountryCode(m_country))});
         rows.push_back(
-            {QStringLiteral("Language"),
+            {CommandText::tr("Language"),
              codeText(m_language, languageName(m_language), isLanguageCode(m_language))});
     }
     rows.push_back(
-        {QStringLiteral("Locale"),
-         CLocaleSupport::getCurrentLocale().name()
-             + (isProject ? QLatin1String(", of the project") : QLatin1String(", of the device"))});
-    rows.push_back({QStringLiteral("Distances"), distanceText()});
+        {CommandText::tr("Locale"),
+         (isProject ? CommandText::tr("%1, of the project") : CommandText::tr("%1, of the device"))
+             .arg(CLocaleSupport::getCurrentLocale().name())});
+    rows.push_back({CommandText::tr("Distances"), distanceText()});
     return formatTable(rows);
 }
 
@@ -205,30 +210,30 @@ QString LocaleRun::distanceText() const
 {
     const QString unit = unitText(CLocaleSupport::getDistanceUnit());
     const bool ofCatalog = m_template && isDistanceUnit(m_template->unit());
-    const QString text =
-        QStringLiteral("in %1, as the %2 has it")
-            .arg(unit, ofCatalog ? QStringLiteral("catalog") : QStringLiteral("locale"));
+    const QString text = (ofCatalog ? CommandText::tr("in %1, as the catalog has it")
+                                    : CommandText::tr("in %1, as the locale has it"))
+                             .arg(unit);
     // screens know metres and feet only
     const QString shown = CLocaleSupport::getDistanceUnitString();
-    return shown == unit ? text : text + QStringLiteral(", and shown as %1").arg(shown);
+    return shown == unit ? text : text + CommandText::tr(", and shown as %1").arg(shown);
 }
 
 // why the codes are not understood; empty when they are
 QString objectionTo(const CommandLine &line)
 {
     if (line.isSet("country") && !isCountryCode(line.value("country"))) {
-        return QStringLiteral("There is no country code %1.%2")
+        return CommandText::tr("There is no country code %1.%2")
             .arg(quoted(line.value("country")), nearestCountry(line.value("country")));
     }
     if (line.isSet("language") && !isLanguageCode(line.value("language"))) {
-        return QStringLiteral("There is no language code %1.%2")
+        return CommandText::tr("There is no language code %1.%2")
             .arg(quoted(line.value("language")), nearestLanguage(line.value("language")));
     }
     if (line.isSet("device") && !localeOfName(line.value("device"))) {
         const QString nearest = nearestLocaleName(line.value("device"));
-        return QStringLiteral("There is no locale %1.").arg(quoted(line.value("device")))
+        return CommandText::tr("There is no locale %1.").arg(quoted(line.value("device")))
             + (nearest.isEmpty() ? QString()
-                                 : QStringLiteral(" The nearest one is \"%1\".").arg(nearest));
+                                 : CommandText::tr(" The nearest one is \"%1\".").arg(nearest));
     }
     return {};
 }
@@ -247,9 +252,13 @@ int runLocale(const CommandLine &line, Console &console)
 } // namespace
 
 const Command localeCommand = {
-    "locale",   "Shows how a project shows numbers, dates and units.",
-    s_helpText, "catalog= country= language= device=",
-    "",         runLocale,
+    "locale",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Shows how a project shows numbers, dates and units."),
+    s_helpText,
+    "catalog= country= language= device=",
+    "",
+    runLocale,
 };
 
 } // namespace Tavro::FieldHost

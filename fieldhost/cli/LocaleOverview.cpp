@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/LocaleOverview.h"
 
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Table.h"
 #include "fieldhost/jobs/Text.h"
 #include "host/CColumnDefinition.h"
@@ -40,37 +44,38 @@ QString valueOverview()
     const auto show = CLocaleSupport::variantToLocalizedString;
 
     return formatTable({
-        {QStringLiteral("What"), QStringLiteral("Value"), QStringLiteral("Shown as")},
-        {QStringLiteral("Distance"), QStringLiteral("1234.567"),
+        {CommandText::tr("What"), CommandText::tr("Value"), CommandText::tr("Shown as")},
+        {CommandText::tr("Distance"), QStringLiteral("1234.567"),
          CLocaleSupport::distanceValueToLocalizedString(distance, true, true)},
-        {QStringLiteral("Distance, short"), QStringLiteral("1234.567"),
+        {CommandText::tr("Distance, short"), QStringLiteral("1234.567"),
          CLocaleSupport::distanceValueToLocalizedString(distance, false, false)},
-        {QStringLiteral("Speed"), QStringLiteral("4.5"),
+        {CommandText::tr("Speed"), QStringLiteral("4.5"),
          withUnit(4.5, CLocaleSupport::getSpeedUnitString())},
-        {QStringLiteral("Temperature"), QStringLiteral("21.5"),
+        {CommandText::tr("Temperature"), QStringLiteral("21.5"),
          withUnit(21.5, CLocaleSupport::getTemperatureUnitString())},
-        {QStringLiteral("Angle"), QStringLiteral("12.5"),
+        {CommandText::tr("Angle"), QStringLiteral("12.5"),
          withUnit(12.5, CLocaleSupport::getAngleUnitString())},
-        {QStringLiteral("Pressure"), QStringLiteral("850"),
+        {CommandText::tr("Pressure"), QStringLiteral("850"),
          withUnit(850, CLocaleSupport::getPressureUnitString())},
-        {QStringLiteral("Whole number"), QStringLiteral("3.0"), show(3.0, QString())},
-        {QStringLiteral("Date"), QStringLiteral("2026-03-31"),
+        {CommandText::tr("Whole number"), QStringLiteral("3.0"), show(3.0, QString())},
+        {CommandText::tr("Date"), QStringLiteral("2026-03-31"),
          show(time.date(), CLocaleSupport::getDateFormat())},
-        {QStringLiteral("Time"), QStringLiteral("17:05:08"),
+        {CommandText::tr("Time"), QStringLiteral("17:05:08"),
          show(time.time(), CLocaleSupport::getTimeFormat())},
-        {QStringLiteral("Date and time"), QStringLiteral("2026-03-31 17:05:08"),
+        {CommandText::tr("Date and time"), QStringLiteral("2026-03-31 17:05:08"),
          show(time, CLocaleSupport::getDateTimeFormat())},
-        {QStringLiteral("Clock"), QString(),
+        {CommandText::tr("Clock"), QString(),
          // true means that there is no AM and PM
-         CLocaleSupport::APStyle() ? QStringLiteral("24 hours") : QStringLiteral("AM and PM")},
-        {QStringLiteral("Size"), QStringLiteral("1610612736 bytes"), SizeFormater::toString(size)},
+         CLocaleSupport::APStyle() ? CommandText::tr("24 hours") : CommandText::tr("AM and PM")},
+        {CommandText::tr("Size"), CommandText::tr("%1 bytes").arg(size),
+         SizeFormater::toString(size)},
     });
 }
 
 QString columnOverview(const Templates::CCatalogTemplate &catalogTemplate)
 {
-    std::vector<QStringList> rows = {{QStringLiteral("Column"), QStringLiteral("View"),
-                                      QStringLiteral("Unit"), QStringLiteral("From")}};
+    std::vector<QStringList> rows = {{CommandText::tr("Column"), CommandText::tr("View"),
+                                      CommandText::tr("Unit"), CommandText::tr("From")}};
     for (int i = 0; i < catalogTemplate.programViewCount(); ++i) {
         const Templates::CProgramView *view = catalogTemplate.programView(i);
         for (int j = 0; j < view->columnCount(); ++j) {
@@ -80,7 +85,7 @@ QString columnOverview(const Templates::CCatalogTemplate &catalogTemplate)
             rows.push_back(
                 {printable(key), printable(view->key()),
                  printable(CLocaleSupport::catalogTemplateColumnUnit(key)),
-                 ofCatalog ? QStringLiteral("the catalog") : QStringLiteral("distances")});
+                 ofCatalog ? CommandText::tr("the catalog") : CommandText::tr("distances")});
         }
     }
     return formatTable(rows);

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/DirectoryListing.h"
 #include "fieldhost/cli/ExitCode.h"
@@ -14,7 +18,8 @@ using Shared::CFileSystemHelper;
 
 namespace {
 
-const char s_nameHelpText[] = R"(Usage: ovo-fieldhost name --dir D --ext E [--prefix P]
+const char s_nameHelpText[] = QT_TRANSLATE_NOOP(
+    "Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost name --dir D --ext E [--prefix P]
 
 Prints the path of a file that does not exist yet in the directory D. Its name is the date and time,
 or P, and a number. Nothing is created.
@@ -28,9 +33,10 @@ Options:
 Exit codes:
   0  done
   2  the command line was not understood
-  4  D is not a directory, or the names in it cannot be read)";
+  4  D is not a directory, or the names in it cannot be read)");
 
-const char s_safeNameHelpText[] = R"(Usage: ovo-fieldhost safe-name TEXT
+const char s_safeNameHelpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost safe-name TEXT
 
 Prints TEXT as a file name that any removable drive accepts.
 
@@ -39,23 +45,23 @@ Options:
 
 Exit codes:
   0  done
-  2  the command line was not understood)";
+  2  the command line was not understood)");
 
 int runName(const CommandLine &line, Console &console)
 {
     for (const char *option : {"dir", "ext"}) {
         if (!line.isSet(option)) {
-            return line.refuse(QStringLiteral("--%1 is missing.").arg(QLatin1String(option)));
+            return line.refuse(CommandText::tr("--%1 is missing.").arg(QLatin1String(option)));
         }
     }
     const QString directory = line.value("dir");
     if (!QFileInfo(directory).isDir()) {
-        console.printError(QStringLiteral("%1 is not a directory.").arg(quoted(directory)));
+        console.printError(CommandText::tr("%1 is not a directory.").arg(quoted(directory)));
         return ExitDestinationRefused;
     }
     const auto unreadable = listDirectory(directory, Depth::Directory).unreadable;
     if (!unreadable.isEmpty()) {
-        console.printError(QStringLiteral("Which names are taken in %1 cannot be read (%2).")
+        console.printError(CommandText::tr("Which names are taken in %1 cannot be read (%2).")
                                .arg(quoted(directory), systemText(unreadable.first().error)));
         return ExitDestinationRefused;
     }
@@ -70,7 +76,7 @@ int runName(const CommandLine &line, Console &console)
 int runSafeName(const CommandLine &line, Console &console)
 {
     if (line.arguments().constFirst().isEmpty()) {
-        return line.refuse(QStringLiteral("A TEXT is empty."));
+        return line.refuse(CommandText::tr("A TEXT is empty."));
     }
     console.print(CFileSystemHelper::getValidFileSystemName(line.arguments().constFirst()));
     return ExitDone;
@@ -80,7 +86,8 @@ int runSafeName(const CommandLine &line, Console &console)
 
 const Command nameCommand = {
     "name",
-    "Finds a name that no file in a directory has.",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Finds a name that no file in a directory has."),
     s_nameHelpText,
     "dir= ext= prefix=",
     "",
@@ -88,7 +95,11 @@ const Command nameCommand = {
 };
 
 const Command safeNameCommand = {
-    "safe-name", "Makes a text a name that any drive takes.", s_safeNameHelpText, "", "TEXT",
+    "safe-name",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", "Makes a text a name that any drive takes."),
+    s_safeNameHelpText,
+    "",
+    "TEXT",
     runSafeName,
 };
 

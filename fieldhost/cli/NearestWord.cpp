@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/NearestWord.h"
 
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/jobs/Text.h"
 
 #include <QVector>
@@ -51,7 +55,7 @@ QString suggestion(const QString &word, const QStringList &words)
 {
     const QString found = nearest(word, words);
     return found.isEmpty() ? QString()
-                           : QStringLiteral(" The nearest one is %1.").arg(quoted(found));
+                           : CommandText::tr(" The nearest one is %1.").arg(quoted(found));
 }
 
 } // namespace Tavro::FieldHost

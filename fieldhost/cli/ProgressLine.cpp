@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/ProgressLine.h"
 
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Width.h"
 #include "fieldhost/jobs/Progress.h"
 #include "fieldhost/jobs/Text.h"
@@ -23,14 +27,14 @@ QString progressLine(const Progress &progress, const QString &directory, const Q
                      int columns)
 {
     const QString bytes =
-        QStringLiteral("%1 of %2")
+        CommandText::tr("%1 of %2")
             .arg(formatBytes(progress.bytes()), formatBytes(progress.totalBytes()));
     const QString percent = QStringLiteral("%1 %").arg(progress.percent());
     const double bytesPerSecond = progress.rate();
     const QString rate = bytesPerSecond > 0 ? formatRate(bytesPerSecond) : QString();
     const qint64 timeLeft = progress.timeLeft();
     const QString left =
-        timeLeft < 0 ? QString() : QStringLiteral("%1 left").arg(formatClock(timeLeft));
+        timeLeft < 0 ? QString() : CommandText::tr("%1 left").arg(formatClock(timeLeft));
 
     QString line;
     for (const QStringList &parts :

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/jobs/Text.h"
@@ -11,7 +15,8 @@ namespace {
 
 using View3d::GeoProjectorSettings;
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost projection [1|2|3]
+const char s_helpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost projection [1|2|3]
 
 Shows the well-known texts of the map's projection, WGS 84 Web Mercator (EPSG:3857). With a
 number, that text alone, as other programs read it:
@@ -25,7 +30,7 @@ Options:
 
 Exit codes:
   0  shown
-  2  the command line was not understood)";
+  2  the command line was not understood)");
 
 struct Projection
 {
@@ -45,8 +50,8 @@ void showAll(Console &console)
         const QString text = projection.text();
         console.print(QStringLiteral("%1: %2\n%3")
                           .arg(QLatin1String(projection.name),
-                               counted(text.size(), QStringLiteral("1 character"),
-                                       QStringLiteral("%1 characters")),
+                               counted(text.size(), CommandText::tr("1 character"),
+                                       CommandText::tr("%1 characters")),
                                text));
     }
 }
@@ -64,16 +69,20 @@ int runProjection(const CommandLine &line, Console &console)
             return ExitDone;
         }
     }
-    return line.refuse(QStringLiteral("There is no projection %1, only 1, 2 and 3.")
+    return line.refuse(CommandText::tr("There is no projection %1, only 1, 2 and 3.")
                            .arg(quoted(words.constFirst())));
 }
 
 } // namespace
 
 const Command projectionCommand = {
-    "projection", "Shows the well-known texts of the map's projection.",
-    s_helpText,   "",
-    "[NUMBER]",   runProjection,
+    "projection",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Shows the well-known texts of the map's projection."),
+    s_helpText,
+    "",
+    "[NUMBER]",
+    runProjection,
 };
 
 } // namespace Tavro::FieldHost

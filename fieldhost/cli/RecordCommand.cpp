@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/RunControls.h"
@@ -20,7 +24,9 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost record [options] CLIP --duration SECONDS
+const char s_helpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      R"(Usage: ovo-fieldhost record [options] CLIP --duration SECONDS
 
 Lets the simulated crawler drive through a pipe, look around every ten seconds and record CLIP.
 Writes the clip information file that belongs to the video: when and with what it was made, and
@@ -44,7 +50,7 @@ Exit codes:
   1  failed: the file was not written
   2  the command line was not understood
   4  nothing recorded: the file cannot lie where it should
-  6  ended early; what was recorded is written)";
+  6  ended early; what was recorded is written)");
 
 // as many milliseconds as fit into any file of this format, and far more than a day
 constexpr int s_most = 1'000'000; // s
@@ -69,12 +75,14 @@ public:
         bool isNumber = false;
         const double value = m_line.value(option).toDouble(&isNumber);
         if (value > s_most) {
-            complain(option, m_line.value(option),
-                     QStringLiteral("is above %1, the most that is possible").arg(s_most));
+            complain(CommandText::tr("--%1 %2 is above %3, the most that is possible.")
+                         .arg(QLatin1String(option), quoted(m_line.value(option)),
+                              QString::number(s_most)));
             return fallback;
         }
         if (!isNumber || !(value > 0)) {
-            complain(option, m_line.value(option), QStringLiteral("is not a number above 0"));
+            complain(CommandText::tr("--%1 %2 is not a number above 0.")
+                         .arg(QLatin1String(option), quoted(m_line.value(option))));
             return fallback;
         }
         return value;
@@ -89,7 +97,8 @@ public:
             bool isNumber = false;
             const double seconds = text.toDouble(&isNumber);
             if (!isNumber || !(seconds >= 0) || seconds * 1000 >= static_cast<double>(duration)) {
-                complain(option, text, QStringLiteral("is not a time within the video"));
+                complain(CommandText::tr("--%1 %2 is not a time within the video.")
+                             .arg(QLatin1String(option), quoted(text)));
                 return {};
             }
             times.append(std::llround(seconds * 1000));
@@ -106,17 +115,17 @@ public:
             return Base::DistanceUnit::Feet;
         }
         if (m_line.isSet(option) && name != QLatin1String("m")) {
-            complain(option, name, QStringLiteral("is neither m nor ft"));
+            complain(CommandText::tr("--%1 %2 is neither m nor ft.")
+                         .arg(QLatin1String(option), quoted(name)));
         }
         return Base::DistanceUnit::Meter;
     }
 
 private:
-    void complain(const char *option, const QString &value, const QString &what)
+    void complain(const QString &sentence)
     {
         if (m_complaint.isEmpty()) {
-            m_complaint =
-                QStringLiteral("--%1 %2 %3.").arg(QLatin1String(option), quoted(value), what);
+            m_complaint = sentence;
         }
     }
 
@@ -130,8 +139,8 @@ QString lineOf(const RecordRun &run, qint64 duration, const SimulatedCrawler &cr
     if (Shared::CLocaleSupport::getDistanceUnit() == Base::DistanceUnit::Feet) {
         distance = Shared::CConversionServices::convertMetersToFeet(distance);
     }
-    return QStringLiteral("%1  %2 of %3  %4 %  %5  pan %6°  tilt %7°")
-        .arg(run.isPaused() ? QStringLiteral("paused   ") : QStringLiteral("recording"),
+    return CommandText::tr("%1  %2 of %3  %4 %  %5  pan %6°  tilt %7°")
+        .arg(run.isPaused() ? CommandText::tr("paused   ") : CommandText::tr("recording"),
              formatClock(run.recorded()), formatClock(duration))
         .arg(run.recorded() * 100 / duration)
         .arg(Shared::CLocaleSupport::distanceValueToLocalizedString(distance, true, true))
@@ -143,16 +152,16 @@ ExitCode sum(const RecordRun &run, Console &console)
 {
     const RecordResult &result = run.result();
     if (!result.problem.isEmpty()) {
-        console.printError(QStringLiteral("%1 was not written as it should be: %2")
+        console.printError(CommandText::tr("%1 was not written as it should be: %2")
                                .arg(quoted(run.infoPath()), result.problem));
         return ExitFailed;
     }
-    console.print(
-        QStringLiteral("%1 %2 of video, %3 in %4")
-            .arg(result.isEndedByUser ? QStringLiteral("Ended after") : QStringLiteral("Recorded"),
-                 formatDuration(result.duration),
-                 counted(result.samples, QStringLiteral("1 sample"), QStringLiteral("%1 samples")),
-                 quoted(run.infoPath())));
+    console.print((result.isEndedByUser ? CommandText::tr("Ended after %1 of video, %2 in %3")
+                                        : CommandText::tr("Recorded %1 of video, %2 in %3"))
+                      .arg(formatDuration(result.duration),
+                           counted(result.samples, CommandText::tr("1 sample"),
+                                   CommandText::tr("%1 samples")),
+                           quoted(run.infoPath())));
     return result.isEndedByUser ? ExitAborted : ExitDone;
 }
 
@@ -170,10 +179,10 @@ int carryOut(const RecordPlan &plan, Console &console)
     QObject::connect(&controls, &RunControls::endRequested, &run, &RecordRun::end);
     run.start();
     if (run.samplesBefore() >= 0) {
-        console.print(QStringLiteral("Continues %1 after %2")
+        console.print(CommandText::tr("Continues %1 after %2")
                           .arg(quoted(run.infoPath()),
-                               counted(run.samplesBefore(), QStringLiteral("1 sample"),
-                                       QStringLiteral("%1 samples"))));
+                               counted(run.samplesBefore(), CommandText::tr("1 sample"),
+                                       CommandText::tr("%1 samples"))));
     }
     return QCoreApplication::exec();
 }
@@ -181,7 +190,7 @@ int carryOut(const RecordPlan &plan, Console &console)
 int runRecord(const CommandLine &line, Console &console)
 {
     if (!line.isSet("duration")) {
-        return line.refuse(QStringLiteral("--duration is missing."));
+        return line.refuse(CommandText::tr("--duration is missing."));
     }
     OptionReader reader(line);
     RecordPlan plan;
@@ -206,9 +215,13 @@ int runRecord(const CommandLine &line, Console &console)
 } // namespace
 
 const Command recordCommand = {
-    "record",   "Records the clip information of a simulated drive through a pipe.",
-    s_helpText, "duration= speed= pause-at= observe-at= unit=",
-    "CLIP",     runRecord,
+    "record",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Records the clip information of a simulated drive through a pipe."),
+    s_helpText,
+    "duration= speed= pause-at= observe-at= unit=",
+    "CLIP",
+    runRecord,
 };
 
 } // namespace Tavro::FieldHost

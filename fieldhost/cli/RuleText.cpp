@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/RuleText.h"
 
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/NearestWord.h"
 #include "fieldhost/jobs/Text.h"
 #include "shared/input/Validator.h"
@@ -48,7 +52,7 @@ QString unknownType(const QString &name)
     for (const TypeName &type : s_types) {
         names += QLatin1String(type.name);
     }
-    return QStringLiteral("There is no rule %1.%2").arg(quoted(name), suggestion(name, names));
+    return CommandText::tr("There is no rule %1.%2").arg(quoted(name), suggestion(name, names));
 }
 
 // what the rule itself calls its properties
@@ -64,9 +68,9 @@ QStringList keysOf(const QMetaObject &rule)
 QString unknownKey(const QString &key, const QString &type, const QStringList &keys)
 {
     if (keys.isEmpty()) {
-        return QStringLiteral("The rule %1 has no options.").arg(type);
+        return CommandText::tr("The rule %1 has no options.").arg(type);
     }
-    return QStringLiteral("The rule %1 has no option %2.%3")
+    return CommandText::tr("The rule %1 has no option %2.%3")
         .arg(type, quoted(key), suggestion(key, keys));
 }
 
@@ -92,11 +96,11 @@ QString setOption(RuleText &rule, Validator &validator, const QString &type, con
         return unknownKey(key, type, keys);
     }
     if (equals < 0) {
-        return QStringLiteral("The option %1 lacks its value: %1=...").arg(key);
+        return CommandText::tr("The option %1 lacks its value: %1=...").arg(key);
     }
     const QString value = option.mid(equals + 1);
     if (!validator.setProperty(key.toLatin1().constData(), value)) {
-        return QStringLiteral("%1 is not a value for %2 of the rule %3.")
+        return CommandText::tr("%1 is not a value for %2 of the rule %3.")
             .arg(quoted(value), key, type);
     }
     rule.options.insert(key, value);
@@ -110,7 +114,7 @@ QString whyPatternIsNone(const Validator &validator)
     if (!pattern.isValid() || expression.isValid()) {
         return {};
     }
-    return QStringLiteral("The pattern %1 cannot be compiled: %2.")
+    return CommandText::tr("The pattern %1 cannot be compiled: %2.")
         .arg(quoted(expression.pattern()), expression.errorString());
 }
 

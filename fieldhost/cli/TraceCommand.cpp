@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/PictureChart.h"
@@ -15,7 +19,8 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost trace [options] CLIP
+const char s_helpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText", R"(Usage: ovo-fieldhost trace [options] CLIP
 
 Reads the clip information file of a video and draws distance, pan and tilt over time.
 
@@ -32,21 +37,21 @@ Exit codes:
   0  drawn
   1  failed: there is no sample to draw, or the picture was not written
   2  the command line was not understood
-  3  there is no clip information file, or it cannot be read)";
+  3  there is no clip information file, or it cannot be read)");
 
 // what comes from a file may hold anything
 QString headline(const QString &path, const ClipInfoFile &info, const Trace &trace)
 {
     QString text = QStringLiteral("%1: %2, %3, %4")
                        .arg(quoted(path),
-                            counted(info.samples.size(), QStringLiteral("1 sample"),
-                                    QStringLiteral("%1 samples")),
+                            counted(info.samples.size(), CommandText::tr("1 sample"),
+                                    CommandText::tr("%1 samples")),
                             formatDuration(std::llround(trace.duration() * 1000)),
-                            counted(trace.recordings(), QStringLiteral("1 recording"),
-                                    QStringLiteral("%1 recordings")));
+                            counted(trace.recordings(), CommandText::tr("1 recording"),
+                                    CommandText::tr("%1 recordings")));
     if (!info.clipName.isEmpty()) {
         text +=
-            QStringLiteral("\nvideo %1 of %2, made by %3")
+            CommandText::tr("\nvideo %1 of %2, made by %3")
                 .arg(quoted(info.clipName), quoted(info.creationDate), quoted(info.application));
     }
     return text;
@@ -56,14 +61,16 @@ void printDoubts(const ClipInfoFile &info, Console &console)
 {
     if (info.badLines > 0) {
         console.printError(
-            QStringLiteral("%1 could not be read, the first is line %2.")
-                .arg(counted(info.badLines, QStringLiteral("1 line"), QStringLiteral("%1 lines")))
+            counted(info.badLines,
+                    CommandText::tr("1 line could not be read, the first is line %2."),
+                    CommandText::tr("%1 lines could not be read, the first is line %2."))
                 .arg(info.firstBadLine));
     }
     if (info.replacedSamples > 0) {
-        console.printError(QStringLiteral("%1 the number of a later one, which was taken.")
-                               .arg(counted(info.replacedSamples, QStringLiteral("1 sample has"),
-                                            QStringLiteral("%1 samples have"))));
+        console.printError(counted(
+            info.replacedSamples,
+            CommandText::tr("1 sample has the number of a later one, which was taken."),
+            CommandText::tr("%1 samples have the number of a later one, which was taken.")));
     }
 }
 
@@ -71,20 +78,20 @@ int runTrace(const CommandLine &line, Console &console)
 {
     const QString picture = line.value("png");
     if (line.isSet("png") && picture.isEmpty()) {
-        return line.refuse(QStringLiteral("The FILE of --png is empty."));
+        return line.refuse(CommandText::tr("The FILE of --png is empty."));
     }
     const QString path =
         Shared::ClipInfoHandler::videoPathToFilePath(line.arguments().constFirst());
     const ClipInfoFile info = ClipInfoFile::read(path);
     if (!info.error.isEmpty()) {
-        console.printError(QStringLiteral("Cannot read %1: %2").arg(quoted(path), info.error));
+        console.printError(CommandText::tr("Cannot read %1: %2").arg(quoted(path), info.error));
         return ExitSourceRefused;
     }
     const Trace trace(info);
     console.print(headline(path, info, trace));
     printDoubts(info, console);
     if (info.samples.isEmpty()) {
-        console.printError(QStringLiteral("There is no sample to draw."));
+        console.printError(CommandText::tr("There is no sample to draw."));
         return ExitFailed;
     }
     console.print(drawText(trace, console.columns()).join(QLatin1Char('\n')));
@@ -92,7 +99,7 @@ int runTrace(const CommandLine &line, Console &console)
         QImageWriter writer(picture, "png");
         if (!writer.write(drawPicture(trace))) {
             console.printError(
-                QStringLiteral("Cannot write %1: %2").arg(quoted(picture), writer.errorString()));
+                CommandText::tr("Cannot write %1: %2").arg(quoted(picture), writer.errorString()));
             return ExitFailed;
         }
     }
@@ -102,9 +109,13 @@ int runTrace(const CommandLine &line, Console &console)
 } // namespace
 
 const Command traceCommand = {
-    "trace",    "Draws the distance, pan and tilt of a recorded clip.",
-    s_helpText, "png=",
-    "CLIP",     runTrace,
+    "trace",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Draws the distance, pan and tilt of a recorded clip."),
+    s_helpText,
+    "png=",
+    "CLIP",
+    runTrace,
     "--png",
 };
 

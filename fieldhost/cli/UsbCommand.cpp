@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/jobs/FatVolume.h"
@@ -18,7 +22,8 @@ using Shared::USBDriveCleanAccessManager;
 
 namespace {
 
-const char s_helpText[] =
+const char s_helpText[] = QT_TRANSLATE_NOOP(
+    "Tavro::FieldHost::CommandText",
     R"(Usage: ovo-fieldhost usb [options] [list | root | lock PATH | unlock | dirty DEVICE]
 
 Shows the USB drive, and makes it safe to pull.
@@ -39,26 +44,25 @@ Options:
 Exit codes:
   0  done
   1  failed, or there is no such drive; the message says why
-  2  the command line was not understood)";
+  2  the command line was not understood)");
 
 const char s_device[] = "/dev/sda1";
 
 void wouldRun(Console &console, const char *command)
 {
     console.print(
-        QStringLiteral("Would run: %1 %2").arg(QLatin1String(command), QLatin1String(s_device)));
+        CommandText::tr("Would run: %1 %2").arg(QLatin1String(command), QLatin1String(s_device)));
 }
 
 void wouldWrite(Console &console, int value, const mountItem &partition)
 {
     const qint64 offset = Shared::getDirtyByteOffset(partition.fileSystemType);
-    console.print(
-        offset < 0
-            ? QStringLiteral("Would write nothing: %1 has no dirty byte.").arg(described(partition))
-            : QStringLiteral("Would write: %1 to byte %2 of %3")
-                  .arg(value)
-                  .arg(offset)
-                  .arg(described(partition)));
+    console.print(offset < 0 ? CommandText::tr("Would write nothing: %1 has no dirty byte.")
+                                   .arg(described(partition))
+                             : CommandText::tr("Would write: %1 to byte %2 of %3")
+                                   .arg(value)
+                                   .arg(offset)
+                                   .arg(described(partition)));
 }
 
 // the commands by which the library looks for partitions where the drive is not mounted
@@ -76,13 +80,13 @@ int list(const CommandLine &line, Console &console, const QString & /*argument*/
 {
     if (line.isSet("dry-run")) {
         if (!wouldLook(console)) {
-            console.print(QStringLiteral("Would run nothing: the drive is mounted."));
+            console.print(CommandText::tr("Would run nothing: the drive is mounted."));
         }
         return ExitDone;
     }
     const auto devices = MountedUSBDeviceList::getUSBMountInfo();
     if (devices.isEmpty()) {
-        console.print(QStringLiteral("There is no USB drive."));
+        console.print(CommandText::tr("There is no USB drive."));
     }
     if (isPulledOut(mountedUsbDevice())) {
         console.print(pulledOutWhileMounted());
@@ -93,15 +97,15 @@ int list(const CommandLine &line, Console &console, const QString & /*argument*/
                                device->productId(), quoted(device->vendorName().trimmed())));
         const Shared::mountPathsStruct info = device->mountInfo();
         if (info.items.isEmpty()) {
-            console.print(QStringLiteral("  nothing mounted"));
+            console.print(CommandText::tr("  nothing mounted"));
         }
         for (const mountItem &item : info.items) {
-            console.print(QStringLiteral("  %1 on %2")
+            console.print(CommandText::tr("  %1 on %2")
                               .arg(described(item), quoted(item.mountPoint.filePath())));
         }
         if (!info.supported) {
-            console.print(QStringLiteral("  not supported: the application works with exFAT, NTFS "
-                                         "and the FAT volumes that it can mark"));
+            console.print(CommandText::tr("  not supported: the application works with exFAT, NTFS "
+                                          "and the FAT volumes that it can mark"));
         }
     }
     return ExitDone;
@@ -115,7 +119,7 @@ int root(const CommandLine &line, Console &console, const QString &argument)
     const QVariantList answer = MountedUSBDeviceList::getUSBMountPathRoot();
     const QString path = answer.at(0).toString();
     if (path.isEmpty()) {
-        console.printError(QStringLiteral("There is no mounted USB drive that you may write to."));
+        console.printError(CommandText::tr("There is no mounted USB drive that you may write to."));
         const QString missing = missingMountRight();
         if (!missing.isEmpty()) {
             console.printError(missing);
@@ -124,8 +128,8 @@ int root(const CommandLine &line, Console &console, const QString &argument)
     }
     console.print(path);
     if (!answer.at(1).toBool()) {
-        console.printError(QStringLiteral("A file system on it is not supported; see: "
-                                          "ovo-fieldhost usb list"));
+        console.printError(CommandText::tr("A file system on it is not supported; see: "
+                                           "ovo-fieldhost usb list"));
     }
     return ExitDone;
 }
@@ -136,8 +140,8 @@ int lock(const CommandLine &line, Console &console, const QString &argument)
     if (line.isSet("dry-run")) {
         if (wouldLook(console)) {
             wouldRun(console, "mount");
-            console.print(QStringLiteral("Would write: 1 to the dirty byte of the partition, if "
-                                         "it has one"));
+            console.print(CommandText::tr("Would write: 1 to the dirty byte of the partition, if "
+                                          "it has one"));
             return ExitDone;
         }
         // nothing is run to find it: the drive is mounted
@@ -154,21 +158,22 @@ int lock(const CommandLine &line, Console &console, const QString &argument)
     if (!manager.lock(path)) {
         console.printError(whyNotMarked(path));
         if (QFile::exists(mountedUsbDevice())) {
-            console.printError(QStringLiteral("The drive is mounted on %1, and not marked.")
+            console.printError(CommandText::tr("The drive is mounted on %1, and not marked.")
                                    .arg(quoted(QString::fromLatin1(usbMountPoint))));
         }
         return ExitFailed;
     }
     const auto partition = partitionOf(path);
-    console.print(QStringLiteral("Mounted and marked as in use%1.")
-                      .arg(partition ? QStringLiteral(": ") + described(*partition) : QString()));
+    console.print(
+        partition ? CommandText::tr("Mounted and marked as in use: %1.").arg(described(*partition))
+                  : CommandText::tr("Mounted and marked as in use."));
     return ExitDone;
 }
 
 int unlock(const CommandLine &line, Console &console, const QString & /*argument*/)
 {
     if (!MountedUSBDeviceList::isUSBMounted()) {
-        console.print(QStringLiteral("Nothing is mounted on %1.")
+        console.print(CommandText::tr("Nothing is mounted on %1.")
                           .arg(quoted(QString::fromLatin1(usbMountPoint))));
         return ExitDone;
     }
@@ -185,7 +190,8 @@ int unlock(const CommandLine &line, Console &console, const QString & /*argument
         console.printError(missing);
         return ExitFailed;
     }
-    console.print(QStringLiteral("Unmounting, as soon as nobody uses the drive; Ctrl-C gives up."));
+    console.print(
+        CommandText::tr("Unmounting, as soon as nobody uses the drive; Ctrl-C gives up."));
     const UnmountResult result = unmountUsbDrive();
     if (result.isClean) {
         console.print(result.sentence);
@@ -199,7 +205,7 @@ int dirty(const CommandLine &line, Console &console, const QString &argument)
 {
     const QString path = absolutePath(argument);
     if (line.isSet("dry-run")) {
-        console.print(QStringLiteral("Would read: the boot sector of %1").arg(quoted(path)));
+        console.print(CommandText::tr("Would read: the boot sector of %1").arg(quoted(path)));
         return ExitDone;
     }
     const QString missing = missingReadRight(path);
@@ -209,17 +215,17 @@ int dirty(const CommandLine &line, Console &console, const QString &argument)
     }
     const FatVolume volume = readFatVolume(path);
     if (volume.type.isEmpty()) {
-        console.printError(QStringLiteral("%1 holds no FAT file system, and so has no dirty byte "
-                                          "that is known here.")
+        console.printError(CommandText::tr("%1 holds no FAT file system, and so has no dirty byte "
+                                           "that is known here.")
                                .arg(quoted(path)));
         return ExitFailed;
     }
     console.print(QStringLiteral("%1: %2 (%3)")
-                      .arg(volume.isDirty ? QStringLiteral("dirty") : QStringLiteral("clean"),
+                      .arg(volume.isDirty ? CommandText::tr("dirty") : CommandText::tr("clean"),
                            quoted(path), volume.type));
     if (MountedUSBDeviceList::getFatSubtype(path).isEmpty()) {
-        console.print(QStringLiteral("A lock does not mark it: it knows no type for volumes of "
-                                     "this size."));
+        console.print(CommandText::tr("A lock does not mark it: it knows no type for volumes of "
+                                      "this size."));
     }
     return ExitDone;
 }
@@ -238,7 +244,12 @@ int runUsb(const CommandLine &line, Console & /*console*/)
 } // namespace
 
 const Command usbCommand = {
-    "usb",  "Shows the USB drive, and makes it safe to pull.", s_helpText, "dry-run", "[ACTION]...",
+    "usb",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Shows the USB drive, and makes it safe to pull."),
+    s_helpText,
+    "dry-run",
+    "[ACTION]...",
     runUsb,
 };
 

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/RuleText.h"
@@ -17,7 +21,9 @@ using Shared::Validator;
 
 namespace {
 
-const char s_helpText[] = R"(Usage: ovo-fieldhost validate [options] --rule RULE... [--] TEXT...
+const char s_helpText[] =
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      R"(Usage: ovo-fieldhost validate [options] --rule RULE... [--] TEXT...
 
 Tells what a form would say of each TEXT: whether it passes all rules, and the verdict and the
 hint of each rule.
@@ -45,7 +51,7 @@ Options:
 Exit codes:
   0  every TEXT passes
   1  a TEXT does not pass
-  2  the command line was not understood)";
+  2  the command line was not understood)");
 
 /** One rule, for its own verdict. */
 struct Rule
@@ -73,13 +79,13 @@ QString nameOf(QValidator::State verdict)
 {
     switch (verdict) {
     case QValidator::Invalid:
-        return QStringLiteral("Invalid");
+        return CommandText::tr("Invalid");
     case QValidator::Intermediate:
-        return QStringLiteral("Intermediate");
+        return CommandText::tr("Intermediate");
     case QValidator::Acceptable:
         break;
     }
-    return QStringLiteral("Acceptable");
+    return CommandText::tr("Acceptable");
 }
 
 // a pattern in a hint may hold anything
@@ -96,7 +102,7 @@ void printVerdict(Console &console, const Rule &rule, const QString &text)
         QStringLiteral("  %1  %2").arg(nameOf(rule.validator->validate(rewritten, pos)), -12);
     line = line.arg(withoutQuotes(quoted(rule.text)));
     if (rewritten != text) {
-        line += QStringLiteral(", read as %1").arg(quoted(rewritten));
+        line += CommandText::tr(", read as %1").arg(quoted(rewritten));
     }
     console.print(line);
     const QStringList hint = rule.validator->hint().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -111,8 +117,8 @@ int judge(Console &console, const Field &field, const QStringList &texts, bool i
     for (const QString &text : texts) {
         QString copy = text;
         const bool passes = field.together.validate(copy, isFinal);
-        console.print(QStringLiteral("%1 %2").arg(
-            quoted(text), passes ? QStringLiteral("passes") : QStringLiteral("does not pass")));
+        console.print((passes ? CommandText::tr("%1 passes") : CommandText::tr("%1 does not pass"))
+                          .arg(quoted(text)));
         for (const Rule &rule : field.each) {
             printVerdict(console, rule, text);
         }
@@ -126,7 +132,7 @@ int judge(Console &console, const Field &field, const QStringList &texts, bool i
 int runValidate(const CommandLine &line, Console &console)
 {
     if (!line.isSet("rule")) {
-        return line.refuse(QStringLiteral("A --rule is missing."));
+        return line.refuse(CommandText::tr("A --rule is missing."));
     }
     Field field;
     const QStringList ruleTexts = line.values("rule");
@@ -143,9 +149,13 @@ int runValidate(const CommandLine &line, Console &console)
 } // namespace
 
 const Command validateCommand = {
-    "validate", "Tells whether texts pass the rules of a form, and why not.",
-    s_helpText, "rule= final",
-    "TEXT...",  runValidate,
+    "validate",
+    QT_TRANSLATE_NOOP("Tavro::FieldHost::CommandText",
+                      "Tells whether texts pass the rules of a form, and why not."),
+    s_helpText,
+    "rule= final",
+    "TEXT...",
+    runValidate,
 };
 
 } // namespace Tavro::FieldHost

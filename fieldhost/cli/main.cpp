@@ -1,11 +1,16 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/cli/Command.h"
 #include "fieldhost/cli/CommandLine.h"
+#include "fieldhost/cli/CommandText.h"
 #include "fieldhost/cli/Console.h"
 #include "fieldhost/cli/ExitCode.h"
 #include "fieldhost/cli/NearestWord.h"
 #include "fieldhost/jobs/Paths.h"
 #include "fieldhost/jobs/Text.h"
 #include "fieldhost/services/FieldApplication.h"
+#include "fieldhost/translations/Translators.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -63,20 +68,20 @@ QString helpText()
     for (const Command *command : s_commands) {
         width = qMax(width, static_cast<int>(qstrlen(command->name)));
     }
-    QString text = QStringLiteral("Usage: ovo-fieldhost COMMAND ...\n\nCommands:");
+    QString text = CommandText::tr("Usage: ovo-fieldhost COMMAND ...\n\nCommands:");
     for (const Command *command : s_commands) {
         text += QStringLiteral("\n  %1  %2")
                     .arg(QLatin1String(command->name), -width)
-                    .arg(QLatin1String(command->summary));
+                    .arg(CommandText::tr(command->summary));
     }
-    return text
-        + QStringLiteral("\n\nOptions:\n"
-                         "  -h, --help     Shows this text; after a COMMAND, that of the "
-                         "command with its exit codes.\n"
-                         "  -v, --version  Shows the version.\n\n"
-                         "\"ovo-fieldhost help COMMAND\" shows the text of a command, too.\n\n"
-                         "A command that has done its work ends with 1 when what it says cannot "
-                         "be written.");
+    return text + QLatin1String("\n\n")
+        + CommandText::tr("Options:\n"
+                          "  -h, --help     Shows this text; after a COMMAND, that of the "
+                          "command with its exit codes.\n"
+                          "  -v, --version  Shows the version.\n\n"
+                          "\"ovo-fieldhost help COMMAND\" shows the text of a command, too.\n\n"
+                          "A command that has done its work ends with 1 when what it says cannot "
+                          "be written.");
 }
 
 int refuseCommand(const QString &name, Console &console)
@@ -85,7 +90,7 @@ int refuseCommand(const QString &name, Console &console)
     for (const Command *command : s_commands) {
         names += QLatin1String(command->name);
     }
-    console.printError(QStringLiteral("There is no command %1.%2\nTry: ovo-fieldhost --help")
+    console.printError(CommandText::tr("There is no command %1.%2\nTry: ovo-fieldhost --help")
                            .arg(quoted(name), suggestion(name, names)));
     return ExitUsage;
 }
@@ -96,7 +101,7 @@ int help(const QString &name, Console &console)
     if (!command && !name.isEmpty()) {
         return refuseCommand(name, console);
     }
-    console.print(command ? QString::fromUtf8(command->help) : helpText());
+    console.print(command ? CommandText::tr(command->help) : helpText());
     return ExitDone;
 }
 
@@ -121,7 +126,8 @@ int run(const QStringList &arguments)
         return ExitDone;
     }
     if (first.isEmpty()) {
-        console.printError(QStringLiteral("A COMMAND is missing.\n\n") + helpText());
+        console.printError(CommandText::tr("A COMMAND is missing.") + QLatin1String("\n\n")
+                           + helpText());
         return ExitUsage;
     }
     return refuseCommand(first, console);
@@ -187,7 +193,7 @@ int withOutputError(int code)
         return code;
     }
     Console().printError(
-        QStringLiteral("The output could not be written (%1).").arg(systemText(error)));
+        CommandText::tr("The output could not be written (%1).").arg(systemText(error)));
     return code == ExitDone ? ExitFailed : code;
 }
 
@@ -225,11 +231,15 @@ int main(int argc, char *argv[])
         std::setlocale(LC_CTYPE, "C.UTF-8"); // how wide a letter is on a terminal
     }
 
+    Translators translators;
+    translators.loadFromEnvironment();
+
     if (const int i = firstUnusableArgument(argc, argv)) {
         Console console;
-        console.printError(QStringLiteral("%1 is not valid UTF-8. A file or directory of this name "
-                                          "can be used once it is renamed.")
-                               .arg(quoted(QByteArray(argv[i]))));
+        console.printError(
+            CommandText::tr("%1 is not valid UTF-8. A file or directory of this name "
+                            "can be used once it is renamed.")
+                .arg(quoted(QByteArray(argv[i]))));
         return ExitUsage;
     }
     const FieldApplication host;

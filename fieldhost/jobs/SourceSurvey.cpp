@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/jobs/SourceSurvey.h"
 
 #include "fieldhost/jobs/Paths.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/jobs/StagedCopy.h"
 
 #include "fieldhost/jobs/Merge.h"

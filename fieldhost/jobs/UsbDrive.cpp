@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/jobs/UsbDrive.h"
 
 #include "fieldhost/jobs/FatVolume.h"

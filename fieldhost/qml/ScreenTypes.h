@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 // What qmllint and editors are told about the screens' own types, under which names. No program

@@ -1,6 +1,10 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/Screens.h"
 #include "fieldhost/qml/translations/Translations.h"
 #include "fieldhost/services/FieldApplication.h"
+#include "fieldhost/translations/Translators.h"
 #include "shared/locale/GlobalLocaleData.h"
 
 #include <QApplication>
@@ -27,29 +31,49 @@ QRegularExpressionMatch sizeOf(const QCommandLineParser &parser)
     return form.match(parser.value(s_size));
 }
 
+/** Translates what is wrong with the options, before there are screens. */
+class OptionText
+{
+    Q_DECLARE_TR_FUNCTIONS(OptionText)
+};
+
 // why the options are not understood; empty when they are
 QString objectionTo(const QCommandLineParser &parser)
 {
     static const QRegularExpression pages(
         QStringLiteral("^(export|delete|form|recording|locale|device)$"));
     if (!parser.positionalArguments().isEmpty()) {
-        return QStringLiteral("Nothing but options is expected.");
+        return OptionText::tr("Nothing but options is expected.");
     }
     if (!sizeOf(parser).hasMatch()) {
-        return QStringLiteral("--size needs a width and a height, such as 1280x800.");
+        return OptionText::tr("--size needs a width and a height, such as 1280x800.");
     }
     const double fontScale = parser.value(s_fontScale).toDouble();
     if (!(fontScale >= 1 && fontScale <= 2)) { // nor for a number that is none
-        return QStringLiteral("--font-scale needs a number from 1 to 2.");
+        return OptionText::tr("--font-scale needs a number from 1 to 2.");
     }
     if (!pages.match(parser.value(s_page)).hasMatch()) {
-        return QStringLiteral(
+        return OptionText::tr(
             "--page needs one of: export, delete, form, recording, locale, device.");
     }
     if (parser.isSet(s_language) && QLocale(parser.value(s_language)).language() == QLocale::C) {
-        return QStringLiteral("--language needs a locale, such as de or de_CH.");
+        return OptionText::tr("--language needs a locale, such as de or de_CH.");
     }
     return {};
+}
+
+// says so, in the language of the environment, as the command does that starts the screens
+bool isRefused(const QCommandLineParser &parser)
+{
+    Translators translators;
+    translators.loadFromEnvironment();
+    const QString objection = objectionTo(parser);
+    if (!objection.isEmpty()) {
+        QTextStream errors(stderr);
+        errors.setCodec("UTF-8"); // as the command writes
+        errors << objection << '\n' << OptionText::tr("Try: ovo-fieldhost gui --help") << '\n';
+    }
+    return !objection.isEmpty();
 }
 
 } // namespace
@@ -77,9 +101,7 @@ int main(int argc, char *argv[])
                       QStringLiteral("export")});
     parser.process(application);
 
-    const QString objection = objectionTo(parser);
-    if (!objection.isEmpty()) {
-        QTextStream(stderr) << objection << "\nTry: ovo-fieldhost gui --help\n";
+    if (isRefused(parser)) {
         return 2;
     }
     GlobalLocaleData::instance()->setDeviceLocale(

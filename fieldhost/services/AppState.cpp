@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "host/AppState.h"
 
 #include "fieldhost/services/FieldApplication.h"

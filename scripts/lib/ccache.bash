@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # Spares what has been compiled before, where ccache is installed. To be sourced before CMake runs,
 # which takes these as the defaults of a new build directory.

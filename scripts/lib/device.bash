@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # What takes long to make for the emulated tablet is kept between runs. To be sourced, in the
 # project's root.

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # Who may include whom, and which headers are installed. To be sourced, in the project's root.
 
@@ -20,11 +23,12 @@ declare -A uses_of=(
 # so may qml/. fieldhost/qml registers the types of qml/ as any host does.
 declare -A fieldhost_uses_of=(
     [catalog]=''
-    [cli]='catalog forms jobs services'
+    [cli]='catalog forms jobs services translations'
     [forms]=''
     [jobs]='catalog services'
-    [qml]='catalog forms jobs services'
+    [qml]='catalog forms jobs services translations'
     [services]=''
+    [translations]=''
 )
 
 # includes_of DIRECTORY: "file:line:included path" of all includes of this project's own headers

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/fileops/CDirectorySizeFinder.h"
 
 #include "shared/filesystem/CFileSystemHelper.h"
@@ -125,7 +128,8 @@ void CDirectorySizeFinder::startDirectorySizeCalculation(const QString &path)
     watcher->setFuture(task->future());
     const bool isForPool = canCreateThread();
     if (isForPool) {
-        QtConcurrent::run([task] { task->run(); });
+        // the task has a future of its own
+        static_cast<void>(QtConcurrent::run([task] { task->run(); }));
     }
     QTimer::singleShot(isForPool ? s_patience : 0, watcher,
                        [task, watcher] { runWithoutPool(task, watcher); });

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/fileops/CFileCopyController.h"
 
 #include "host/CLogger.h"

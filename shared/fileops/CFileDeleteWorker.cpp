@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/fileops/CFileDeleteWorker.h"
 
 #include "shared/fileops/detail/CFileDeleteWorkerPrivate.h"

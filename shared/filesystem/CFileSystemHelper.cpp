@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/filesystem/CFileSystemHelper.h"
 
 #include "host/CLogger.h"
@@ -49,7 +52,7 @@ QString numberText(quint64 n)
 }
 
 // 0 when numberText() writes no number like that
-quint64 numberFrom(const QStringRef &text)
+quint64 numberFrom(const QString &text)
 {
     bool isNumber = false;
     const quint64 n = text.toULongLong(&isNumber);
@@ -77,7 +80,7 @@ std::vector<quint64> takenNumbers(const QString &directory, const QString &stem,
         if (name.size() >= stem.size() + extension.size() && name.startsWith(stem)
             && name.endsWith(extension)) {
             const int length = name.size() - stem.size() - extension.size();
-            numbers.push_back(numberFrom(name.midRef(stem.size(), length)));
+            numbers.push_back(numberFrom(name.mid(stem.size(), length)));
         }
     }
     std::sort(numbers.begin(), numbers.end());

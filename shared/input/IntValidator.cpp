@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/input/IntValidator.h"
 
 #include "shared/input/detail/RefusedText.h"

@@ -1,6 +1,10 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/locale/CLocaleSupport.h"
 
 #include "shared/locale/GlobalLocaleData.h"
+#include "shared/locale/detail/DecimalPointOf.h"
 #include "shared/locale/detail/DistanceUnitTexts.h"
 
 #include <QDate>
@@ -165,7 +169,7 @@ QString CLocaleSupport::distanceValueToLocalizedString(double value, bool withUn
 double CLocaleSupport::distanceValueFromLocalizedString(const QString &text)
 {
     const QLocale &locale = currentLocale();
-    const QChar decimalPoint = locale.decimalPoint();
+    const QChar decimalPoint = detail::decimalPointOf(locale);
     const auto isDecimalMark = [](QChar c) {
         return c == QLatin1Char('.') || c == QLatin1Char(',');
     };

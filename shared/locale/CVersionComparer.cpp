@@ -1,51 +1,31 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/locale/CVersionComparer.h"
 
-#include <QStringRef>
-
-#include <array>
-#include <optional>
+#include <QStringList>
 
 namespace Tavro::Shared {
 
 namespace {
 
-constexpr std::size_t s_partCount = 4;
-
-using Parts = std::array<QStringRef, s_partCount>;
-
-// nothing unless there are exactly four; they may be empty
-std::optional<Parts> partsOf(const QString &version)
-{
-    Parts parts;
-    int begin = 0;
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        const bool last = i + 1 == parts.size();
-        const int dot = version.indexOf(QLatin1Char('.'), begin);
-        if ((dot < 0) != last) {
-            return std::nullopt;
-        }
-        const int end = last ? version.size() : dot;
-        parts[i] = QStringRef(&version, begin, end - begin);
-        begin = end + 1;
-    }
-    return parts;
-}
+constexpr int s_partCount = 4;
 
 } // namespace
 
 int CVersionComparer::compare(const QString &a, const QString &b, bool &ok)
 {
     ok = false;
-    const std::optional<Parts> partsOfA = partsOf(a);
-    const std::optional<Parts> partsOfB = partsOf(b);
-    if (!partsOfA || !partsOfB) {
+    const QStringList partsOfA = a.split(QLatin1Char('.')); // they may be empty
+    const QStringList partsOfB = b.split(QLatin1Char('.'));
+    if (partsOfA.size() != s_partCount || partsOfB.size() != s_partCount) {
         return 0;
     }
-    for (std::size_t i = 0; i < s_partCount; ++i) {
+    for (int i = 0; i < s_partCount; ++i) {
         bool readA = false;
         bool readB = false;
-        const int partOfA = (*partsOfA)[i].toInt(&readA);
-        const int partOfB = (*partsOfB)[i].toInt(&readB);
+        const int partOfA = partsOfA[i].toInt(&readA);
+        const int partOfB = partsOfB[i].toInt(&readB);
         if (!readA || !readB) {
             return 0;
         }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/locale/LengthUnitsConverter.h"
 
 #include "host/CLogger.h"

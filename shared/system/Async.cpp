@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/system/Async.h"
 
 #include "shared/system/detail/TaskCounter.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/usb/MountedUSBDeviceList.h"
 
 #include "shared/base/detail/ChildProcess.h"

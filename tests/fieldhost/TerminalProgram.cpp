@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "tests/fieldhost/TerminalProgram.h"
 
 #include "tests/fieldhost/Program.h"

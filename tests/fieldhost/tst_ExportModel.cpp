@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/export/ExportModel.h"
 #include "tests/fieldhost/Handshake.h"
 #include "tests/fieldhost/TestDrive.h"

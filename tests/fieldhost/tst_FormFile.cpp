@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/catalog/CatalogFiles.h"
 #include "fieldhost/forms/FormFile.h"
 #include "host/CCatalogTemplate.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "tests/fieldhost/Program.h"
 #include "tests/support/FileTree.h"
 
@@ -77,6 +80,7 @@ private Q_SLOTS:
 #ifdef OVO_FIELDHOST_GUI
     void screensRefuseWhatTheyDoNotUnderstand_data();
     void screensRefuseWhatTheyDoNotUnderstand();
+    void screensRefuseInTheLanguageOfTheEnvironment();
 #endif
 };
 
@@ -158,6 +162,24 @@ void tst_GuiCommand::aPlatformNeedsNoDisplay()
 
 #ifdef OVO_FIELDHOST_GUI
 
+namespace {
+
+Outcome runScreens(const QString &option, const QString &locale = QStringLiteral("C.UTF-8"))
+{
+    Program screens;
+    screens.setProgram(QStringLiteral(OVO_FIELDHOST_GUI));
+    // Qt would make one, and leave it behind
+    const QTemporaryDir runtimeDirectory;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeDirectory.path());
+    environment.insert(QStringLiteral("LC_ALL"), locale);
+    screens.setProcessEnvironment(environment);
+    screens.begin({option});
+    return screens.end();
+}
+
+} // namespace
+
 void tst_GuiCommand::screensRefuseWhatTheyDoNotUnderstand_data()
 {
     QTest::addColumn<QString>("option");
@@ -177,17 +199,19 @@ void tst_GuiCommand::screensRefuseWhatTheyDoNotUnderstand()
 {
     QFETCH(QString, option);
     QFETCH(QString, reason);
-    Program screens;
-    screens.setProgram(QStringLiteral(OVO_FIELDHOST_GUI));
-    // Qt would make one, and leave it behind
-    const QTemporaryDir runtimeDirectory;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtimeDirectory.path());
-    screens.setProcessEnvironment(environment);
-    screens.begin({option});
-    const Outcome outcome = screens.end();
+    const Outcome outcome = runScreens(option);
     QCOMPARE(outcome.exitCode, int(Usage));
     QVERIFY2(outcome.errors.contains(reason), qPrintable(outcome.errors));
+}
+
+void tst_GuiCommand::screensRefuseInTheLanguageOfTheEnvironment()
+{
+    const Outcome outcome = runScreens(QStringLiteral("--size=small"), QStringLiteral("de_DE"));
+    QCOMPARE(outcome.exitCode, int(Usage));
+    QVERIFY2(
+        outcome.errors.contains(QStringLiteral("--size erwartet Breite und Höhe, wie "
+                                               "1280x800.\nHilfe: ovo-fieldhost gui --help\n")),
+        qPrintable(outcome.errors));
 }
 
 #endif

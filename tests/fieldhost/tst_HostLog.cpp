@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/services/HostLog.h"
 #include "shared/fileops/CFileCopyController.h"
 #include "tests/support/LogRecorder.h"

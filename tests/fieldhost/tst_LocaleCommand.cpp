@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "tests/fieldhost/Program.h"
 #include "tests/support/FileTree.h"
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/jobs/ClipInfoFile.h"
 #include "fieldhost/qml/recording/ClipTrace.h"
 #include "fieldhost/qml/recording/Recording.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/services/SimulatedCrawler.h"
 #include "fieldhost/services/SimulatedDrive.h"
 

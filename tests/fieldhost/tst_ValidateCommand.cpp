@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "tests/fieldhost/Program.h"
 
 #include <QTest>
@@ -133,7 +136,8 @@ void tst_ValidateCommand::patternReachesToTheEnd()
 void tst_ValidateCommand::localeIsThatOfTheEnvironment()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
+    // its numbers have a comma, and there is no translation
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("fr_FR.UTF-8"));
     Program program;
     program.setProcessEnvironment(environment);
     program.begin(words("validate|--rule|double|1.5"));

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/fileops/CFileCopyWorker.h"
 #include "tests/support/CopyOutcome.h"
 #include "tests/support/FakeCommands.h"

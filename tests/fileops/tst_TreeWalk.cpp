@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/fileops/detail/TreeWalk.h"
 #include "tests/support/FaultInjection.h"
 #include "tests/support/FileTree.h"

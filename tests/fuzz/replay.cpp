@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Gives a fuzzer every file of the folders among its arguments, once, where there is no libFuzzer.
 
 #include <cstdint>

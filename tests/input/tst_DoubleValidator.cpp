@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/input/DoubleValidator.h"
 #include "shared/input/TextValidator.h"
 #include "tests/input/CurrentLocale.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/input/DateTimeValidator.h"
 #include "shared/input/DoubleValidator.h"
 #include "shared/input/IntValidator.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/input/RegExpValidator.h"
 #include "tests/input/Declared.h"
 #include "tests/input/Verdict.h"

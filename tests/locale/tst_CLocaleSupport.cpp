@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/locale/CLocaleSupport.h"
 #include "tests/support/LocaleScope.h"
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/locale/CProjectLocaleData.h"
 #include "tests/locale/Journal.h"
 #include "tests/support/FakeCatalog.h"

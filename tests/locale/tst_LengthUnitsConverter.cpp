@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/locale/CLocaleSupport.h"
 #include "shared/locale/LengthUnitsConverter.h"
 #include "tests/support/LogRecorder.h"

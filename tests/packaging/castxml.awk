@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # What castxml writes: an element a line, whose attributes have names.
 
 function value(name)

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # What the package tests share. CTest sets CMAKE, CXX, CXXFLAGS and the OVO_ variables.
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # After castxml.awk: the symbols that the library has to export, mangled, one a line. A constructor's
 # parameters are left out: castxml does not mangle them.
 

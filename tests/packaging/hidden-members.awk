@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # After castxml.awk: the classes that show private members other than a pointer "d" at their end, and
 # the QObjects that have no such pointer.
 

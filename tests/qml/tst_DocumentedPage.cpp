@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "qml/OvoSharedBaseTypes.h"
 #include "tests/support/FakeCommands.h"
 #include "tests/support/FileTree.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/forms/ColumnInputType.h"
 #include "host/CColumnDefinition.h"
 #include "qml/OvoSharedBaseTypes.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "qml/OvoSharedBaseTypes.h"
 #include "shared/base/CErrorCode.h"
 #include "shared/input/CInputType.h"

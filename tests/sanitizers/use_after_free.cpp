@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Reads a piece of memory that it has given back.
 int main(int argc, char **)
 {

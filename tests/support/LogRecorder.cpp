@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/LogRecorder.h"
 
 using Tavro::FieldHost::HostLog;

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/LoopDevice.h"
 
 #include "tests/support/PrivateMounts.h"

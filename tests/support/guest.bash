@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # What uml-run and vm-run have in common: their options, and what their kernels do first. To be
 # sourced.

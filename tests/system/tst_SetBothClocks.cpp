@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "tests/system/SetBothClocks.h"
 
 #include "tests/support/TestClock.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/system/SystemDateTime.h"
 #include "tests/support/FakeCommands.h"
 #include "tests/support/FileTree.h"

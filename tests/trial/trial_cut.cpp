@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Cuts the power of a recorded disk again and again, and looks each time at what is left of what
 // had been reported by then.
 //

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Records a clip in real time and says how late its frames were: each is due when the one before it
 // has lasted.
 

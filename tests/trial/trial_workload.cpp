@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // What is done to a disk on trial: makes trees, copies them through the library and notes down what
 // was reported, when it was reported.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/usb/MountedUSBDeviceList.h"
 #include "tests/support/FileTree.h"
 #include "tests/support/UdevTestBed.h"

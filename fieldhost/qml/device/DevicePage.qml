@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 import QtQuick 2.15
 import QtQuick.Layouts 1.15
 import "../look"

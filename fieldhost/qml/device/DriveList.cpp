@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/device/DriveList.h"
 
 #include "fieldhost/services/Printable.h"

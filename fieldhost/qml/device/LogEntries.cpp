@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/device/LogEntries.h"
 
 #include "fieldhost/services/HostLog.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/export/ExportTypes.h"
 
 #include "fieldhost/qml/export/DeleteModel.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 .pragma library
 
 // A number of bytes in binary units, as the jobs write them; the number by the formats of the

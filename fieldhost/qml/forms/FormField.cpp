@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/forms/FormField.h"
 
 #include "fieldhost/forms/ColumnInputType.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/forms/InspectionForm.h"
 
 #include "fieldhost/catalog/CatalogFiles.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/locale/LocaleTypes.h"
 
 #include "fieldhost/qml/locale/ProjectLocale.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 import QtQuick 2.15
 
 // Shows around its parent where the keyboard is. Outside of it, so that it is seen on any colour.

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 import QtQuick 2.15
 
 // An icon of the font "Material Icons", by the font's own name for it. Takes no room where the font

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/recording/ClipTrace.h"
 
 #include "fieldhost/jobs/ClipInfoFile.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 import OvoFieldHost 1.0
 import OvoSharedBase 1.0
 import QtQuick 2.15

@@ -1,16 +1,11 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/translations/Translations.h"
 
 #include "shared/locale/GlobalLocaleData.h"
 
-#include <QCoreApplication>
-#include <QLibraryInfo>
 #include <QQmlEngine>
-
-// in no namespace: the name that it refers to is in none
-static void initialiseResources()
-{
-    Q_INIT_RESOURCE(translations); // the linker leaves it out of an archive otherwise
-}
 
 namespace Tavro::FieldHost {
 
@@ -19,7 +14,6 @@ using Shared::GlobalLocaleData;
 Translations::Translations(QQmlEngine &engine)
     : m_engine(engine)
 {
-    initialiseResources();
     auto *const current = GlobalLocaleData::instance();
     connect(current, &GlobalLocaleData::localeChanged, this,
             [this, current] { speak(current->locale()); });
@@ -34,20 +28,7 @@ void Translations::speak(const QLocale &locale)
         return;
     }
     m_language = locale.language();
-    const QString ours = QStringLiteral(":/translations");
-    const QString separator = QStringLiteral("_");
-    auto &[qt, library, screens] = m_translators;
-    for (QTranslator &translator : m_translators) {
-        QCoreApplication::removeTranslator(&translator);
-    }
-    // one that finds no file is empty, and not installed
-    qt.load(locale, QStringLiteral("qtbase"), separator,
-            QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    library.load(locale, QStringLiteral("ovosharedbase"), separator, ours);
-    screens.load(locale, QStringLiteral("ovo-fieldhost"), separator, ours);
-    for (QTranslator &translator : m_translators) {
-        QCoreApplication::installTranslator(&translator);
-    }
+    m_translators.load(locale);
     m_engine.retranslate();
 }
 

@@ -1,10 +1,12 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #pragma once
+
+#include "fieldhost/translations/Translators.h"
 
 #include <QLocale>
 #include <QObject>
-#include <QTranslator>
-
-#include <array>
 
 class QQmlEngine;
 
@@ -31,7 +33,7 @@ private:
 
     QQmlEngine &m_engine;
     QLocale::Language m_language = QLocale::C;
-    std::array<QTranslator, 3> m_translators; // of Qt, the library and the screens
+    Translators m_translators;
 };
 
 } // namespace Tavro::FieldHost

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/fileops/detail/CopyRun.h"
 
 #include "shared/fileops/detail/DestinationRemoval.h"
@@ -64,7 +67,7 @@ bool repeatsSource(const CFileCopyData &job, const QString &path)
 QString targetOf(const CFileCopyData &job, const QString &path)
 {
     if (!repeatsSource(job, path)) { // saves two copies of the path
-        return job.destinationPath % path.midRef(job.sourcePath.size());
+        return job.destinationPath % QStringView(path).mid(job.sourcePath.size());
     }
     // every occurrence goes, not only the first: destinations have always been named so
     return job.destinationPath + QString(path).remove(job.sourcePath);

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/fileops/detail/WrittenVolumes.h"
 
 #include "shared/filesystem/detail/SystemCall.h"

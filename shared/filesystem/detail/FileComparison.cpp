@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/filesystem/detail/FileComparison.h"
 
 #include "shared/filesystem/detail/Descriptor.h"
@@ -127,7 +130,7 @@ QByteArray BlockReader::digest()
     rewind();
     do {
         next();
-        hash.addData(m_block.get(), static_cast<int>(m_size));
+        hash.addData(QByteArray::fromRawData(m_block.get(), static_cast<int>(m_size)));
     } while (isReadable() && m_size > 0);
     return isReadable() ? hash.result() : QByteArray();
 }

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: The OvoSharedBase contributors
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash
 # What the trial's scripts on the tablet have in common. To be sourced there, in the project's root;
 # OVO_BUILD names the build directory.

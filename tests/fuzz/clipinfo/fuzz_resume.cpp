@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Has the clip information handler continue a file of arbitrary bytes, and holds the line that it
 // appends against a second reading of the same bytes.
 

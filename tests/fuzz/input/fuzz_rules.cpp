@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 // Rules, their options and texts that nobody would think of, by libFuzzer. An input is a text:
 //
 //     1                the type of a rule, by its number

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "shared/locale/GlobalLocaleData.h"
 #include "tests/fieldhost/TestDrive.h"
 #include "tests/qml/screens/ScreenTest.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "tests/qml/screens/FileScreenTest.h"
 #include "tests/support/PrivateMounts.h"
 

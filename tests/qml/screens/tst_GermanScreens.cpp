@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/qml/Screens.h"
 #include "fieldhost/qml/translations/Translations.h"
 #include "fieldhost/services/FieldApplication.h"

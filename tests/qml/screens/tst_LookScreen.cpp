@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "tests/qml/screens/ScreenTest.h"
 
 int main(int argc, char *argv[])

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: The OvoSharedBase contributors
+// SPDX-License-Identifier: MIT
+
 #include "fieldhost/jobs/ClipInfoFile.h"
 #include "tests/qml/screens/ScreenTest.h"
 #include "tests/support/FileTree.h"

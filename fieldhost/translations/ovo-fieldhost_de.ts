@@ -268,7 +268,7 @@
     </message>
     <message>
         <source>Unmounting the drive</source>
-        <translation>Laufwerk wird ausgeworfen</translation>
+        <translation>Laufwerk wird ausgehängt</translation>
     </message>
     <message>
         <source>The export is done</source>
@@ -722,6 +722,33 @@
     </message>
 </context>
 <context>
+    <name>OptionText</name>
+    <message>
+        <source>Nothing but options is expected.</source>
+        <translation>Erwartet werden nur Optionen.</translation>
+    </message>
+    <message>
+        <source>--size needs a width and a height, such as 1280x800.</source>
+        <translation>--size erwartet Breite und Höhe, wie 1280x800.</translation>
+    </message>
+    <message>
+        <source>--font-scale needs a number from 1 to 2.</source>
+        <translation>--font-scale erwartet eine Zahl von 1 bis 2.</translation>
+    </message>
+    <message>
+        <source>--page needs one of: export, delete, form, recording, locale, device.</source>
+        <translation>--page erwartet eines von: export, delete, form, recording, locale, device.</translation>
+    </message>
+    <message>
+        <source>--language needs a locale, such as de or de_CH.</source>
+        <translation>--language erwartet ein Gebietsschema, wie de oder de_CH.</translation>
+    </message>
+    <message>
+        <source>Try: ovo-fieldhost gui --help</source>
+        <translation>Hilfe: ovo-fieldhost gui --help</translation>
+    </message>
+</context>
+<context>
     <name>Plots</name>
     <message>
         <source>Distance in %1</source>
@@ -738,6 +765,25 @@
     <message>
         <source>Time in seconds</source>
         <translation>Zeit in Sekunden</translation>
+    </message>
+</context>
+<context>
+    <name>QCommandLineParser</name>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>Unbekannte Option: %1.</translation>
+    </message>
+    <message>
+        <source>Unknown options: %1.</source>
+        <translation>Unbekannte Optionen: %1.</translation>
+    </message>
+    <message>
+        <source>Unexpected value after &apos;%1&apos;.</source>
+        <translation>Unerwarteter Wert nach „%1“.</translation>
+    </message>
+    <message>
+        <source>Missing value after &apos;%1&apos;.</source>
+        <translation>Nach „%1“ fehlt der Wert.</translation>
     </message>
 </context>
 <context>
@@ -1025,6 +1071,1484 @@
     </message>
 </context>
 <context>
+    <name>Tavro::FieldHost::CommandText</name>
+    <message>
+        <source>Usage: ovo-fieldhost clock [show]
+       ovo-fieldhost clock set-date DATE
+       ovo-fieldhost clock set-time TIME
+
+Shows the device&apos;s date and time, or sets the system clock and then the hardware clock. Setting
+needs the commands &quot;date&quot; and &quot;hwclock&quot; and the rights of root. Both clocks are read afterwards,
+and the message says which of them is set. A date that one of them cannot hold is refused: on many
+32-bit systems time ends on 2038-01-19.
+
+  DATE  As in 2026-11-21. The time of day stays what this command shows.
+  TIME  As in 13:05 or 13:05:30. The date stays that of today in UTC.
+
+The time shown is local time. A time that is set counts as UTC: where the two differ, the clock
+moves by the difference.
+
+Options:
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  shown, or both clocks are set
+  1  a clock is not set, or cannot hold the date; the message says which
+  2  the command line was not understood</source>
+        <translation>Aufruf: ovo-fieldhost clock [show]
+        ovo-fieldhost clock set-date DATE
+        ovo-fieldhost clock set-time TIME
+
+Zeigt Datum und Uhrzeit des Geräts oder stellt die Systemuhr und danach die
+Hardwareuhr. Zum Stellen sind die Befehle „date“ und „hwclock“ und die Rechte
+von root nötig. Danach werden beide Uhren abgelesen, und die Meldung nennt die,
+die gestellt sind. Ein Datum, das eine von ihnen nicht aufnehmen kann, wird
+abgelehnt: Auf vielen 32-Bit-Systemen endet die Zeit am 2038-01-19.
+
+  DATE  Wie 2026-11-21. Die Uhrzeit bleibt, wie dieser Befehl sie anzeigt.
+  TIME  Wie 13:05 oder 13:05:30. Das Datum bleibt das heutige in UTC.
+
+Angezeigt wird die Ortszeit. Eine gestellte Zeit gilt als UTC: Wo sich beide
+unterscheiden, verstellt sich die Uhr um den Unterschied.
+
+Optionen:
+  -h, --help  Zeigt diesen Text.
+
+Rückgabewerte:
+  0  angezeigt, oder beide Uhren sind gestellt
+  1  eine Uhr ist nicht gestellt oder kann das Datum nicht aufnehmen; die
+     Meldung nennt sie
+  2  die Befehlszeile wurde nicht verstanden</translation>
+    </message>
+    <message>
+        <source>date  %1
+time  %2</source>
+        <translation>Datum    %1
+Uhrzeit  %2</translation>
+    </message>
+    <message>
+        <source>The calendar has no %1.</source>
+        <translation>Den Tag %1 gibt es im Kalender nicht.</translation>
+    </message>
+    <message>
+        <source>%1 is not a date such as 2026-11-21.</source>
+        <translation>%1 ist kein Datum wie 2026-11-21.</translation>
+    </message>
+    <message>
+        <source>%1 is not a time of day such as 13:05:30, from 00:00 to 23:59:59.</source>
+        <translation>%1 ist keine Uhrzeit wie 13:05:30, von 00:00 bis 23:59:59.</translation>
+    </message>
+    <message>
+        <source>Shows and sets the device&apos;s date and time.</source>
+        <translation>Zeigt und stellt Datum und Uhrzeit des Geräts.</translation>
+    </message>
+    <message>
+        <source>A %1 is missing.</source>
+        <translation>%1 fehlt.</translation>
+    </message>
+    <message>
+        <source>There is an argument too many: %1.</source>
+        <translation>Ein Argument ist zu viel: %1.</translation>
+    </message>
+    <message>
+        <source>A %1 is empty.</source>
+        <translation>%1 ist leer.</translation>
+    </message>
+    <message>
+        <source> or </source>
+        <translation> oder </translation>
+    </message>
+    <message>
+        <source>&quot;%1 %2&quot; takes no %3.</source>
+        <translation>&quot;%1 %2&quot; erwartet kein %3.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; knows no %2.%3</source>
+        <translation>&quot;%1&quot; kennt %2 nicht.%3</translation>
+    </message>
+    <message>
+        <source>Try: ovo-fieldhost %1 --help</source>
+        <translation>Hilfe: ovo-fieldhost %1 --help</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost compare FILE FILE
+
+Says whether two files have the same MD5 sum. Links are followed.
+
+Options:
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  they are equal
+  1  they are different
+  2  the command line was not understood
+  3  one of them is not a file or cannot be read, or the answer could not be written; the message
+     says which</source>
+        <translation>Aufruf: ovo-fieldhost compare FILE FILE
+
+Sagt, ob zwei Dateien dieselbe MD5-Summe haben. Verknüpfungen wird gefolgt.
+
+Optionen:
+  -h, --help  Zeigt diesen Text.
+
+Rückgabewerte:
+  0  sie sind gleich
+  1  sie sind verschieden
+  2  die Befehlszeile wurde nicht verstanden
+  3  eine ist keine Datei oder nicht lesbar, oder die Antwort ließ sich nicht
+     ausgeben; die Meldung nennt den Grund</translation>
+    </message>
+    <message>
+        <source>Equal: %1 and %2</source>
+        <translation>Gleich: %1 und %2</translation>
+    </message>
+    <message>
+        <source>Different: %1 and %2</source>
+        <translation>Verschieden: %1 und %2</translation>
+    </message>
+    <message>
+        <source>Says whether two files have the same content.</source>
+        <translation>Sagt, ob zwei Dateien denselben Inhalt haben.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost convert VALUE FROM TO
+
+Converts a length, as &quot;ovo-fieldhost convert 2.5 m ft&quot; does.
+
+  VALUE  A number. Its decimal mark is &quot;.&quot; or &quot;,&quot;, so it cannot have group separators.
+         A negative one may stand behind &quot;--&quot;.
+  FROM   The unit of VALUE: m, ft, inch, mm or cm.
+  TO     The unit of the result.
+
+The result has all the digits that tell it from its neighbours.
+
+Options:
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  converted
+  1  the result is out of range
+  2  the command line was not understood</source>
+        <translation>Aufruf: ovo-fieldhost convert VALUE FROM TO
+
+Rechnet eine Länge um, zum Beispiel mit „ovo-fieldhost convert 2.5 m ft“.
+
+  VALUE  Eine Zahl. Ihr Dezimalzeichen ist „.“ oder „,“, Tausender werden daher
+         nicht getrennt. Eine negative darf hinter „--“ stehen.
+  FROM   Die Einheit von VALUE: m, ft, inch, mm oder cm.
+  TO     Die Einheit des Ergebnisses.
+
+Das Ergebnis hat alle Ziffern, die es von seinen Nachbarn unterscheiden.
+
+Optionen:
+  -h, --help  Zeigt diesen Text.
+
+Rückgabewerte:
+  0  umgerechnet
+  1  das Ergebnis ist zu groß oder zu klein
+  2  die Befehlszeile wurde nicht verstanden</translation>
+    </message>
+    <message>
+        <source>%1 is too large.</source>
+        <translation>%1 ist zu groß.</translation>
+    </message>
+    <message>
+        <source>%1 is not a number that can be converted.</source>
+        <translation>%1 ist keine Zahl, die sich umrechnen lässt.</translation>
+    </message>
+    <message>
+        <source>There is no unit %1. The units are %2.</source>
+        <translation>Die Einheit %1 gibt es nicht. Möglich sind %2.</translation>
+    </message>
+    <message>
+        <source>There is no unit %1. The nearest one is &quot;%2&quot;, of %3.</source>
+        <translation>Die Einheit %1 gibt es nicht. Die ähnlichste ist &quot;%2&quot;, möglich sind %3.</translation>
+    </message>
+    <message>
+        <source>The result is out of range.</source>
+        <translation>Das Ergebnis ist zu groß oder zu klein.</translation>
+    </message>
+    <message>
+        <source>Converts a length from one unit to another.</source>
+        <translation>Rechnet eine Länge in eine andere Einheit um.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost countries
+
+Lists the countries and languages that a catalog can name: countries by the sign that their
+vehicles carry abroad, with their ISO 3166 codes, languages by their ISO 639-2 codes.
+
+Options:
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  listed
+  2  the command line was not understood</source>
+        <translation>Aufruf: ovo-fieldhost countries
+
+Zeigt die Länder und Sprachen, die ein Katalog nennen kann: Länder nach dem
+Kennzeichen, das ihre Fahrzeuge im Ausland tragen, mit ihrem Kürzel nach
+ISO 3166, Sprachen nach ihrem Kürzel in ISO 639-2.
+
+Optionen:
+  -h, --help  Zeigt diesen Text.
+
+Rückgabewerte:
+  0  angezeigt
+  2  die Befehlszeile wurde nicht verstanden</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Kürzel</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Lists the countries and languages that catalogs name.</source>
+        <translation>Zeigt die Länder und Sprachen, die Kataloge nennen.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost delete [--yes] PATH...
+
+Deletes each PATH: a directory with all that is in it, hidden entries too; a file; a link, but not
+what it points to. Asks before it begins.
+
+Options:
+  --yes       Does not ask. Needed where no terminal is there to answer.
+  -h, --help  Shows this text.
+
+On a terminal, q or Ctrl-C aborts. The directory that is being deleted is still deleted as a whole;
+the paths after it stay.
+
+Exit codes:
+  0  everything is deleted, and that is on the device
+  1  failed: the message names what is still there, and the cause
+  2  the command line was not understood, or --yes is missing
+  3  nothing deleted: a PATH is missing, or must not be deleted
+  6  aborted, or the answer was not yes</source>
+        <translation>Aufruf: ovo-fieldhost delete [--yes] PATH...
+
+Löscht jeden PATH: ein Verzeichnis mit allem, was darin ist, auch Verstecktem;
+eine Datei; eine Verknüpfung, aber nicht ihr Ziel. Fragt vorher nach.
+
+Optionen:
+  --yes       Fragt nicht nach. Nötig, wo kein Terminal zum Antworten da ist.
+  -h, --help  Zeigt diesen Text.
+
+Auf einem Terminal brechen q und Strg-C ab. Das begonnene Verzeichnis wird noch
+ganz gelöscht; was danach käme, bleibt.
+
+Rückgabewerte:
+  0  alles ist gelöscht, und das steht auf dem Gerät
+  1  fehlgeschlagen: die Meldung nennt, was noch da ist, und den Grund
+  2  die Befehlszeile wurde nicht verstanden, oder --yes fehlt
+  3  nichts gelöscht: einen PATH gibt es nicht, oder er darf nicht gelöscht
+     werden
+  6  abgebrochen, oder die Antwort war nicht ja</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>link</source>
+        <translation>Verknüpfung</translation>
+    </message>
+    <message>
+        <source>directory of %1</source>
+        <translation>Verzeichnis mit %1</translation>
+    </message>
+    <message>
+        <source>To delete: %1 (%2)</source>
+        <translation>Zum Löschen: %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Aborted: %1 of %2 not deleted.</source>
+        <translation>Abgebrochen: %1 von %2 nicht gelöscht.</translation>
+    </message>
+    <message>
+        <source>Failed: %1 of %2 not deleted.</source>
+        <translation>Fehlgeschlagen: %1 von %2 nicht gelöscht.</translation>
+    </message>
+    <message>
+        <source>Nothing was deleted.</source>
+        <translation>Nichts wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>Deleted: %1</source>
+        <translation>Gelöscht: %1</translation>
+    </message>
+    <message>
+        <source>There is no terminal to ask on, and --yes is missing: nothing was deleted.</source>
+        <translation>Es gibt kein Terminal zum Nachfragen, und --yes fehlt: Nichts wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>Delete? y deletes, any other key does not</source>
+        <translation>Löschen? y löscht, jede andere Taste nicht</translation>
+    </message>
+    <message>
+        <source>Deletes directories and files, with progress.</source>
+        <translation>Löscht Verzeichnisse und Dateien, mit Fortschritt.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost export [options] SOURCE... DESTINATION
+
+Copies every SOURCE into the directory DESTINATION, chunk by chunk, each flushed to the device
+before the next one. A drive pulled out keeps the files that were whole by then; the one in flight
+may stay there, cut off, under its name.
+
+  SOURCE       A directory or file is copied to DESTINATION/&lt;its name&gt;. A directory that is written
+               with &quot;/&quot; at the end, or as &quot;.&quot; or &quot;..&quot;, stands for its contents, which are copied
+               into DESTINATION itself.
+  DESTINATION  A directory. It is created when it does not exist, and otherwise must be empty.
+
+A DESTINATION at or below /media/usbdrive is on the USB drive. The drive is mounted and marked as
+in use before the copy, unmounted and marked clean after it, however the copy ends.
+
+Links are followed. Hidden entries, links that lead nowhere, pipes, sockets and devices are left
+out, and counted. Names are taken as UTF-8.
+
+Options:
+  --into-existing  Allows a DESTINATION that holds something. Where a copy would land on what is
+                   there, it is made in a hidden directory beside it first, and takes its place,
+                   replacing files of the same name, when all of it is whole. Until then an
+                   abort or a failure leaves everything there as it was. A power cut leaves each
+                   file old or new. The directory of an export that was killed is removed by the
+                   next one.
+  --verify         Reads every copy back from the device, in its place, and compares it with its
+                   source. One that differs fails the export; what was copied is removed, except
+                   for copies that have replaced files.
+  -h, --help       Shows this text.
+
+On a terminal, p pauses and resumes, q or Ctrl-C aborts. An abort removes the copy whole.
+
+Exit codes:
+  0  everything is copied, and on the device
+  1  failed: a file was not copied, or its copy differs, or the drive was taken away; the message
+     names it and the cause
+  2  the command line was not understood
+  3  nothing copied: a SOURCE is missing, or no whole copy of it is possible
+  4  nothing copied: DESTINATION is refused
+  5  nothing copied: DESTINATION has not enough free space
+  6  aborted; the copy was removed</source>
+        <translation>Aufruf: ovo-fieldhost export [Optionen] SOURCE... DESTINATION
+
+Kopiert jede SOURCE in das Verzeichnis DESTINATION, Block für Block, jeder auf
+das Gerät geschrieben, bevor der nächste beginnt. Ein abgezogenes Laufwerk
+behält die Dateien, die bis dahin vollständig waren; die begonnene kann unter
+ihrem Namen abgeschnitten zurückbleiben.
+
+  SOURCE       Ein Verzeichnis oder eine Datei wird nach DESTINATION/&lt;Name&gt;
+               kopiert. Ein Verzeichnis, das mit „/“ endet, oder „.“ und „..“
+               stehen für ihren Inhalt, der direkt in DESTINATION kopiert wird.
+  DESTINATION  Ein Verzeichnis. Es wird angelegt, wenn es fehlt, und muss sonst
+               leer sein.
+
+Eine DESTINATION in oder unter /media/usbdrive liegt auf dem USB-Laufwerk. Es
+wird vor der Kopie eingehängt und als benutzt markiert, danach ausgehängt und
+als sauber markiert, wie die Kopie auch endet.
+
+Verknüpfungen wird gefolgt. Verstecktes, Verknüpfungen ins Leere, Pipes,
+Sockets und Geräte werden ausgelassen und gezählt. Namen gelten als UTF-8.
+
+Optionen:
+  --into-existing  Erlaubt eine DESTINATION, in der schon etwas ist. Wo eine
+                   Kopie auf Vorhandenes träfe, entsteht sie erst in einem
+                   versteckten Verzeichnis daneben und kommt an ihren Platz,
+                   sobald sie vollständig ist; dabei ersetzt sie gleichnamige
+                   Dateien. Bis dahin lässt ein Abbruch oder Fehler alles, wie
+                   es war. Ein Stromausfall lässt jede Datei alt oder neu. Das
+                   Verzeichnis eines gewaltsam beendeten Exports entfernt der
+                   nächste.
+  --verify         Liest jede Kopie an ihrem Platz vom Gerät zurück und
+                   vergleicht sie mit ihrer Quelle. Weicht eine ab, schlägt der
+                   Export fehl; was kopiert war, wird entfernt, außer Kopien,
+                   die Dateien ersetzt haben.
+  -h, --help       Zeigt diesen Text.
+
+Auf einem Terminal hält p an und setzt fort, q und Strg-C brechen ab. Ein
+Abbruch entfernt die ganze Kopie.
+
+Rückgabewerte:
+  0  alles ist kopiert und auf dem Gerät
+  1  fehlgeschlagen: eine Datei wurde nicht kopiert, oder ihre Kopie weicht ab,
+     oder das Laufwerk wurde entfernt; die Meldung nennt sie und den Grund
+  2  die Befehlszeile wurde nicht verstanden
+  3  nichts kopiert: eine SOURCE fehlt oder lässt sich nicht vollständig
+     kopieren
+  4  nichts kopiert: DESTINATION wird abgelehnt
+  5  nichts kopiert: in DESTINATION ist zu wenig Platz frei
+  6  abgebrochen; die Kopie wurde entfernt</translation>
+    </message>
+    <message>
+        <source>Copying %1 (%2) from %3 to %4</source>
+        <translation>Kopiert wird: %1 (%2) von %3 nach %4</translation>
+    </message>
+    <message>
+        <source>1 file</source>
+        <translation>1 Datei</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 Dateien</translation>
+    </message>
+    <message>
+        <source>  replaces %1 there, once all of the copy is whole</source>
+        <translation>  ersetzt dort %1, sobald die Kopie vollständig ist</translation>
+    </message>
+    <message>
+        <source>Left out: %1</source>
+        <translation>Ausgelassen: %1</translation>
+    </message>
+    <message>
+        <source>Aborting, once the data on its way is written</source>
+        <translation>Abbruch, sobald die begonnenen Daten geschrieben sind</translation>
+    </message>
+    <message>
+        <source>paused, p resumes</source>
+        <translation>angehalten, p setzt fort</translation>
+    </message>
+    <message>
+        <source>verifying</source>
+        <translation>Prüfung</translation>
+    </message>
+    <message>
+        <source>Keys: p pauses and resumes, q aborts</source>
+        <translation>Tasten: p hält an und setzt fort, q bricht ab</translation>
+    </message>
+    <message>
+        <source>Unmounting the USB drive, as soon as nobody uses it; Ctrl-C leaves it mounted.</source>
+        <translation>Das USB-Laufwerk wird ausgehängt, sobald niemand es benutzt; mit Strg-C bleibt es eingehängt.</translation>
+    </message>
+    <message>
+        <source>Aborted before anything was copied.</source>
+        <translation>Abgebrochen, bevor etwas kopiert wurde.</translation>
+    </message>
+    <message>
+        <source>Copies directories and files durably, with progress, pause and abort.</source>
+        <translation>Kopiert Verzeichnisse und Dateien dauerhaft, mit Fortschritt.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost free PATH
+
+Prints how much the user can still write on the volume that holds PATH.
+
+Options:
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  done
+  2  the command line was not understood
+  3  there is no such PATH</source>
+        <translation>Aufruf: ovo-fieldhost free PATH
+
+Zeigt, wie viel Sie noch auf den Datenträger schreiben können, auf dem PATH
+liegt.
+
+Optionen:
+  -h, --help  Zeigt diesen Text.
+
+Rückgabewerte:
+  0  angezeigt
+  2  die Befehlszeile wurde nicht verstanden
+  3  diesen PATH gibt es nicht</translation>
+    </message>
+    <message>
+        <source>There is no volume that holds %1.</source>
+        <translation>Es gibt keinen Datenträger mit %1.</translation>
+    </message>
+    <message>
+        <source>%1 (%2 bytes) free: %3</source>
+        <translation>%1 (%2 Byte) frei: %3</translation>
+    </message>
+    <message>
+        <source>Says how much space is left on a volume.</source>
+        <translation>Sagt, wie viel Platz auf einem Datenträger frei ist.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost gui [options]
+
+Shows the screens: export and deletion, an inspection, a recording, units and language, the device.
+They are a program of their own, ovo-fieldhost-gui, which needs Qt Quick and a display. Without a
+window system, set QT_QPA_PLATFORM, to &quot;eglfs&quot; or &quot;linuxfb&quot; for example.
+
+Options:
+  --page NAME          The screen to begin with: export, delete, form, recording, locale or device.
+  --dark               Begins with dark colours.
+  --language LOCALE    The device&apos;s language, such as de or de_CH; without it, the environment&apos;s.
+  --font-scale FACTOR  Makes fonts larger, and what is touched with them: 1 to 2.
+  --size WIDTHxHEIGHT  Size of the window in pixels; without it, 1280x800.
+  -h, --help           Shows this text.
+
+Exit codes:
+  0  the window was closed
+  1  failed: the screens are not installed, or there is no display; the message says which
+  2  the command line was not understood</source>
+        <translation>Aufruf: ovo-fieldhost gui [Optionen]
+
+Zeigt die Bildschirme: Export und Löschen, eine Inspektion, eine Aufnahme,
+Einheiten und Sprache, das Gerät. Sie sind ein eigenes Programm,
+ovo-fieldhost-gui, das Qt Quick und eine Anzeige braucht. Ohne Fenstersystem
+setzen Sie QT_QPA_PLATFORM, etwa auf „eglfs“ oder „linuxfb“.
+
+Optionen:
+  --page NAME          Der erste Bildschirm: export, delete, form, recording,
+                       locale oder device.
+  --dark               Beginnt mit dunklen Farben.
+  --language LOCALE    Die Sprache des Geräts, wie de oder de_CH; sonst die der
+                       Umgebung.
+  --font-scale FACTOR  Macht Schriften größer, und was man damit berührt: 1 bis
+                       2.
+  --size WIDTHxHEIGHT  Größe des Fensters in Pixeln; sonst 1280x800.
+  -h, --help           Zeigt diesen Text.
+
+Rückgabewerte:
+  0  das Fenster wurde geschlossen
+  1  fehlgeschlagen: die Bildschirme sind nicht installiert, oder es gibt keine
+     Anzeige; die Meldung nennt den Grund
+  2  die Befehlszeile wurde nicht verstanden</translation>
+    </message>
+    <message>
+        <source>The screens are not installed: there is no program ovo-fieldhost-gui. They are built with the option OVO_BUILD_SCREENS of CMake.</source>
+        <translation>Die Bildschirme sind nicht installiert: Es gibt kein Programm ovo-fieldhost-gui. Sie werden mit der Option OVO_BUILD_SCREENS von CMake gebaut.</translation>
+    </message>
+    <message>
+        <source>There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set. Without a window system, set QT_QPA_PLATFORM, to &quot;eglfs&quot; or &quot;linuxfb&quot; for example.</source>
+        <translation>Es gibt keine Anzeige: Weder DISPLAY noch WAYLAND_DISPLAY ist gesetzt. Ohne Fenstersystem setzen Sie QT_QPA_PLATFORM, etwa auf „eglfs“ oder „linuxfb“.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started (%2).</source>
+        <translation>%1 lässt sich nicht starten (%2).</translation>
+    </message>
+    <message>
+        <source>Shows the screens.</source>
+        <translation>Zeigt die Bildschirme.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost locale [--catalog FILE] [--country CODE] [--language CODE]
+                            [--device LOCALE]
+
+Shows how a project shows distances, speeds, temperatures, dates and sizes, and in which units the
+columns of its catalog are.
+
+A project is open when a catalog, a country or a language is given; its locale then counts, else
+that of the device.
+
+Options:
+  --catalog FILE   The project&apos;s catalog; docs/catalog.md describes the file.
+  --country CODE   The project&apos;s country, such as CH; without it, that of the catalog.
+  --language CODE  The project&apos;s language, such as DEU; without it, that of the catalog.
+  --device LOCALE  The device&apos;s locale, such as de_CH; without it, that of the environment.
+  -h, --help       Shows this text.
+
+&quot;ovo-fieldhost countries&quot; lists the codes of countries and languages.
+
+Exit codes:
+  0  shown
+  1  the catalog cannot be used; the message names file, place and cause
+  2  the command line was not understood</source>
+        <translation>Aufruf: ovo-fieldhost locale [--catalog FILE] [--country CODE]
+                             [--language CODE] [--device LOCALE]
+
+Zeigt, wie ein Projekt Längen, Geschwindigkeiten, Temperaturen, Daten und Größen
+anzeigt, und in welchen Einheiten die Spalten seines Katalogs sind.
+
+Ein Projekt ist offen, wenn ein Katalog, ein Land oder eine Sprache angegeben
+ist; dann gilt sein Gebietsschema, sonst das des Geräts.
+
+Optionen:
+  --catalog FILE   Der Katalog des Projekts; docs/catalog.md beschreibt die
+                   Datei.
+  --country CODE   Das Land des Projekts, wie CH; sonst das des Katalogs.
+  --language CODE  Die Sprache des Projekts, wie DEU; sonst die des Katalogs.
+  --device LOCALE  Das Gebietsschema des Geräts, wie de_CH; sonst das der
+                   Umgebung.
+  -h, --help       Zeigt diesen Text.
+
+„ovo-fieldhost countries“ zeigt die Kürzel der Länder und Sprachen.
+
+Rückgabewerte:
+  0  angezeigt
+  1  der Katalog ist nicht brauchbar; die Meldung nennt Datei, Stelle und Grund
+  2  die Befehlszeile wurde nicht verstanden</translation>
+    </message>
+    <message>
+        <source> The nearest one is &quot;%1&quot; (%2).</source>
+        <translation> Ähnlich ist &quot;%1&quot; (%2).</translation>
+    </message>
+    <message>
+        <source>not given</source>
+        <translation>nicht angegeben</translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s country code %1 is not known.%2</source>
+        <translation>Das Länderkürzel %1 des Katalogs ist unbekannt.%2</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s language code %1 is not known.%2</source>
+        <translation>Das Sprachkürzel %1 des Katalogs ist unbekannt.%2</translation>
+    </message>
+    <message>
+        <source>The catalog&apos;s unit %1 is not among &quot;m&quot;, &quot;ft&quot; and &quot;inch&quot;, so the locale decides.</source>
+        <translation>Die Einheit %1 des Katalogs ist weder „m“ noch „ft“ oder „inch“; das Gebietsschema entscheidet.</translation>
+    </message>
+    <message>
+        <source>Catalog</source>
+        <translation>Katalog</translation>
+    </message>
+    <message>
+        <source>Locale</source>
+        <translation>Gebietsschema</translation>
+    </message>
+    <message>
+        <source>%1, of the project</source>
+        <translation>%1, vom Projekt</translation>
+    </message>
+    <message>
+        <source>%1, of the device</source>
+        <translation>%1, vom Gerät</translation>
+    </message>
+    <message>
+        <source>Distances</source>
+        <translation>Längen</translation>
+    </message>
+    <message>
+        <source>in %1, as the catalog has it</source>
+        <translation>in %1, wie im Katalog</translation>
+    </message>
+    <message>
+        <source>in %1, as the locale has it</source>
+        <translation>in %1, wie im Gebietsschema</translation>
+    </message>
+    <message>
+        <source>, and shown as %1</source>
+        <translation>, angezeigt als %1</translation>
+    </message>
+    <message>
+        <source>There is no country code %1.%2</source>
+        <translation>Das Länderkürzel %1 gibt es nicht.%2</translation>
+    </message>
+    <message>
+        <source>There is no language code %1.%2</source>
+        <translation>Das Sprachkürzel %1 gibt es nicht.%2</translation>
+    </message>
+    <message>
+        <source>There is no locale %1.</source>
+        <translation>Das Gebietsschema %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source> The nearest one is &quot;%1&quot;.</source>
+        <translation> Ähnlich ist &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Shows how a project shows numbers, dates and units.</source>
+        <translation>Zeigt, wie ein Projekt Zahlen, Daten und Einheiten zeigt.</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Shown as</source>
+        <translation>Angezeigt als</translation>
+    </message>
+    <message>
+        <source>Distance</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>Distance, short</source>
+        <translation>Länge, kurz</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Tempo</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>Pressure</source>
+        <translation>Druck</translation>
+    </message>
+    <message>
+        <source>Whole number</source>
+        <translation>Ganze Zahl</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Datum und Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>Uhr</translation>
+    </message>
+    <message>
+        <source>24 hours</source>
+        <translation>24 Stunden</translation>
+    </message>
+    <message>
+        <source>AM and PM</source>
+        <translation>AM und PM</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 Byte</translation>
+    </message>
+    <message>
+        <source>Column</source>
+        <translation>Spalte</translation>
+    </message>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Herkunft</translation>
+    </message>
+    <message>
+        <source>the catalog</source>
+        <translation>aus dem Katalog</translation>
+    </message>
+    <message>
+        <source>distances</source>
+        <translation>wie Längen</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost COMMAND ...
+
+Commands:</source>
+        <translation>Aufruf: ovo-fieldhost COMMAND ...
+
+Befehle:</translation>
+    </message>
+    <message>
+        <source>Options:
+  -h, --help     Shows this text; after a COMMAND, that of the command with its exit codes.
+  -v, --version  Shows the version.
+
+&quot;ovo-fieldhost help COMMAND&quot; shows the text of a command, too.
+
+A command that has done its work ends with 1 when what it says cannot be written.</source>
+        <translation>Optionen:
+  -h, --help     Zeigt diesen Text; nach einem COMMAND den des Befehls mit
+                 seinen Rückgabewerten.
+  -v, --version  Zeigt die Version.
+
+Auch „ovo-fieldhost help COMMAND“ zeigt den Text eines Befehls.
+
+Ein Befehl, der seine Arbeit getan hat, endet mit 1, wenn sich seine Ausgabe
+nicht schreiben lässt.</translation>
+    </message>
+    <message>
+        <source>There is no command %1.%2
+Try: ovo-fieldhost --help</source>
+        <translation>Den Befehl %1 gibt es nicht.%2
+Hilfe: ovo-fieldhost --help</translation>
+    </message>
+    <message>
+        <source>A COMMAND is missing.</source>
+        <translation>COMMAND fehlt.</translation>
+    </message>
+    <message>
+        <source>The output could not be written (%1).</source>
+        <translation>Die Ausgabe ließ sich nicht schreiben (%1).</translation>
+    </message>
+    <message>
+        <source>%1 is not valid UTF-8. A file or directory of this name can be used once it is renamed.</source>
+        <translation>%1 ist kein gültiges UTF-8. Eine Datei oder ein Verzeichnis dieses Namens ist erst nach dem Umbenennen brauchbar.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost name --dir D --ext E [--prefix P]
+
+Prints the path of a file that does not exist yet in the directory D. Its name is the date and time,
+or P, and a number. Nothing is created.
+
+Options:
+  --dir D      The directory.
+  --ext E      The extension, with or without its point; &quot;&quot; for none.
+  --prefix P   Used instead of date and time. Characters that a drive does not accept become &quot;_&quot;.
+  -h, --help   Shows this text.
+
+Exit codes:
+  0  done
+  2  the command line was not understood
+  4  D is not a directory, or the names in it cannot be read</source>
+        <translation>Aufruf: ovo-fieldhost name --dir D --ext E [--prefix P]
+
+Zeigt den Pfad einer Datei, die es im Verzeichnis D noch nicht gibt. Ihr Name
+besteht aus Datum und Uhrzeit, oder aus P, und einer Nummer. Angelegt wird
+nichts.
+
+Optionen:
+  --dir D      Das Verzeichnis.
+  --ext E      Die Endung, mit oder ohne Punkt; &quot;&quot; für keine.
+  --prefix P   Statt Datum und Uhrzeit. Zeichen, die ein Laufwerk nicht annimmt,
+               werden zu „_“.
+  -h, --help   Zeigt diesen Text.
+
+Rückgabewerte:
+  0  angezeigt
+  2  die Befehlszeile wurde nicht verstanden
+  4  D ist kein Verzeichnis, oder die Namen darin sind nicht lesbar</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost safe-name TEXT
+
+Prints TEXT as a file name that any removable drive accepts.
+
+Options:
+  -h, --help   Shows this text.
+
+Exit codes:
+  0  done
+  2  the command line was not understood</source>
+        <translation>Aufruf: ovo-fieldhost safe-name TEXT
+
+Zeigt TEXT als Dateinamen, den jedes Wechsellaufwerk annimmt.
+
+Optionen:
+  -h, --help   Zeigt diesen Text.
+
+Rückgabewerte:
+  0  angezeigt
+  2  die Befehlszeile wurde nicht verstanden</translation>
+    </message>
+    <message>
+        <source>--%1 is missing.</source>
+        <translation>--%1 fehlt.</translation>
+    </message>
+    <message>
+        <source>%1 is not a directory.</source>
+        <translation>%1 ist kein Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>Which names are taken in %1 cannot be read (%2).</source>
+        <translation>Die in %1 vergebenen Namen sind nicht lesbar (%2).</translation>
+    </message>
+    <message>
+        <source>A TEXT is empty.</source>
+        <translation>TEXT ist leer.</translation>
+    </message>
+    <message>
+        <source>Finds a name that no file in a directory has.</source>
+        <translation>Findet einen in einem Verzeichnis noch freien Dateinamen.</translation>
+    </message>
+    <message>
+        <source>Makes a text a name that any drive takes.</source>
+        <translation>Macht aus einem Text einen Namen, den jedes Laufwerk annimmt.</translation>
+    </message>
+    <message>
+        <source> The nearest one is %1.</source>
+        <translation> Ähnlich ist %1.</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 left</source>
+        <translation>noch %1</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost projection [1|2|3]
+
+Shows the well-known texts of the map&apos;s projection, WGS 84 Web Mercator (EPSG:3857). With a
+number, that text alone, as other programs read it:
+
+  1  the default of the map layers, in ESRI&apos;s spelling behind the prefix &quot;WKT:&quot;
+  2  ESRI&apos;s WGS 1984 Web Mercator (Auxiliary Sphere)
+  3  the EPSG registry&apos;s, in lines
+
+Options:
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  shown
+  2  the command line was not understood</source>
+        <translation>Aufruf: ovo-fieldhost projection [1|2|3]
+
+Zeigt die Well-Known-Texte zur Projektion der Karte, WGS 84 Web Mercator
+(EPSG:3857). Mit einer Zahl nur diesen Text, so wie andere Programme ihn lesen:
+
+  1  die Vorgabe der Kartenebenen, in der Schreibweise von ESRI nach „WKT:“
+  2  WGS 1984 Web Mercator (Auxiliary Sphere) von ESRI
+  3  den Text des EPSG-Registers, in Zeilen
+
+Optionen:
+  -h, --help  Zeigt diesen Text.
+
+Rückgabewerte:
+  0  angezeigt
+  2  die Befehlszeile wurde nicht verstanden</translation>
+    </message>
+    <message>
+        <source>1 character</source>
+        <translation>1 Zeichen</translation>
+    </message>
+    <message>
+        <source>%1 characters</source>
+        <translation>%1 Zeichen</translation>
+    </message>
+    <message>
+        <source>There is no projection %1, only 1, 2 and 3.</source>
+        <translation>Die Projektion %1 gibt es nicht, nur 1, 2 und 3.</translation>
+    </message>
+    <message>
+        <source>Shows the well-known texts of the map&apos;s projection.</source>
+        <translation>Zeigt die Well-Known-Texte zur Projektion der Karte.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost record [options] CLIP --duration SECONDS
+
+Lets the simulated crawler drive through a pipe, look around every ten seconds and record CLIP.
+Writes the clip information file that belongs to the video: when and with what it was made, and
+distance, pan and tilt over time. The video itself is not made.
+
+  CLIP  Path of the video. Its clip information file is in the same directory. It has the name of
+        the video up to the first dot, and &quot;.txt&quot;. An existing one is continued.
+
+Options:
+  --duration SECONDS    Length of the video.
+  --speed FACTOR        Lets the time pass that many times faster; 1 without it.
+  --pause-at SECONDS    Pauses the recording there for two seconds. May be given several times.
+  --observe-at SECONDS  Enters an observation there. May be given several times.
+  --unit UNIT           Unit of the project: m (without it) or ft.
+  -h, --help            Shows this text.
+
+Ctrl-C ends the recording early; what was recorded up to then is written.
+
+Exit codes:
+  0  recorded, and the file is written
+  1  failed: the file was not written
+  2  the command line was not understood
+  4  nothing recorded: the file cannot lie where it should
+  6  ended early; what was recorded is written</source>
+        <translation>Aufruf: ovo-fieldhost record [Optionen] CLIP --duration SECONDS
+
+Lässt den simulierten Fahrwagen durch ein Rohr fahren, alle zehn Sekunden
+umherschauen und CLIP aufnehmen. Schreibt die Messdatei zum Video: wann und
+womit es entstand, und Vorschub, Schwenk und Neigung über der Zeit. Das Video
+selbst entsteht nicht.
+
+  CLIP  Pfad des Videos. Die Messdatei liegt im selben Verzeichnis. Sie heißt
+        wie das Video bis zum ersten Punkt, und „.txt“. Eine vorhandene wird
+        fortgesetzt.
+
+Optionen:
+  --duration SECONDS    Länge des Videos.
+  --speed FACTOR        Lässt die Zeit so viel schneller vergehen; sonst 1.
+  --pause-at SECONDS    Hält die Aufnahme dort zwei Sekunden an. Mehrfach
+                        erlaubt.
+  --observe-at SECONDS  Trägt dort eine Beobachtung ein. Mehrfach erlaubt.
+  --unit UNIT           Einheit des Projekts: m (Vorgabe) oder ft.
+  -h, --help            Zeigt diesen Text.
+
+Strg-C beendet die Aufnahme vorzeitig; was bis dahin aufgenommen ist, wird
+geschrieben.
+
+Rückgabewerte:
+  0  aufgenommen, und die Datei ist geschrieben
+  1  fehlgeschlagen: die Datei wurde nicht geschrieben
+  2  die Befehlszeile wurde nicht verstanden
+  4  nichts aufgenommen: die Datei kann nicht an ihrem Platz liegen
+  6  vorzeitig beendet; was aufgenommen ist, ist geschrieben</translation>
+    </message>
+    <message>
+        <source>--%1 %2 is above %3, the most that is possible.</source>
+        <translation>--%1 %2 ist mehr als %3, der höchste mögliche Wert.</translation>
+    </message>
+    <message>
+        <source>--%1 %2 is not a number above 0.</source>
+        <translation>--%1 %2 ist keine Zahl über 0.</translation>
+    </message>
+    <message>
+        <source>--%1 %2 is not a time within the video.</source>
+        <translation>--%1 %2 ist keine Zeit innerhalb des Videos.</translation>
+    </message>
+    <message>
+        <source>--%1 %2 is neither m nor ft.</source>
+        <translation>--%1 %2 ist weder m noch ft.</translation>
+    </message>
+    <message>
+        <source>%1  %2 of %3  %4 %  %5  pan %6°  tilt %7°</source>
+        <translation>%1  %2 von %3  %4 %  %5  Schwenk %L6°  Neigung %L7°</translation>
+    </message>
+    <message>
+        <source>paused   </source>
+        <translation>angehalten</translation>
+    </message>
+    <message>
+        <source>recording</source>
+        <translation>Aufnahme  </translation>
+    </message>
+    <message>
+        <source>%1 was not written as it should be: %2</source>
+        <translation>%1 wurde nicht richtig geschrieben: %2</translation>
+    </message>
+    <message>
+        <source>Ended after %1 of video, %2 in %3</source>
+        <translation>Beendet nach %1 Video, %2 in %3</translation>
+    </message>
+    <message>
+        <source>Recorded %1 of video, %2 in %3</source>
+        <translation>Aufgenommen: %1 Video, %2 in %3</translation>
+    </message>
+    <message>
+        <source>1 sample</source>
+        <translation>1 Messwert</translation>
+    </message>
+    <message>
+        <source>%1 samples</source>
+        <translation>%1 Messwerte</translation>
+    </message>
+    <message>
+        <source>Continues %1 after %2</source>
+        <translation>Fortsetzung von %1, bisher %2</translation>
+    </message>
+    <message>
+        <source>--duration is missing.</source>
+        <translation>--duration fehlt.</translation>
+    </message>
+    <message>
+        <source>Records the clip information of a simulated drive through a pipe.</source>
+        <translation>Schreibt die Messdatei einer simulierten Fahrt durch ein Rohr.</translation>
+    </message>
+    <message>
+        <source>There is no rule %1.%2</source>
+        <translation>Die Regel %1 gibt es nicht.%2</translation>
+    </message>
+    <message>
+        <source>The rule %1 has no options.</source>
+        <translation>Die Regel %1 hat keine Optionen.</translation>
+    </message>
+    <message>
+        <source>The rule %1 has no option %2.%3</source>
+        <translation>Die Regel %1 hat keine Option %2.%3</translation>
+    </message>
+    <message>
+        <source>The option %1 lacks its value: %1=...</source>
+        <translation>Der Option %1 fehlt ihr Wert: %1=...</translation>
+    </message>
+    <message>
+        <source>%1 is not a value for %2 of the rule %3.</source>
+        <translation>%1 ist kein Wert für %2 der Regel %3.</translation>
+    </message>
+    <message>
+        <source>The pattern %1 cannot be compiled: %2.</source>
+        <translation>Das Muster %1 ist kein gültiger Ausdruck: %2.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost size PATH...
+
+Adds up the sizes of the files in each PATH. Hidden files count; links below it do not.
+
+Options:
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  done
+  1  failed: not all that is in a PATH could be counted; the message names the directories
+  2  the command line was not understood
+  3  a PATH is neither directory nor file; the others are shown all the same</source>
+        <translation>Aufruf: ovo-fieldhost size PATH...
+
+Zählt die Größen der Dateien in jedem PATH zusammen. Verstecktes zählt mit,
+Verknüpfungen darin nicht.
+
+Optionen:
+  -h, --help  Zeigt diesen Text.
+
+Rückgabewerte:
+  0  angezeigt
+  1  fehlgeschlagen: nicht alles in einem PATH ließ sich zählen; die Meldung
+     nennt die Verzeichnisse
+  2  die Befehlszeile wurde nicht verstanden
+  3  ein PATH ist weder Verzeichnis noch Datei; die anderen werden trotzdem
+     angezeigt</translation>
+    </message>
+    <message>
+        <source>What %1 holds is not counted, or only in part (%2).</source>
+        <translation>Der Inhalt von %1 ist nicht oder nur zum Teil gezählt (%2).</translation>
+    </message>
+    <message>
+        <source>%1 could not be counted as a whole, or has changed meanwhile: a second look finds %2 bytes.</source>
+        <translation>%1 ließ sich nicht vollständig zählen oder hat sich inzwischen geändert: Ein zweiter Durchgang findet %2 Byte.</translation>
+    </message>
+    <message>
+        <source>%1 is neither directory nor file.</source>
+        <translation>%1 ist weder Verzeichnis noch Datei.</translation>
+    </message>
+    <message>
+        <source>%1 (%2 bytes): %3</source>
+        <translation>%1 (%2 Byte): %3</translation>
+    </message>
+    <message>
+        <source>Adds up the sizes of the files in directories.</source>
+        <translation>Zählt die Größen der Dateien in Verzeichnissen zusammen.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost trace [options] CLIP
+
+Reads the clip information file of a video and draws distance, pan and tilt over time.
+
+  CLIP  The video, which need not exist, or its clip information file.
+
+Lines that cannot be read, such as a power cut leaves, are counted and left out. If a second
+recording has continued the file, the recordings are drawn one after the other.
+
+Options:
+  --png FILE  Draws them as a picture, too.
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  drawn
+  1  failed: there is no sample to draw, or the picture was not written
+  2  the command line was not understood
+  3  there is no clip information file, or it cannot be read</source>
+        <translation>Aufruf: ovo-fieldhost trace [Optionen] CLIP
+
+Liest die Messdatei eines Videos und zeichnet Vorschub, Schwenk und Neigung über
+der Zeit.
+
+  CLIP  Das Video, das es nicht geben muss, oder seine Messdatei.
+
+Unlesbare Zeilen, wie ein Stromausfall sie hinterlässt, werden gezählt und
+ausgelassen. Hat eine zweite Aufnahme die Datei fortgesetzt, werden die
+Aufnahmen nacheinander gezeichnet.
+
+Optionen:
+  --png FILE  Zeichnet sie auch als Bild.
+  -h, --help  Zeigt diesen Text.
+
+Rückgabewerte:
+  0  gezeichnet
+  1  fehlgeschlagen: es gibt keinen Messwert zum Zeichnen, oder das Bild wurde
+     nicht geschrieben
+  2  die Befehlszeile wurde nicht verstanden
+  3  es gibt keine Messdatei, oder sie ist nicht lesbar</translation>
+    </message>
+    <message>
+        <source>1 recording</source>
+        <translation>1 Aufnahme</translation>
+    </message>
+    <message>
+        <source>%1 recordings</source>
+        <translation>%1 Aufnahmen</translation>
+    </message>
+    <message>
+        <source>
+video %1 of %2, made by %3</source>
+        <translation>
+Video %1 vom %2, erstellt mit %3</translation>
+    </message>
+    <message>
+        <source>1 line could not be read, the first is line %2.</source>
+        <translation>1 Zeile war nicht lesbar, und zwar Zeile %2.</translation>
+    </message>
+    <message>
+        <source>%1 lines could not be read, the first is line %2.</source>
+        <translation>%1 Zeilen waren nicht lesbar, die erste ist Zeile %2.</translation>
+    </message>
+    <message>
+        <source>1 sample has the number of a later one, which was taken.</source>
+        <translation>1 Messwert hat die Nummer eines späteren; der spätere gilt.</translation>
+    </message>
+    <message>
+        <source>%1 samples have the number of a later one, which was taken.</source>
+        <translation>%1 Messwerte haben die Nummer eines späteren; der spätere gilt.</translation>
+    </message>
+    <message>
+        <source>The FILE of --png is empty.</source>
+        <translation>FILE von --png ist leer.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>%1 ist nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>There is no sample to draw.</source>
+        <translation>Es gibt keinen Messwert zum Zeichnen.</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2</source>
+        <translation>%1 lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>Draws the distance, pan and tilt of a recorded clip.</source>
+        <translation>Zeichnet Vorschub, Schwenk und Neigung einer Aufnahme.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost usb [options] [list | root | lock PATH | unlock | dirty DEVICE]
+
+Shows the USB drive, and makes it safe to pull.
+
+  list          Shows the USB drives and their mounted partitions. This is the default.
+  root          Prints the directory to offer as the USB drive.
+  lock PATH     Mounts the drive and marks the partition that PATH lies on as in use.
+  unlock        Unmounts the drive, as soon as nobody uses it, and marks it clean.
+  dirty DEVICE  Tells whether the FAT volume on DEVICE, such as /dev/sda1, is marked as in use.
+
+The drive is /dev/sda1, mounted on /media/usbdrive. If it is not mounted, &quot;list&quot;, &quot;root&quot; and &quot;lock&quot;
+mount it temporarily to inspect it.
+
+Options:
+  --dry-run   Runs and writes nothing. Prints what would be run and written.
+  -h, --help  Shows this text.
+
+Exit codes:
+  0  done
+  1  failed, or there is no such drive; the message says why
+  2  the command line was not understood</source>
+        <translation>Aufruf: ovo-fieldhost usb [Optionen] [list | root | lock PATH | unlock |
+                          dirty DEVICE]
+
+Zeigt das USB-Laufwerk und sorgt dafür, dass es sich gefahrlos abziehen lässt.
+
+  list          Zeigt die USB-Laufwerke und ihre eingehängten Partitionen. Das
+                ist die Vorgabe.
+  root          Zeigt das Verzeichnis, das als USB-Laufwerk anzubieten ist.
+  lock PATH     Hängt das Laufwerk ein und markiert die Partition, auf der PATH
+                liegt, als benutzt.
+  unlock        Hängt das Laufwerk aus, sobald niemand es benutzt, und markiert
+                es als sauber.
+  dirty DEVICE  Sagt, ob das FAT-Laufwerk auf DEVICE, wie /dev/sda1, als benutzt
+                markiert ist.
+
+Das Laufwerk ist /dev/sda1, eingehängt in /media/usbdrive. Ist es nicht
+eingehängt, hängen „list“, „root“ und „lock“ es zum Nachsehen kurz ein.
+
+Optionen:
+  --dry-run   Führt nichts aus und schreibt nichts. Zeigt, was ausgeführt und
+              geschrieben würde.
+  -h, --help  Zeigt diesen Text.
+
+Rückgabewerte:
+  0  erledigt
+  1  fehlgeschlagen, oder es gibt kein solches Laufwerk; die Meldung nennt den
+     Grund
+  2  die Befehlszeile wurde nicht verstanden</translation>
+    </message>
+    <message>
+        <source>Would run: %1 %2</source>
+        <translation>Ausgeführt würde: %1 %2</translation>
+    </message>
+    <message>
+        <source>Would write nothing: %1 has no dirty byte.</source>
+        <translation>Geschrieben würde nichts: %1 kennt keine Markierung „benutzt“.</translation>
+    </message>
+    <message>
+        <source>Would write: %1 to byte %2 of %3</source>
+        <translation>Geschrieben würde: %1 in Byte %2 von %3</translation>
+    </message>
+    <message>
+        <source>Would run nothing: the drive is mounted.</source>
+        <translation>Ausgeführt würde nichts: Das Laufwerk ist eingehängt.</translation>
+    </message>
+    <message>
+        <source>There is no USB drive.</source>
+        <translation>Kein USB-Laufwerk vorhanden.</translation>
+    </message>
+    <message>
+        <source>  nothing mounted</source>
+        <translation>  nichts eingehängt</translation>
+    </message>
+    <message>
+        <source>  %1 on %2</source>
+        <translation>  %1 in %2</translation>
+    </message>
+    <message>
+        <source>  not supported: the application works with exFAT, NTFS and the FAT volumes that it can mark</source>
+        <translation>  nicht unterstützt: die Anwendung arbeitet mit exFAT, NTFS und den FAT-Laufwerken, die sie markieren kann</translation>
+    </message>
+    <message>
+        <source>There is no mounted USB drive that you may write to.</source>
+        <translation>Es gibt kein eingehängtes USB-Laufwerk, auf das Sie schreiben dürfen.</translation>
+    </message>
+    <message>
+        <source>A file system on it is not supported; see: ovo-fieldhost usb list</source>
+        <translation>Ein Dateisystem darauf wird nicht unterstützt; siehe: ovo-fieldhost usb list</translation>
+    </message>
+    <message>
+        <source>Would write: 1 to the dirty byte of the partition, if it has one</source>
+        <translation>Geschrieben würde: 1 in die Markierung „benutzt“ der Partition, falls sie eine hat</translation>
+    </message>
+    <message>
+        <source>The drive is mounted on %1, and not marked.</source>
+        <translation>Das Laufwerk ist in %1 eingehängt, aber nicht markiert.</translation>
+    </message>
+    <message>
+        <source>Mounted and marked as in use: %1.</source>
+        <translation>Eingehängt und als benutzt markiert: %1.</translation>
+    </message>
+    <message>
+        <source>Mounted and marked as in use.</source>
+        <translation>Eingehängt und als benutzt markiert.</translation>
+    </message>
+    <message>
+        <source>Nothing is mounted on %1.</source>
+        <translation>In %1 ist nichts eingehängt.</translation>
+    </message>
+    <message>
+        <source>Unmounting, as soon as nobody uses the drive; Ctrl-C gives up.</source>
+        <translation>Das Laufwerk wird ausgehängt, sobald niemand es benutzt; Strg-C gibt auf.</translation>
+    </message>
+    <message>
+        <source>Would read: the boot sector of %1</source>
+        <translation>Gelesen würde: der Bootsektor von %1</translation>
+    </message>
+    <message>
+        <source>%1 holds no FAT file system, and so has no dirty byte that is known here.</source>
+        <translation>%1 enthält kein FAT-Dateisystem und kennt daher keine Markierung „benutzt“.</translation>
+    </message>
+    <message>
+        <source>dirty</source>
+        <translation>als benutzt markiert</translation>
+    </message>
+    <message>
+        <source>clean</source>
+        <translation>sauber</translation>
+    </message>
+    <message>
+        <source>A lock does not mark it: it knows no type for volumes of this size.</source>
+        <translation>„lock“ markiert es nicht: Für Laufwerke dieser Größe ist kein Typ bekannt.</translation>
+    </message>
+    <message>
+        <source>Shows the USB drive, and makes it safe to pull.</source>
+        <translation>Zeigt das USB-Laufwerk und macht es bereit zum Abziehen.</translation>
+    </message>
+    <message>
+        <source>Usage: ovo-fieldhost validate [options] --rule RULE... [--] TEXT...
+
+Tells what a form would say of each TEXT: whether it passes all rules, and the verdict and the
+hint of each rule.
+
+  RULE  TYPE, or TYPE:OPTION=VALUE,OPTION=VALUE...
+
+        double    a number             bottom, top, step
+        int       a whole number       bottom, top, step
+        regexp    a pattern            pattern
+        mask      digits, each a 0     pattern
+        datetime  a date or a time     format, such as dd.MM.yyyy
+        length    a number of letters  bottom, top
+        notempty  at least a letter
+
+        A pattern or a format reaches to the end of the RULE, commas included.
+  TEXT  Behind &quot;--&quot; it may begin with &quot;-&quot;.
+
+Numbers are those of the environment&apos;s locale.
+
+Options:
+  --rule RULE  Adds a rule. May be given several times.
+  --final      The user is done: what may still become right by more typing does not pass.
+  -h, --help   Shows this text.
+
+Exit codes:
+  0  every TEXT passes
+  1  a TEXT does not pass
+  2  the command line was not understood</source>
+        <translation>Aufruf: ovo-fieldhost validate [Optionen] --rule RULE... [--] TEXT...
+
+Sagt, was ein Formular zu jedem TEXT sagen würde: ob er alle Regeln erfüllt, und
+Urteil und Hinweis jeder Regel.
+
+  RULE  TYPE, oder TYPE:OPTION=VALUE,OPTION=VALUE...
+
+        double    eine Zahl                 bottom, top, step
+        int       eine ganze Zahl           bottom, top, step
+        regexp    ein Muster                pattern
+        mask      Ziffern, jede eine 0      pattern
+        datetime  Datum oder Uhrzeit        format, wie dd.MM.yyyy
+        length    eine Anzahl von Zeichen   bottom, top
+        notempty  mindestens ein Zeichen
+
+        Ein Muster oder ein Format reicht bis zum Ende der RULE, mit allen
+        Kommas.
+  TEXT  Hinter „--“ darf er mit „-“ beginnen.
+
+Zahlen sind die des Gebietsschemas der Umgebung.
+
+Optionen:
+  --rule RULE  Fügt eine Regel hinzu. Mehrfach erlaubt.
+  --final      Die Eingabe ist fertig: Was erst durch Weitertippen richtig
+               würde, wird abgelehnt.
+  -h, --help   Zeigt diesen Text.
+
+Rückgabewerte:
+  0  jeder TEXT erfüllt alle Regeln
+  1  ein TEXT erfüllt sie nicht
+  2  die Befehlszeile wurde nicht verstanden</translation>
+    </message>
+    <message>
+        <source>Invalid</source>
+        <translation>Ungültig</translation>
+    </message>
+    <message>
+        <source>Intermediate</source>
+        <translation>Unfertig</translation>
+    </message>
+    <message>
+        <source>Acceptable</source>
+        <translation>Gültig</translation>
+    </message>
+    <message>
+        <source>, read as %1</source>
+        <translation>, gelesen als %1</translation>
+    </message>
+    <message>
+        <source>%1 passes</source>
+        <translation>%1 erfüllt alle Regeln</translation>
+    </message>
+    <message>
+        <source>%1 does not pass</source>
+        <translation>%1 erfüllt nicht alle Regeln</translation>
+    </message>
+    <message>
+        <source>A --rule is missing.</source>
+        <translation>--rule fehlt.</translation>
+    </message>
+    <message>
+        <source>Tells whether texts pass the rules of a form, and why not.</source>
+        <translation>Sagt, ob Texte die Regeln eines Formulars erfüllen.</translation>
+    </message>
+</context>
+<context>
     <name>Tavro::FieldHost::CopyVerification</name>
     <message>
         <source>it or its copy cannot be read any more</source>
@@ -1123,15 +2647,15 @@
     </message>
     <message>
         <source>The USB drive is unmounted and marked clean.</source>
-        <translation>Das USB-Laufwerk ist ausgeworfen und als sauber markiert.</translation>
+        <translation>Das USB-Laufwerk ist ausgehängt und als sauber markiert.</translation>
     </message>
     <message>
         <source>The USB drive is unmounted.</source>
-        <translation>Das USB-Laufwerk ist ausgeworfen.</translation>
+        <translation>Das USB-Laufwerk ist ausgehängt.</translation>
     </message>
     <message>
         <source>The USB drive is unmounted, and still marked as in use: it did not take the mark back.</source>
-        <translation>Das USB-Laufwerk ist ausgeworfen, aber noch als benutzt markiert: Die Markierung ließ sich nicht entfernen.</translation>
+        <translation>Das USB-Laufwerk ist ausgehängt, aber noch als benutzt markiert: Die Markierung ließ sich nicht entfernen.</translation>
     </message>
 </context>
 <context>
@@ -1635,7 +3159,7 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     </message>
     <message>
         <source>Mounting and unmounting %1 needs root, or a line for it in %2 with the option &quot;users&quot;.</source>
-        <translation>Zum Einhängen und Auswerfen von %1 sind Rechte von root nötig, oder eine Zeile in %2 mit der Option „users“.</translation>
+        <translation>Zum Einhängen und Aushängen von %1 sind Rechte von root nötig, oder eine Zeile in %2 mit der Option „users“.</translation>
     </message>
     <message>
         <source>Writing to %1 needs root, or a udev rule that gives the device to one of your groups.</source>
@@ -1671,15 +3195,15 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     </message>
     <message>
         <source>Unmounted. There was no dirty byte to clear.</source>
-        <translation>Ausgeworfen. Es gab keine Markierung „benutzt“.</translation>
+        <translation>Ausgehängt. Es gab keine Markierung „benutzt“.</translation>
     </message>
     <message>
         <source>Unmounted and marked clean: %1.</source>
-        <translation>Ausgeworfen und als sauber markiert: %1.</translation>
+        <translation>Ausgehängt und als sauber markiert: %1.</translation>
     </message>
     <message>
         <source>Unmounted, and still marked as in use. %1</source>
-        <translation>Ausgeworfen, aber noch als benutzt markiert. %1</translation>
+        <translation>Ausgehängt, aber noch als benutzt markiert. %1</translation>
     </message>
     <message>
         <source>%1 did not take the mark back.</source>
@@ -1724,19 +3248,19 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
     </message>
     <message>
         <source>The USB drive on %1 was pulled out. Unlock it, then plug it in again.</source>
-        <translation>Das USB-Laufwerk in %1 wurde abgezogen. Bitte auswerfen und dann wieder einstecken.</translation>
+        <translation>Das USB-Laufwerk in %1 wurde abgezogen. Bitte aushängen und dann wieder einstecken.</translation>
     </message>
     <message>
         <source>The USB drive was pulled out while it was mounted. It is unmounted now, but what was written last may be missing, and a FAT volume is still marked as in use. Plug it in again and check it, or lock and unlock it, which marks it clean.</source>
-        <translation>Das USB-Laufwerk wurde abgezogen, solange es eingehängt war. Es ist jetzt ausgeworfen, aber zuletzt Geschriebenes kann fehlen, und ein FAT-Laufwerk ist noch als benutzt markiert. Bitte wieder einstecken und prüfen, oder sperren und freigeben; danach ist es als sauber markiert.</translation>
+        <translation>Das USB-Laufwerk wurde abgezogen, solange es eingehängt war. Es ist jetzt ausgehängt, aber zuletzt Geschriebenes kann fehlen, und ein FAT-Laufwerk ist noch als benutzt markiert. Bitte wieder einstecken und prüfen, oder sperren und freigeben; danach ist es als sauber markiert.</translation>
     </message>
     <message>
         <source>Unmounted. Another drive is in its place now, and was not touched: the drive that was mounted is still marked as in use.</source>
-        <translation>Ausgeworfen. An seiner Stelle ist jetzt ein anderes Laufwerk; es wurde nicht angetastet. Das vorige ist noch als benutzt markiert.</translation>
+        <translation>Ausgehängt. An seiner Stelle ist jetzt ein anderes Laufwerk; es wurde nicht angetastet. Das vorige ist noch als benutzt markiert.</translation>
     </message>
     <message>
         <source>Unmounted. %1 is marked as in use all the same, and was not touched: check it.</source>
-        <translation>Ausgeworfen. %1 ist trotzdem als benutzt markiert und wurde nicht angetastet: bitte prüfen.</translation>
+        <translation>Ausgehängt. %1 ist trotzdem als benutzt markiert und wurde nicht angetastet: bitte prüfen.</translation>
     </message>
     <message>
         <source>A lock does not mark %1: it knows no type for volumes of this size.</source>
