@@ -3,6 +3,8 @@
 
 #include "tests/system/CheckVideoTask.h"
 
+#include "tests/support/ShownCode.h"
+
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
@@ -38,11 +40,7 @@ private:
 
 void tst_CheckVideoTask::thePageShowsIt()
 {
-    QFile page(QStringLiteral(OVO_PAGE));
-    QFile task(QStringLiteral(OVO_TASK));
-    QVERIFY(page.open(QIODevice::ReadOnly));
-    QVERIFY(task.open(QIODevice::ReadOnly));
-    QVERIFY(page.readAll().contains("```cpp\n" + task.readAll() + "```\n"));
+    QVERIFY(Test::showsCode(QStringLiteral(OVO_PAGE), QStringLiteral(OVO_TASK)));
 }
 
 void tst_CheckVideoTask::oneAfterTheOther()

@@ -3,6 +3,7 @@
 
 #include "tests/system/SetBothClocks.h"
 
+#include "tests/support/ShownCode.h"
 #include "tests/support/TestClock.h"
 
 #include <QTest>
@@ -20,11 +21,7 @@ private Q_SLOTS:
 
 void tst_SetBothClocks::thePageShowsIt()
 {
-    QFile page(QStringLiteral(OVO_PAGE));
-    QFile function(QStringLiteral(OVO_FUNCTION));
-    QVERIFY(page.open(QIODevice::ReadOnly));
-    QVERIFY(function.open(QIODevice::ReadOnly));
-    QVERIFY(page.readAll().contains("```cpp\n" + function.readAll() + "```\n"));
+    QVERIFY(Test::showsCode(QStringLiteral(OVO_PAGE), QStringLiteral(OVO_FUNCTION)));
 }
 
 void tst_SetBothClocks::bothClocksCount_data()
