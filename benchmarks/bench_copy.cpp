@@ -34,6 +34,7 @@ struct Options
     bool isSourceCold = false;
     bool isFloorDoubled = false;
     bool areNamesFlushed = false;
+    bool hasPeers = true;
     double turn = 0; // seconds; none: one after the other
 };
 
@@ -85,6 +86,10 @@ std::vector<Participant> participants(const Options &options)
     }
     if (options.isFloorDoubled) {
         all.push_back({"floor, a second time", Kind::Floor, floor});
+    }
+    if (!options.hasPeers) {
+        const auto isPeer = [](const Participant &one) { return one.kind == Kind::Peer; };
+        all.erase(std::remove_if(all.begin(), all.end(), isPeer), all.end());
     }
     for (size_t i = 0; i < all.size(); ++i) {
         all[i].copy = options.destination / ("copy" + std::to_string(i));
@@ -220,11 +225,12 @@ void report(const std::vector<Participant> &all, const Options &options)
         std::string("usage: ") + program
         + " TITLE SOURCE DESTINATION_DIRECTORY --file BYTES | --tree FOLDERS FILES BYTES_EACH\n"
           "    [--rounds N] [--target RATIO] [--cold] [--floor-twice] [--names]\n"
-          "    [--turns SECONDS]\n"
+          "    [--no-peers] [--turns SECONDS]\n"
           "SOURCE is created, and removed at the end.\n"
           "--cold         takes the source, a single file, out of the page cache before each copy\n"
           "--floor-twice  the floor takes part twice: what lies between the two is noise\n"
           "--names        the floor flushes names, too; one that does not takes part beside it\n"
+          "--no-peers     floor and library alone take part\n"
           "--turns        floor and library copy side by side, by turns of so many seconds; not\n"
           "               with --cold, as the first to read warms the source for the others");
 }
@@ -257,6 +263,8 @@ Options parse(int argc, char **argv)
             options.isFloorDoubled = true;
         } else if (argument == "--names") {
             options.areNamesFlushed = true;
+        } else if (argument == "--no-peers") {
+            options.hasPeers = false;
         } else if (argument == "--rounds" && values >= 1) {
             options.rounds = static_cast<unsigned>(number(argv[++i]));
         } else if (argument == "--target" && values >= 1) {
