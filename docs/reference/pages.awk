@@ -47,6 +47,8 @@ FNR == 1 {
 
 fenced { print; next }
 
+/^\[!\[/ { next } # a badge shows what is known where the project is hosted
+
 /^#+ / {
     flush_text()
     anchor = FNR == 1 ? label : label "-" slug($0)
