@@ -67,7 +67,7 @@ private:
         QSignalSpy changed(&trace, &ClipTrace::changed);
         trace.read(clip);
         QVERIFY(trace.isReading());
-        QVERIFY(changed.wait());
+        QVERIFY(changed.wait(30000));
         QCOMPARE(changed.count(), 2);
         QVERIFY(!trace.isReading());
     }
@@ -216,7 +216,7 @@ void tst_Recording::movementIsAnnouncedAFewTimesASecond()
     QSignalSpy moved(m_recording.get(), &Recording::moved);
     QSignalSpy frames(counter, &SimulatedDistanceCounter::distanceValueChanged);
     QVERIFY(waitForVideo(30'000));
-    QVERIFY(moved.wait());
+    QVERIFY(moved.wait(30000));
     QVERIFY(frames.count() > 500);
     QVERIFY2(moved.count() < frames.count() / 10, qPrintable(QString::number(moved.count())));
     QCOMPARE(m_recording->distanceInMeters(), counter->distanceValue());

@@ -392,7 +392,7 @@ void tst_CFileCopyController::pauseHoldsAndResumeGoesOn()
     QVERIFY(isInSync());
     controller.pause();
     letSyncGo();
-    QTRY_COMPARE(controller.processedBytes(), Q_INT64_C(300));
+    QTRY_COMPARE_WITH_TIMEOUT(controller.processedBytes(), Q_INT64_C(300), 30000);
     QTest::qWait(50);
     QCOMPARE(ends.ends(), QString()); // the file is not closed yet
     controller.resume();
@@ -485,7 +485,8 @@ void tst_CFileCopyController::abortWhilePausedEndsTheRun()
     QVERIFY(isInSync());
     controller.pause();
     letSyncGo();
-    QTRY_COMPARE(controller.processedBytes(), Q_INT64_C(300)); // waits before it closes the file
+    QTRY_COMPARE_WITH_TIMEOUT(controller.processedBytes(), Q_INT64_C(300),
+                              30000); // waits before it closes the file
     controller.abort();
     QVERIFY(ends.waitFor(1));
     QCOMPARE(ends.ends(), QStringLiteral("canceled"));
@@ -666,7 +667,7 @@ void tst_CFileCopyController::overlappingRequestWakesAPausedRun()
     QVERIFY(isInSync());
     controller.pause();
     letSyncGo();
-    QTRY_COMPARE(controller.processedBytes(), Q_INT64_C(300));
+    QTRY_COMPARE_WITH_TIMEOUT(controller.processedBytes(), Q_INT64_C(300), 30000);
     QCOMPARE(ends.ends(), QString());
     controller.copyDirectory(path("two"), path("second"));
     QVERIFY(ends.waitFor(2));
@@ -788,7 +789,7 @@ void tst_CFileCopyController::resetDuringARunLeavesItsCopyWhole()
     CFileCopyController controller;
     Test::CopyOutcomes ends(controller);
     controller.copyDirectory(path("src"), path("dst"));
-    QTRY_VERIFY(controller.processedBytes() > 0);
+    QTRY_VERIFY_WITH_TIMEOUT(controller.processedBytes() > 0, 30000);
     controller.reset();
     QVERIFY(ends.waitFor(1));
     QCOMPARE(ends.ends(), QStringLiteral("completed"));
@@ -921,7 +922,7 @@ void tst_CFileCopyController::destroyedWhilePaused()
     QVERIFY(isInSync());
     controller->pause();
     letSyncGo();
-    QTRY_COMPARE(controller->processedBytes(), Q_INT64_C(300));
+    QTRY_COMPARE_WITH_TIMEOUT(controller->processedBytes(), Q_INT64_C(300), 30000);
     const int threads = Test::threadCount();
     controller.reset();
     QTRY_COMPARE_WITH_TIMEOUT(Test::threadCount(), threads - 1, 30000); // it does not wait on

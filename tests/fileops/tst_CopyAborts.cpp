@@ -334,7 +334,7 @@ void tst_CopyAborts::destinationThatMeansTheRootStays()
     // nothing to copy, so that nothing is written into the root
     controller.copyDirectory(QStringLiteral("/missing"), destination);
     controller.abort();
-    QVERIFY(canceled.count() == 1 || canceled.wait());
+    QVERIFY(canceled.count() == 1 || canceled.wait(30000));
     QCOMPARE(everything(), before);
 }
 
@@ -364,7 +364,7 @@ void tst_CopyAborts::sourceStays()
     QSignalSpy canceled(&controller, &CFileCopyController::operationCanceled);
     controller.copyDirectory(source, destination);
     controller.abort();
-    QVERIFY(canceled.count() == 1 || canceled.wait());
+    QVERIFY(canceled.count() == 1 || canceled.wait(30000));
     QCOMPARE(canceled.count(), 1);
     const Tree after = everything();
     for (auto entry = before.cbegin(); entry != before.cend(); ++entry) {
@@ -389,7 +389,7 @@ void tst_CopyAborts::databaseFileStays()
     QSignalSpy canceled(&controller, &CFileCopyController::operationCanceled);
     controller.copyDatabaseFile(QStringLiteral("/db"), destination);
     controller.abort();
-    QVERIFY(canceled.count() == 1 || canceled.wait());
+    QVERIFY(canceled.count() == 1 || canceled.wait(30000));
     const Tree after = everything();
     QFile::remove(QStringLiteral("/hard"));
     QCOMPARE(after, before);
@@ -405,7 +405,7 @@ void tst_CopyAborts::relativeDestinationMeansWhatItMeantAtTheRequest()
             &CFileCopyController::abort);
     controller.copyDirectory(QStringLiteral("../src"), QStringLiteral("copy"));
     QVERIFY(QDir::setCurrent(QStringLiteral("/elsewhere")));
-    QVERIFY(canceled.wait());
+    QVERIFY(canceled.wait(30000));
     QVERIFY(!QFileInfo::exists(QStringLiteral("/x/copy")));
     QCOMPARE(Test::contentOf(QStringLiteral("/elsewhere/copy/mine")), QByteArray("not a copy"));
 }
@@ -421,7 +421,7 @@ void tst_CopyAborts::cutOffFileGoesFromADestinationThatStays()
     connect(&controller, &CFileCopyController::processedBytesChanged, &controller,
             [&controller] { controller.abort(); });
     controller.copyDirectory(QStringLiteral("/src/sub"), QStringLiteral("/src"));
-    QVERIFY(canceled.wait());
+    QVERIFY(canceled.wait(30000));
     const QFileInfo copy(QStringLiteral("/src/large"));
     QVERIFY2(!copy.exists() || copy.size() == size, "a part of the file");
 }
@@ -434,7 +434,7 @@ void tst_CopyAborts::twoNamesOfOneFileShowInTheResult()
     CFileCopyController controller;
     QSignalSpy completed(&controller, &CFileCopyController::operationCompleted);
     controller.copyDirectory(QStringLiteral("/src"), QStringLiteral("/x/copy"));
-    QVERIFY(completed.wait());
+    QVERIFY(completed.wait(30000));
     QCOMPARE(controller.processedBytes(), controller.totalBytes());
     QCOMPARE(Test::contentOf(QStringLiteral("/x/copy/afilm")), QByteArray("second"));
     QVERIFY(!controller.lastResult().isWhole());

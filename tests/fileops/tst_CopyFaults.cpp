@@ -466,12 +466,12 @@ void tst_CopyFaults::requestThatGetsNoThreadEndsAllTheSame()
     controller.copyDirectory(path("src"), path("dst"));
     QVERIFY(Faults::hasStruck());
     QCOMPARE(completed.count(), 0);
-    QTRY_COMPARE(completed.count(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(completed.count(), 1, 30000);
     QCOMPARE(controller.state(), CFileCopyController::StateIdle);
     QVERIFY(!QFileInfo::exists(path("dst")));
 
     controller.copyDirectory(path("src"), path("dst"));
-    QTRY_COMPARE(completed.count(), 2);
+    QTRY_COMPARE_WITH_TIMEOUT(completed.count(), 2, 30000);
     Faults::stop();
     QCOMPARE(canceled.count(), 0);
     QCOMPARE(Test::treeOf(path("dst")), Test::treeOf(path("src")));

@@ -71,7 +71,7 @@ void tst_ReportQueue::everyReportArrivesInOrder()
             });
         }
     });
-    QTRY_COMPARE(seen.size(), 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(seen.size(), 20000, 30000);
     worker.join();
     for (int i = 0; i < seen.size(); ++i) {
         QCOMPARE(seen.at(i), i);
@@ -99,7 +99,7 @@ void tst_ReportQueue::manyReportsWakeTheReceiverFewTimes()
         QCoreApplication::processEvents(); // as eager as an idle event loop
     }
     worker.join();
-    QTRY_COMPARE(seen, 1000);
+    QTRY_COMPARE_WITH_TIMEOUT(seen, 1000, 30000);
     QVERIFY2(receiver.wakeUps() < 500, QByteArray::number(receiver.wakeUps()));
 }
 
@@ -136,7 +136,7 @@ void tst_ReportQueue::reportAfterAPauseIsDelivered()
     int seen = 0;
     for (int i = 1; i <= 3; ++i) {
         inAnotherThread([&] { queue->report([&] { ++seen; }); });
-        QTRY_COMPARE(seen, i);
+        QTRY_COMPARE_WITH_TIMEOUT(seen, i, 30000);
         QTest::qWait(30); // long enough for the receiver to stop looking
     }
 }
@@ -175,7 +175,7 @@ void tst_ReportQueue::nestedEventLoopGoesOnWithTheNextReport()
         });
         queue->report([&] { seen += QLatin1Char('b'); });
     });
-    QTRY_COMPARE(seen, QStringLiteral("abcd"));
+    QTRY_COMPARE_WITH_TIMEOUT(seen, QStringLiteral("abcd"), 30000);
 }
 
 void tst_ReportQueue::nothingIsDeliveredAfterClose()
@@ -189,7 +189,7 @@ void tst_ReportQueue::nothingIsDeliveredAfterClose()
     bool isProven = false;
     QMetaObject::invokeMethod(
         &receiver, [&] { isProven = true; }, Qt::QueuedConnection);
-    QTRY_VERIFY(isProven);
+    QTRY_VERIFY_WITH_TIMEOUT(isProven, 30000);
     QCOMPARE(seen, 0);
 }
 
@@ -206,7 +206,7 @@ void tst_ReportQueue::receiverMayGoInTheMiddle()
         });
         queue->report([&] { ++seen; });
     });
-    QTRY_VERIFY(!receiver);
+    QTRY_VERIFY_WITH_TIMEOUT(!receiver, 30000);
     QCOMPARE(seen, 1);
     inAnotherThread([&] { queue->report([&] { ++seen; }); });
     QTest::qWait(20);

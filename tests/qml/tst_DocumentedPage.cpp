@@ -54,7 +54,7 @@ private:
     void click(const char *name) const
     {
         QQuickItem *button = item(name);
-        QTRY_VERIFY(button->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(button->isEnabled(), 30000);
         const QPointF center(button->width() / 2, button->height() / 2);
         QTest::mouseClick(m_window, Qt::LeftButton, {}, button->mapToScene(center).toPoint());
     }
@@ -108,7 +108,7 @@ void tst_DocumentedPage::cleanup()
 void tst_DocumentedPage::copies()
 {
     click("start");
-    QTRY_COMPARE(textOf("outcome"), QStringLiteral("Copied: 4.8 MB"));
+    QTRY_COMPARE_WITH_TIMEOUT(textOf("outcome"), QStringLiteral("Copied: 4.8 MB"), 30000);
     QCOMPARE(Test::treeOf(below("drive/export")), Test::treeOf(below("source")));
     QVERIFY(!item("abort")->isEnabled());
 }
@@ -118,7 +118,8 @@ void tst_DocumentedPage::saysWhatIsMissing()
     // a file is where the directory should be
     Test::makeFile(below("drive/export/section 1"), "in the way");
     click("start");
-    QTRY_VERIFY(textOf("outcome").startsWith(QLatin1String("Not everything was copied. ")));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        textOf("outcome").startsWith(QLatin1String("Not everything was copied. ")), 30000);
     QVERIFY2(textOf("outcome").contains(QLatin1String("/section 1")),
              qPrintable(textOf("outcome")));
 }
@@ -130,20 +131,21 @@ void tst_DocumentedPage::pausedCopyIsAborted()
     commands.add(QStringLiteral("sync"),
                  "while [ ! -e '" + below("letGo").toUtf8() + "' ]; do /bin/sleep 0.01; done");
     click("start");
-    QTRY_VERIFY(!commands.journal().isEmpty());
+    QTRY_VERIFY_WITH_TIMEOUT(!commands.journal().isEmpty(), 30000);
     click("pause");
     QCOMPARE(textOf("pause"), QStringLiteral("Resume"));
     Test::makeFile(below("letGo"), QByteArray());
 
     click("abort");
-    QTRY_COMPARE(textOf("outcome"), QStringLiteral("Canceled. The destination has been removed."));
+    QTRY_COMPARE_WITH_TIMEOUT(textOf("outcome"),
+                              QStringLiteral("Canceled. The destination has been removed."), 30000);
     QVERIFY(!QFile::exists(below("drive/export")));
     QCOMPARE(textOf("pause"), QStringLiteral("Pause"));
 }
 
 void tst_DocumentedPage::figuresFollowTheLocale()
 {
-    QTRY_VERIFY(textOf("sizes").startsWith(QLatin1String("4.8 MB to copy, ")));
+    QTRY_VERIFY_WITH_TIMEOUT(textOf("sizes").startsWith(QLatin1String("4.8 MB to copy, ")), 30000);
     Tavro::Shared::GlobalLocaleData::instance()->setDeviceLocale(QLocale(QStringLiteral("de_DE")));
     QVERIFY(textOf("sizes").startsWith(QLatin1String("4,8 MB to copy, ")));
 }

@@ -82,7 +82,7 @@ Item {
                     [CFileCopyController.StateIdle, 0, 0])
 
             copy.copyDirectory(source, destination)
-            completed.wait()
+            completed.wait(30000)
 
             verify(Host.same(source, destination))
             compare(copy.totalBytes, 5000010)
@@ -106,10 +106,10 @@ Item {
         function pauseInTheLastChunk() {
             Host.holdSync()
             copy.copyDirectory(source, destination)
-            tryVerify(Host.isSyncing)
+            tryVerify(Host.isSyncing, 30000)
             copy.pause()
             Host.letSyncGo()
-            tryCompare(copy, "processedBytes", 5000010)
+            tryCompare(copy, "processedBytes", 5000010, 30000)
         }
 
         function test_pausedCopyIsResumed() {
@@ -117,7 +117,7 @@ Item {
             pauseInTheLastChunk()
             compare(completed.count, 0)
             copy.resume()
-            completed.wait()
+            completed.wait(30000)
             verify(Host.same(source, destination))
         }
 
@@ -126,7 +126,7 @@ Item {
             const results = spy(copy.result, "changed")
             pauseInTheLastChunk()
             copy.abort()
-            canceled.wait()
+            canceled.wait(30000)
             compare(results.count, 1)
             compare(Host.exists(destination), false)
             verify(Host.exists(source + "/project.txt"))
@@ -137,7 +137,7 @@ Item {
         function test_copyThatFallsShort() {
             const completed = spy(copy, "operationCompleted")
             copy.copyDirectory(source + "/missing", destination)
-            completed.wait()
+            completed.wait(30000)
             compare(root.wholeInHandler, [false])
             compare([copy.result.whole, copy.result.canceled, copy.result.files], [false, false, 0])
             compare(copy.result.error, CFileCopyController.ErrorSourceFileOpenFailed)
@@ -151,12 +151,12 @@ Item {
         function test_severalDirectoriesAndOneFile() {
             const completed = spy(copy, "operationCompleted")
             copy.copyDirectories([source, source + "/section 1"], [destination, destination + " 2"])
-            completed.wait()
+            completed.wait(30000)
             verify(Host.same(source, destination))
             verify(Host.same(source + "/section 1", destination + " 2"))
 
             copy.copyDatabaseFile(source + "/project.txt", destination + "/copy.txt")
-            completed.wait()
+            completed.wait(30000)
             compare(Host.tree(destination), ["copy.txt", "project.txt", "section 1/", "section 1/video"])
             verify(copy.result.whole)
 
@@ -171,7 +171,7 @@ Item {
             const completed = spy(copy, "operationCompleted")
             copy.copyDirectory(Paths.local(Paths.url(source + "/section 1")),
                                Paths.local(Paths.url(destination)))
-            completed.wait()
+            completed.wait(30000)
             compare(Host.tree(destination), ["video"])
         }
 
@@ -179,7 +179,7 @@ Item {
             const results = spy(deletion.result, "changed")
             deletion.deleteDirectory(source)
             compare(deletion.state, CFileDeleteController.StateEnumeratingFiles)
-            tryCompare(deletion, "state", CFileDeleteController.StateIdle)
+            tryCompare(deletion, "state", CFileDeleteController.StateIdle, 30000)
             compare(Host.exists(source), false)
             compare(root.states, [CFileDeleteController.StateEnumeratingFiles,
                                   CFileDeleteController.StateDeleting,
@@ -193,7 +193,7 @@ Item {
         function test_deletionThatFallsShort() {
             const file = source + "/project.txt"
             deletion.deleteDirectories([file])
-            tryCompare(deletion, "state", CFileDeleteController.StateIdle)
+            tryCompare(deletion, "state", CFileDeleteController.StateIdle, 30000)
             verify(Host.exists(file))
             compare(deletion.result.whole, false)
             compare(deletion.result.error, CFileDeleteController.ErrorDirectoryDeletionFailed)
@@ -209,7 +209,7 @@ Item {
                 deletion.deleteDirectory(source)
                 deletion.pause()
                 deletion.abort()
-                tryCompare(deletion, "state", CFileDeleteController.StateIdle)
+                tryCompare(deletion, "state", CFileDeleteController.StateIdle, 30000)
                 if (Host.exists(source + "/project.txt"))
                     break
             }
@@ -248,7 +248,7 @@ Item {
             copy.result.controller = null
             results.clear()
             copy.copyDirectory(source, destination)
-            completed.wait()
+            completed.wait(30000)
             compare(results.count, 0)
         }
     }

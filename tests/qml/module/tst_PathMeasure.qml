@@ -69,7 +69,7 @@ Item {
 
             measure.path = Host.directory + "/a"
             compare([paths.count, measure.ready, measure.bytes], [1, false, row.unknown]) // not at once
-            ready.wait()
+            ready.wait(30000)
             compare([bytes.count, ready.count, measure.ready], [1, 1, true])
 
             measure.path = Host.directory + "/a" // the same
@@ -82,10 +82,10 @@ Item {
             const measure = createTemporaryObject(row.component, root, { path: Host.directory })
             let turned = false
             Qt.callLater(() => turned = true)
-            tryVerify(() => turned)
+            tryVerify(() => turned, 30000)
             compare(measure.ready, false) // the event loop has turned, and measured nothing
             Host.freePool()
-            tryCompare(measure, "ready", true)
+            tryCompare(measure, "ready", true, 30000)
         }
 
         function test_urlIsThePath_data() { return both() }
@@ -96,13 +96,13 @@ Item {
             const paths = spy(measure, "pathChanged")
             measure.path = Host.directory + "/a"
             compare(paths.count, 0)
-            tryCompare(measure, "ready", true)
+            tryCompare(measure, "ready", true, 30000)
         }
 
         function test_pathThatIsTakenAway_data() { return both() }
         function test_pathThatIsTakenAway(row) {
             const measure = createTemporaryObject(row.component, root, { path: Host.directory })
-            tryCompare(measure, "ready", true)
+            tryCompare(measure, "ready", true, 30000)
             verify(measure.bytes !== row.unknown)
             measure.path = ""
             compare([measure.bytes, measure.ready], [row.unknown, false])
@@ -110,7 +110,7 @@ Item {
 
         function test_sizeIsThatOfAllFiles() {
             const size = createTemporaryObject(sizeOf, root, { path: Host.directory + "/a" })
-            tryCompare(size, "ready", true)
+            tryCompare(size, "ready", true, 30000)
             compare(size.bytes, 1234)
         }
 
@@ -118,21 +118,21 @@ Item {
             const size = createTemporaryObject(sizeOf, root, { path: Host.directory + "/a" })
             const bytes = spy(size, "bytesChanged")
             size.path = Host.directory + "/a/b"
-            tryCompare(size, "ready", true)
+            tryCompare(size, "ready", true, 30000)
             // what was begun before has ended before, or ends before this
             const other = createTemporaryObject(sizeOf, root, { path: Host.directory + "/a" })
-            tryCompare(other, "ready", true)
+            tryCompare(other, "ready", true, 30000)
             compare([size.bytes, bytes.count], [234, 1])
         }
 
         function test_refreshMeasuresAgain() {
             const size = createTemporaryObject(sizeOf, root, { path: Host.directory + "/a" })
-            tryCompare(size, "ready", true)
+            tryCompare(size, "ready", true, 30000)
             Host.write("a/three", 66)
             const ready = spy(size, "readyChanged")
             size.refresh()
             compare([size.bytes, size.ready], [1234, false]) // shown until the other is known
-            tryCompare(size, "ready", true)
+            tryCompare(size, "ready", true, 30000)
             compare([size.bytes, ready.count], [1300, 2])
         }
 
@@ -147,26 +147,26 @@ Item {
             })
             size.path = Host.directory + "/a"
             compare(size.path, Host.directory + "/a/b")
-            tryCompare(size, "ready", true)
+            tryCompare(size, "ready", true, 30000)
             compare(size.bytes, 234)
         }
 
         function test_missingDirectoryHasNothing() {
             const size = createTemporaryObject(sizeOf, root, { path: Host.directory + "/missing" })
-            tryCompare(size, "ready", true)
+            tryCompare(size, "ready", true, 30000)
             compare(size.bytes, 0)
         }
 
         function test_freeSpaceIsThatOfTheVolume() {
             const space = createTemporaryObject(spaceOf, root, { path: Host.directory })
-            tryCompare(space, "ready", true)
+            tryCompare(space, "ready", true, 30000)
             verify(space.bytes >= 0)
             verify(space.bytes <= Host.sizeOfVolume(Host.directory))
         }
 
         function test_missingPathHasNoSpace() {
             const space = createTemporaryObject(spaceOf, root, { path: Host.directory + "/missing" })
-            tryCompare(space, "ready", true)
+            tryCompare(space, "ready", true, 30000)
             compare(space.bytes, -1)
         }
 
@@ -175,7 +175,7 @@ Item {
             const measure = row.component.createObject(root, { path: Host.directory })
             Host.destroy(measure)
             const later = createTemporaryObject(row.component, root, { path: Host.directory })
-            tryCompare(later, "ready", true)
+            tryCompare(later, "ready", true, 30000)
         }
     }
 }

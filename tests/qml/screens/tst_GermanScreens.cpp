@@ -82,7 +82,8 @@ void tst_GermanScreens::initTestCase()
     QVERIFY(QTest::qWaitForWindowExposed(m_window));
     // a thread reads its catalog
     m_window->setProperty("page", QStringLiteral("form"));
-    QTRY_VERIFY(m_screen.find(m_window->contentItem(), QStringLiteral("accept")));
+    QTRY_VERIFY_WITH_TIMEOUT(m_screen.find(m_window->contentItem(), QStringLiteral("accept")),
+                             30000);
 }
 
 void tst_GermanScreens::init()
@@ -168,7 +169,8 @@ void tst_GermanScreens::everyTextFits()
     m_window->setProperty("fontScale", fontScale);
     m_window->setProperty("page", page);
     m_window->grabWindow(); // layouts settle when they are polished, before a frame
-    QTRY_COMPARE(m_screen.layoutFaults(m_window->contentItem()).join(QLatin1Char('\n')), QString());
+    QTRY_COMPARE_WITH_TIMEOUT(
+        m_screen.layoutFaults(m_window->contentItem()).join(QLatin1Char('\n')), QString(), 30000);
 }
 
 int main(int argc, char *argv[])
