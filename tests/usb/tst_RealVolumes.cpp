@@ -79,8 +79,9 @@ Blocks blocksOf(const QString &path)
 QList<int> differences(const Blocks &a, const Blocks &b)
 {
     QList<int> offsets;
-    const QList<qint64> all = a.keys() + b.keys();
-    for (const qint64 begin : std::set<qint64>(all.begin(), all.end())) {
+    std::set<qint64> begins(a.keyBegin(), a.keyEnd());
+    begins.insert(b.keyBegin(), b.keyEnd());
+    for (const qint64 begin : begins) {
         const QByteArray left = a.value(begin).leftJustified(s_blockSize, '\0');
         const QByteArray right = b.value(begin).leftJustified(s_blockSize, '\0');
         for (int i = 0; i < left.size(); ++i) {
