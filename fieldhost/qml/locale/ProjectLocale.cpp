@@ -142,8 +142,8 @@ void ProjectLocale::setCatalog(const QString &file)
         auto files = std::make_unique<CatalogFiles>();
         CatalogError error;
         const CatalogDescriptor *catalog = files->load(file, error);
-        m_error = error;
         if (!catalog) {
+            m_objection = sentenceOf(error);
             Q_EMIT changed();
             return;
         }
@@ -153,7 +153,7 @@ void ProjectLocale::setCatalog(const QString &file)
         m_country = m_catalog->countryCode;
         m_language = m_catalog->languageCode;
     }
-    m_error = CatalogError();
+    m_objection.clear();
     m_file = file;
     apply();
 }
@@ -209,7 +209,7 @@ QString ProjectLocale::catalogName() const
 
 QString ProjectLocale::objection() const
 {
-    return m_error.cause.isEmpty() ? QString() : sentenceOf(m_error);
+    return m_objection;
 }
 
 QStringList ProjectLocale::warnings() const

@@ -99,7 +99,7 @@ private:
     std::unique_ptr<CatalogFiles> m_files; // made anew: it refuses to read a catalog twice
     const CatalogDescriptor *m_catalog = nullptr; // of m_files
     QSharedPointer<Templates::CCatalogTemplate> m_template;
-    CatalogError m_error;
+    QString m_objection; // in the language of the time: half of it would stay in that anyway
     QString m_file;
     QString m_country;
     QString m_language;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "fieldhost/qml/Screens.h"
+#include "fieldhost/qml/locale/ProjectLocale.h"
 #include "fieldhost/qml/translations/Translations.h"
 #include "fieldhost/services/FieldApplication.h"
 #include "shared/locale/GlobalLocaleData.h"
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void everyTextIsTranslated();
     void everyTextFits_data();
     void everyTextFits();
+    void anObjectionIsInOneLanguage();
 
 private:
     QStringList words() const;
@@ -171,6 +173,22 @@ void tst_GermanScreens::everyTextFits()
     m_window->grabWindow(); // layouts settle when they are polished, before a frame
     QTRY_COMPARE_WITH_TIMEOUT(
         m_screen.layoutFaults(m_window->contentItem()).join(QLatin1Char('\n')), QString(), 30000);
+}
+
+void tst_GermanScreens::anObjectionIsInOneLanguage()
+{
+    const QString none = QStringLiteral("/none.json");
+    ProjectLocale locale;
+    locale.setCatalog(none);
+    const QString english =
+        QStringLiteral("The catalog \"/none.json\" cannot be read: there is no such file.");
+    QCOMPARE(locale.objection(), english);
+    setLocale("de_DE");
+    QCOMPARE(locale.objection(), english);
+    locale.setCatalog(none);
+    QCOMPARE(
+        locale.objection(),
+        QStringLiteral("Der Katalog \"/none.json\" ist nicht lesbar: die Datei gibt es nicht."));
 }
 
 int main(int argc, char *argv[])
