@@ -358,6 +358,17 @@ int open64(const char *path, int flags, ...)
     return openWatched(path, flags, mode, "open64");
 }
 
+// with _FORTIFY_SOURCE, where the compiler does not know the flags
+int __open_2(const char *path, int flags)
+{
+    return openWatched(path, flags, 0, "open");
+}
+
+int __open64_2(const char *path, int flags)
+{
+    return openWatched(path, flags, 0, "open64");
+}
+
 ssize_t read(int fd, void *data, size_t size)
 {
     static const auto original = next<ssize_t (*)(int, void *, size_t)>("read");
@@ -428,6 +439,16 @@ int openat64(int base, const char *path, int flags, ...)
     const int mode = (flags & O_CREAT) != 0 ? va_arg(arguments, int) : 0;
     va_end(arguments);
     return openAtWatched(base, path, flags, mode, "openat64");
+}
+
+int __openat_2(int base, const char *path, int flags)
+{
+    return openAtWatched(base, path, flags, 0, "openat");
+}
+
+int __openat64_2(int base, const char *path, int flags)
+{
+    return openAtWatched(base, path, flags, 0, "openat64");
 }
 
 void *opendir(const char *path)

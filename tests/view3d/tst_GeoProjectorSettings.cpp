@@ -74,7 +74,7 @@ void tst_GeoProjectorSettings::textsAreExact()
     QFETCH(QString, file);
     QFETCH(int, characters);
 
-    QFile expected(QFINDTESTDATA(QStringLiteral("projections/") + file));
+    QFile expected(QStringLiteral(OVO_PROJECTIONS) + file);
     QVERIFY(expected.open(QIODevice::ReadOnly));
     const QByteArray bytes = expected.readAll();
     QCOMPARE(bytes.size(), characters);
