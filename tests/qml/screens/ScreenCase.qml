@@ -14,6 +14,9 @@ TestCase {
     // the item or the window that is tested, where it is not the one that the case lies in
     property var subject: screenCase
 
+    // how long a busy machine may take, in ms
+    readonly property int patience: 30000
+
     when: windowShown
 
     // the visible item of that name; fails where there is none in time
@@ -22,7 +25,7 @@ TestCase {
         tryVerify(function() {
             found = screenTest.find(subject.contentItem || subject, objectName)
             return found !== null
-        }, 5000, "there is no " + objectName)
+        }, patience, "there is no " + objectName)
         return found
     }
 
@@ -66,12 +69,12 @@ TestCase {
         const index = box.find(text)
         verify(index >= 0, "no " + text)
         keyClick(Qt.Key_Return)
-        tryVerify(() => box.popup.opened)
+        tryVerify(() => box.popup.opened, patience)
         while (box.highlightedIndex !== index) {
             keyClick(box.highlightedIndex < index ? Qt.Key_Down : Qt.Key_Up)
         }
         keyClick(Qt.Key_Return)
-        tryVerify(() => !box.popup.visible)
+        tryVerify(() => !box.popup.visible, patience)
     }
 
     // replaces what is in the field
@@ -124,7 +127,7 @@ TestCase {
         screenTest.watchMessages()
         if (subject.requestActivate) {
             subject.requestActivate()
-            tryVerify(() => subject.active)
+            tryVerify(() => subject.active, patience)
         }
     }
 

@@ -26,7 +26,7 @@ Item {
             window.width = width
             window.height = height
             tryVerify(() => window.contentItem.width === width
-                      && window.contentItem.height === height)
+                      && window.contentItem.height === height, patience)
             waitForRendering(window.contentItem, 300) // positions are given before a frame
         }
 
@@ -54,9 +54,9 @@ Item {
             window.show("export")
             save("export")
             tap("chooseSource")
-            tryVerify(() => item("chooserList").activeFocus)
+            tryVerify(() => item("chooserList").activeFocus, patience)
             tap("entry:Mill Lane 2026")
-            tryVerify(() => item("chooserPath").text.endsWith("2026"))
+            tryVerify(() => item("chooserPath").text.endsWith("2026"), patience)
             save("export-chooser")
             tap("chooserChoose")
             tap("useDrive")
@@ -68,7 +68,7 @@ Item {
             click("start")
             tryVerify(() => item("bar").value > 0.4, 60000)
             click("pause")
-            tryVerify(() => item("stateTitle").text === "Angehalten", 30000)
+            tryVerify(() => item("stateTitle").text === "Angehalten", patience)
             saveVariant("export-small-german", "D", "DEU", false, 800, 480, 1)
             saveVariant("export-german-large-dark", "D", "DEU", true, 1280, 800, 1.5)
             click("abort")
@@ -78,7 +78,7 @@ Item {
             tryVerify(() => item("bar").value > 0.4, 60000)
             screenTest.save(window, "export-copying")
             click("pause")
-            tryVerify(() => item("stateTitle").text === "Paused", 30000)
+            tryVerify(() => item("stateTitle").text === "Paused", patience)
             save("export-paused")
             click("abort")
             item("questionConfirm")
@@ -93,7 +93,7 @@ Item {
         function test_2_delete() {
             window.show("delete")
             tap("choose")
-            tryVerify(() => item("chooserList").activeFocus)
+            tryVerify(() => item("chooserList").activeFocus, patience)
             tap("entry:Mill Lane 2026")
             tap("chooserChoose")
             wait(1000)
@@ -116,14 +116,14 @@ Item {
             fill("clip", "/media/inspector/Mill Lane 2026/Section 1/inspection.mp4")
             choose("speed", "50 times faster")
             click("start")
-            tryVerify(() => item("clock").text >= "0:40", 30000)
+            tryVerify(() => item("clock").text >= "0:40", patience)
             click("observe")
             save("recording")
             saveVariant("recording-german-dark", "D", "DEU", true, 1280, 800, 1)
             saveVariant("recording-small", "", "", false, 800, 480, 1)
             click("pause")
             click("stop")
-            tryVerify(() => screenTest.find(window.contentItem, "trace") !== null, 30000)
+            tryVerify(() => screenTest.find(window.contentItem, "trace") !== null, patience)
             bringIntoView(item("traceTilt"))
             save("recording-trace")
         }
@@ -150,7 +150,7 @@ Item {
         function test_6_device() {
             window.show("device")
             click("lookAtDrives")
-            tryVerify(() => item("lookAtDrives").enabled)
+            tryVerify(() => item("lookAtDrives").enabled, patience)
             save("device")
             saveVariant("device-german-dark", "D", "DEU", true, 1280, 800, 1)
             fill("newTime", "13:05")

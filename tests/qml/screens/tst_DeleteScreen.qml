@@ -49,10 +49,10 @@ Item {
         function chooseProject() {
             openChooser("choose")
             enter("project")
-            tryVerify(() => item("chooserPath").text === project)
+            tryVerify(() => item("chooserPath").text === project, patience)
             tap("chooserChoose")
-            tryVerify(() => screenTest.find(root, "chooserChoose") === null)
-            tryVerify(() => item("entrySize0").text === "97.7 KiB")
+            tryVerify(() => screenTest.find(root, "chooserChoose") === null, patience)
+            tryVerify(() => item("entrySize0").text === "97.7 KiB", patience)
         }
 
         function texts() {
@@ -70,7 +70,7 @@ Item {
 
         function openChooser(button) {
             tap(button)
-            tryVerify(() => item("chooserList").activeFocus)
+            tryVerify(() => item("chooserList").activeFocus, patience)
             waitForRendering(root, 200) // positions are given before a frame
         }
 
@@ -82,7 +82,7 @@ Item {
         }
 
         function verifyResult(text) {
-            tryVerify(() => screenTest.find(root, "result") !== null, 30000)
+            tryVerify(() => screenTest.find(root, "result") !== null, patience)
             compare(item("result").text, text)
         }
 
@@ -91,7 +91,7 @@ Item {
             chooseProject()
             verify(item("delete").enabled)
             tap("delete")
-            tryVerify(() => screenTest.find(root, "questionConfirm") !== null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") !== null, patience)
             verifySays(/\/project\n\n97.7 KiB in all. This cannot be undone.$/)
             verify(screenTest.exists(project))
             tap("questionConfirm")
@@ -113,9 +113,9 @@ Item {
         function test_theQuestionIsRefused(data) {
             chooseProject()
             click("delete")
-            tryVerify(() => screenTest.find(root, "questionConfirm") !== null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") !== null, patience)
             data.answer()
-            tryVerify(() => screenTest.find(root, "questionConfirm") === null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") === null, patience)
             verify(item("delete").enabled)
             verify(screenTest.exists(project + "/data.bin"))
         }
@@ -124,19 +124,19 @@ Item {
             chooseProject()
             openChooser("choose")
             click("chooserUp")
-            tryVerify(() => item("chooserPath").text === screenTest.home)
+            tryVerify(() => item("chooserPath").text === screenTest.home, patience)
             enter("single.bin")
-            tryVerify(() => item("totalSize").value === "99.7 KiB")
+            tryVerify(() => item("totalSize").value === "99.7 KiB", patience)
             openChooser("choose")
-            tryVerify(() => screenTest.find(root, "entry:target") !== null)
+            tryVerify(() => screenTest.find(root, "entry:target") !== null, patience)
             enter("target")
-            tryVerify(() => item("chooserPath").text === screenTest.home + "/target")
+            tryVerify(() => item("chooserPath").text === screenTest.home + "/target", patience)
             click("chooserChoose")
-            tryVerify(() => screenTest.find(root, "remove2") !== null)
-            tryVerify(() => item("delete").enabled) // all sizes are there
+            tryVerify(() => screenTest.find(root, "remove2") !== null, patience)
+            tryVerify(() => item("delete").enabled, patience) // all sizes are there
             waitForRendering(root, 200)
             tap("remove0")
-            tryVerify(() => screenTest.find(root, "remove2") === null)
+            tryVerify(() => screenTest.find(root, "remove2") === null, patience)
             click("delete")
             tap("questionConfirm")
             verifyResult("Everything is deleted")
@@ -148,18 +148,18 @@ Item {
         function test_byKeyboard() {
             item("choose").forceActiveFocus(Qt.TabFocusReason)
             keyClick(Qt.Key_Return)
-            tryVerify(() => screenTest.find(root, "entry:project") !== null)
-            tryVerify(() => item("chooserList").activeFocus)
+            tryVerify(() => screenTest.find(root, "entry:project") !== null, patience)
+            tryVerify(() => item("chooserList").activeFocus, patience)
             for (let i = 0; i < 9 && !item("entry:single.bin").highlighted; ++i) {
                 keyClick(Qt.Key_Down)
             }
             keyClick(Qt.Key_Return)
-            tryVerify(() => screenTest.find(root, "chooserChoose") === null)
+            tryVerify(() => screenTest.find(root, "chooserChoose") === null, patience)
             for (let i = 0; i < 9 && !item("delete").activeFocus; ++i) {
                 keyClick(Qt.Key_Tab)
             }
             keyClick(Qt.Key_Return)
-            tryVerify(() => screenTest.find(root, "questionConfirm") !== null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") !== null, patience)
             keyClick(Qt.Key_Tab)
             keyClick(Qt.Key_Return)
             verifyResult("Everything is deleted")
@@ -169,7 +169,7 @@ Item {
         function test_whatIsGoneMeanwhileIsSaid() {
             openChooser("choose")
             enter("single.bin")
-            tryVerify(() => item("entrySize0").text === "2.0 KiB")
+            tryVerify(() => item("entrySize0").text === "2.0 KiB", patience)
             screenTest.remove(screenTest.home + "/single.bin")
             click("delete")
             click("questionConfirm")
@@ -186,13 +186,13 @@ Item {
             openChooser("choose")
             enter("target")
             enter("tree")
-            tryVerify(() => item("chooserPath").text === screenTest.home + "/target/tree")
+            tryVerify(() => item("chooserPath").text === screenTest.home + "/target/tree", patience)
             click("chooserChoose")
-            tryVerify(() => item("entrySize0").text === "2.0 KiB")
+            tryVerify(() => item("entrySize0").text === "2.0 KiB", patience)
             openChooser("choose")
             click("chooserHome")
             enter("single.bin")
-            tryVerify(() => screenTest.find(root, "entrySize1") !== null)
+            tryVerify(() => screenTest.find(root, "entrySize1") !== null, patience)
             screenTest.freezeVolume()
             click("delete")
             tap("questionConfirm")

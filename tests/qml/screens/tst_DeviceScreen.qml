@@ -45,7 +45,7 @@ Item {
         // looks, and waits for the result
         function look() {
             click("lookAtDrives")
-            tryVerify(() => item("lookAtDrives").enabled)
+            tryVerify(() => item("lookAtDrives").enabled, patience)
         }
 
         function needDrives() {
@@ -60,7 +60,7 @@ Item {
                 look()
             }
             screenTest.log(2, "A message that is long enough to need more than a line of the log")
-            tryVerify(() => LogEntries.lines.length > 0)
+            tryVerify(() => LogEntries.lines.length > 0, patience)
             verifyLayoutInAllSizes(root)
             verifyLayoutInGerman(root)
             Look.dark = true
@@ -117,15 +117,15 @@ Item {
             screenTest.setDirty(true)
             screenTest.mount()
             loader.active = true
-            tryVerify(() => texts().includes("In use"))
+            tryVerify(() => texts().includes("In use"), patience)
             verify(!texts().some(text => text.includes("mounted for a moment")))
         }
 
         function test_clockRuns() {
-            tryVerify(() => item("clock").text !== "")
+            tryVerify(() => item("clock").text !== "", patience)
             const first = item("clock").text
             verify(/^\d\d:\d\d:\d\d$/.test(first), first)
-            tryVerify(() => item("clock").text !== first)
+            tryVerify(() => item("clock").text !== first, patience)
         }
 
         function test_clockIsSet() {
@@ -134,7 +134,7 @@ Item {
             item("questionConfirm")
             compare(screenTest.commands(), [])
             keyClick(Qt.Key_Return)
-            tryCompare(item("clockOutcome"), "text", "The clock is set.")
+            tryCompare(item("clockOutcome"), "text", "The clock is set.", patience)
             compare(item("clockOutcome").kind, "good")
             compare(screenTest.commands().length, 2)
         }
@@ -144,7 +144,7 @@ Item {
             fill("newTime", "13:05")
             keyClick(Qt.Key_Return)
             click("questionConfirm")
-            tryCompare(item("clockOutcome"), "kind", "bad")
+            tryCompare(item("clockOutcome"), "kind", "bad", patience)
             verify(/^The clock is not set: it shows .* UTC\./.test(item("clockOutcome").text),
                    item("clockOutcome").text)
             compare(screenTest.commands()[0], "date -u -s 2026-11-21 13:05:00")
@@ -155,7 +155,7 @@ Item {
             tap("setClock")
             item("questionCancel")
             keyClick(Qt.Key_Escape)
-            tryVerify(() => screenTest.find(root, "questionCancel") === null)
+            tryVerify(() => screenTest.find(root, "questionCancel") === null, patience)
             compare(screenTest.commands(), [])
         }
 
@@ -164,7 +164,7 @@ Item {
             fill("newDate", screenTest.today())
             click("setClock")
             click("questionConfirm")
-            tryCompare(item("clockOutcome"), "kind", "bad")
+            tryCompare(item("clockOutcome"), "kind", "bad", patience)
             compare(item("clockOutcome").text,
                     "The system clock is set, the hardware clock is not: it shows "
                     + "1970-01-02 00:00:00 UTC. The time may be wrong after the next start.")
@@ -174,7 +174,7 @@ Item {
             fill("newDate", "9999-12-31")
             click("setClock")
             click("questionConfirm")
-            tryCompare(item("clockOutcome"), "kind", "bad")
+            tryCompare(item("clockOutcome"), "kind", "bad", patience)
             verify(item("clockOutcome").text.endsWith("No clock was changed."))
             compare(screenTest.commands(), [])
         }
@@ -199,7 +199,7 @@ Item {
             verify(texts().includes("Nothing has been logged."))
             screenTest.log(2, "first")
             screenTest.log(1, "second")
-            tryVerify(() => texts().includes("[error] Test: second"))
+            tryVerify(() => texts().includes("[error] Test: second"), patience)
             compare(item("logLine0").text, "[error] Test: second")
             compare(item("logLine1").text, "[warning] Test: first")
             click("clearLog")
@@ -210,7 +210,7 @@ Item {
             choose("threshold", "Errors")
             screenTest.log(2, "a warning")
             screenTest.log(1, "an error")
-            tryVerify(() => texts().includes("[error] Test: an error"))
+            tryVerify(() => texts().includes("[error] Test: an error"), patience)
             compare(LogEntries.lines.length, 1)
             choose("threshold", "Errors, warnings and information")
         }

@@ -54,9 +54,9 @@ Item {
         function choose(button, name) {
             openChooser(button)
             enter(name)
-            tryVerify(() => item("chooserPath").text === screenTest.home + "/" + name)
+            tryVerify(() => item("chooserPath").text === screenTest.home + "/" + name, patience)
             tap("chooserChoose")
-            tryVerify(() => screenTest.find(root, "chooserChoose") === null)
+            tryVerify(() => screenTest.find(root, "chooserChoose") === null, patience)
         }
 
         function chooseBoth() {
@@ -70,13 +70,13 @@ Item {
             chooseBoth()
             click("start")
             verify(screenTest.waitUntilHeld())
-            tryVerify(() => item("directory").value === "project")
+            tryVerify(() => item("directory").value === "project", patience)
             compare(item("stateTitle").text, "Copying")
         }
 
         function openChooser(button) {
             tap(button)
-            tryVerify(() => item("chooserList").activeFocus)
+            tryVerify(() => item("chooserList").activeFocus, patience)
             waitForRendering(root, 200) // positions are given before a frame
         }
 
@@ -88,7 +88,7 @@ Item {
         }
 
         function verifyResult(text) {
-            tryVerify(() => screenTest.find(root, "result") !== null, 30000)
+            tryVerify(() => screenTest.find(root, "result") !== null, patience)
             compare(item("result").text, text)
         }
 
@@ -106,11 +106,11 @@ Item {
             verify(!item("start").enabled)
             choose("chooseSource", "project")
             compare(item("sourcePath").text, project)
-            tryVerify(() => item("sourceSize").text === "97.7 KiB")
+            tryVerify(() => item("sourceSize").text === "97.7 KiB", patience)
             verify(!item("start").enabled)
             choose("chooseDestination", "target")
             compare(item("destinationPath").text, target)
-            tryVerify(() => / free$/.test(item("freeSpace").text))
+            tryVerify(() => / free$/.test(item("freeSpace").text), patience)
             verify(item("start").enabled)
         }
 
@@ -140,26 +140,26 @@ Item {
             const walk = function(button, name) {
                 item(button).forceActiveFocus(Qt.TabFocusReason)
                 keyClick(Qt.Key_Return)
-                tryVerify(() => screenTest.find(root, "entry:" + name) !== null)
-                tryVerify(() => item("chooserList").activeFocus)
+                tryVerify(() => screenTest.find(root, "entry:" + name) !== null, patience)
+                tryVerify(() => item("chooserList").activeFocus, patience)
                 for (let i = 0; i < 9 && !item("entry:" + name).highlighted; ++i) {
                     keyClick(Qt.Key_Down)
                 }
                 keyClick(Qt.Key_Return)
-                tryVerify(() => item("chooserPath").text === screenTest.home + "/" + name)
+                tryVerify(() => item("chooserPath").text === screenTest.home + "/" + name, patience)
                 keyClick(Qt.Key_Backspace)
-                tryVerify(() => item("chooserPath").text === screenTest.home)
-                tryVerify(() => screenTest.find(root, "entry:" + name) !== null)
+                tryVerify(() => item("chooserPath").text === screenTest.home, patience)
+                tryVerify(() => screenTest.find(root, "entry:" + name) !== null, patience)
                 for (let i = 0; i < 9 && !item("entry:" + name).highlighted; ++i) {
                     keyClick(Qt.Key_Down)
                 }
                 keyClick(Qt.Key_Enter)
-                tryVerify(() => item("chooserPath").text === screenTest.home + "/" + name)
+                tryVerify(() => item("chooserPath").text === screenTest.home + "/" + name, patience)
                 for (let i = 0; i < 9 && !item("chooserChoose").activeFocus; ++i) {
                     keyClick(Qt.Key_Tab)
                 }
                 keyClick(Qt.Key_Return)
-                tryVerify(() => screenTest.find(root, "chooserChoose") === null)
+                tryVerify(() => screenTest.find(root, "chooserChoose") === null, patience)
             }
             walk("chooseSource", "project")
             walk("chooseDestination", "target")
@@ -176,7 +176,7 @@ Item {
             openChooser("chooseSource")
             click("chooserUp")
             keyClick(Qt.Key_Escape)
-            tryVerify(() => screenTest.find(root, "chooserChoose") === null)
+            tryVerify(() => screenTest.find(root, "chooserChoose") === null, patience)
             compare(item("sourcePath").text, project)
         }
 
@@ -186,10 +186,11 @@ Item {
             openChooser("chooseSource")
             enter(name)
             enter("inner")
-            tryVerify(() => item("chooserPath").text === screenTest.home + "/" + name + "/inner")
+            tryVerify(() => item("chooserPath").text === screenTest.home + "/" + name + "/inner",
+                      patience)
             click("chooserChoose")
             compare(item("sourcePath").text, screenTest.home + "/" + name + "/inner")
-            tryVerify(() => item("sourceSize").text === "2.0 KiB")
+            tryVerify(() => item("sourceSize").text === "2.0 KiB", patience)
             choose("chooseDestination", "target")
             click("start")
             verifyResult("The export is done")
@@ -199,10 +200,10 @@ Item {
         function test_pauseAndResume() {
             startAndHold()
             click("pause")
-            tryVerify(() => item("stateTitle").text === "Paused")
+            tryVerify(() => item("stateTitle").text === "Paused", patience)
             screenTest.letGo()
             // the file on its way is whole, and no other is begun
-            tryVerify(() => item("bytes").value === "97.7 KiB of 97.7 KiB")
+            tryVerify(() => item("bytes").value === "97.7 KiB of 97.7 KiB", patience)
             verify(!screenTest.exists(landing + "/later.txt"))
             compare(item("rate").value, "–")
             compare(item("pause").text, "Resume")
@@ -216,17 +217,17 @@ Item {
             click("abort")
             verifyQuestion(landing + " is removed, with everything that was copied.")
             keyClick(Qt.Key_Escape)
-            tryVerify(() => screenTest.find(root, "questionConfirm") === null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") === null, patience)
             compare(item("stateTitle").text, "Copying")
 
             click("abort")
             keyClick(Qt.Key_Enter) // the answer that keeps everything
-            tryVerify(() => screenTest.find(root, "questionConfirm") === null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") === null, patience)
             compare(item("stateTitle").text, "Copying")
 
             tap("abort")
             tap("questionConfirm")
-            tryVerify(() => item("stateTitle").text === "Aborting")
+            tryVerify(() => item("stateTitle").text === "Aborting", patience)
             screenTest.letGo()
             verifyResult("The export was aborted")
             verifySays(/^Aborted. Removed: ".*\/target\/project"$/)
@@ -235,7 +236,7 @@ Item {
         }
 
         function verifyQuestion(text) {
-            tryVerify(() => screenTest.find(root, "questionConfirm") !== null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") !== null, patience)
             let top = root
             while (top.parent) {
                 top = top.parent
@@ -249,7 +250,7 @@ Item {
             root.Window.window.close()
             verifyQuestion(landing + " is removed, with everything that was copied.")
             tap("questionCancel")
-            tryVerify(() => screenTest.find(root, "questionConfirm") === null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") === null, patience)
             verify(root.Window.window.visible)
             compare(item("stateTitle").text, "Copying")
             screenTest.letGo()
@@ -259,10 +260,10 @@ Item {
         function test_aQuestionThatIsLateGoes() {
             startAndHold()
             click("abort")
-            tryVerify(() => screenTest.find(root, "questionConfirm") !== null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") !== null, patience)
             screenTest.letGo()
             verifyResult("The export is done")
-            tryVerify(() => screenTest.find(root, "questionConfirm") === null)
+            tryVerify(() => screenTest.find(root, "questionConfirm") === null, patience)
             verify(screenTest.areSame(project, landing))
         }
 
@@ -384,7 +385,7 @@ Item {
                 { tag: "paused", reach: () => { startAndHold()
                                                 click("pause")
                                                 tryVerify(() => item("stateTitle").text
-                                                                === "Paused") } },
+                                                                === "Paused", patience) } },
                 { tag: "done", reach: () => { chooseBoth()
                                               click("start")
                                               verifyResult("The export is done") } },

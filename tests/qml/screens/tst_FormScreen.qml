@@ -45,7 +45,7 @@ Item {
             tryVerify(() => {
                 mouseClick(field.input)
                 return field.input.activeFocus
-            })
+            }, patience)
             field.input.selectAll()
             keyClick(Qt.Key_Delete)
             type(text)
@@ -58,7 +58,7 @@ Item {
             bringIntoView(choice.box)
             touchEvent(choice.box).press(0, choice.box).commit()
             touchEvent(choice.box).release(0, choice.box).commit()
-            tryVerify(() => choice.box.popup.opened)
+            tryVerify(() => choice.box.popup.opened, patience)
             const list = choice.box.popup.contentItem
             const entry = choice.model.findIndex(each => (each.text || each) === text)
             verify(entry >= 0, "there is no " + text)
@@ -67,9 +67,9 @@ Item {
             tryVerify(function() {
                 delegate = list.itemAtIndex(entry)
                 return delegate !== null
-            })
+            }, patience)
             mouseClick(delegate)
-            tryVerify(() => !choice.box.popup.visible)
+            tryVerify(() => !choice.box.popup.visible, patience)
             compare(choice.displayText, text)
         }
 
@@ -164,10 +164,10 @@ Item {
             const box = item("SEC_Material").box
             box.forceActiveFocus(Qt.TabFocusReason)
             keyClick(Qt.Key_Return)
-            tryVerify(() => box.popup.opened)
+            tryVerify(() => box.popup.opened, patience)
             keyClick(Qt.Key_Down)
             keyClick(Qt.Key_Return)
-            tryVerify(() => !box.popup.visible)
+            tryVerify(() => !box.popup.visible, patience)
             compare(item("SEC_Material").displayText, "Concrete")
             compare(item("SEC_MaterialMessage").text, "Correct.")
         }
@@ -229,13 +229,13 @@ Item {
 
         function test_anotherCatalog() {
             choose("catalogChoice", "Sewers, metric")
-            tryCompare(item("catalogName"), "text", "Sewers, metric")
+            tryCompare(item("catalogName"), "text", "Sewers, metric", patience)
             compare(item("SEC_Height").caption, "Height")
             choose("catalogChoice", "Another catalog")
             verify(!item("openFiles").enabled)
             fill("catalogFile", screenTest.directory + "/drains.json")
             tap("openFiles")
-            tryCompare(item("catalogName"), "text", "Drains")
+            tryCompare(item("catalogName"), "text", "Drains", patience)
             compare(item("DRN_Name").caption, "DRN_Name")
             compare(item("DRN_Name").unit, "°")
             verify(!shown("problem"))
@@ -261,7 +261,7 @@ Item {
             }
             fill("catalogFile", "file://" + screenTest.directory + data.file)
             keyClick(Qt.Key_Enter)
-            tryVerify(() => shown("problem"))
+            tryVerify(() => shown("problem"), patience)
             compare(item("problem").text, data.problem.arg(screenTest.directory)
                     + " The form \"Sewer inspection, 2D or 3D\" stays open.")
             compare(item("OBJ_Key").text, "S 17")

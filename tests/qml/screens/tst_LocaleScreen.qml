@@ -92,9 +92,9 @@ Item {
             const rail = item("rail")
             compare(rail.mapToItem(null, 0, 0).x, 0)
             choose("country", "ישראל (IL)")
-            tryVerify(() => rail.mapToItem(null, 0, 0).x === window.width - rail.width)
+            tryVerify(() => rail.mapToItem(null, 0, 0).x === window.width - rail.width, patience)
             choose("country", "–")
-            tryVerify(() => rail.mapToItem(null, 0, 0).x === 0)
+            tryVerify(() => rail.mapToItem(null, 0, 0).x === 0, patience)
         }
 
         function test_catalog() {

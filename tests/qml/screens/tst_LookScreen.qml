@@ -163,11 +163,11 @@ Item {
         function test_choiceByKeyboard() {
             choice.box.forceActiveFocus(Qt.TabFocusReason)
             keyClick(Qt.Key_Return)
-            tryVerify(() => choice.box.popup.opened)
+            tryVerify(() => choice.box.popup.opened, patience)
             keyClick(Qt.Key_Down)
             keyClick(Qt.Key_Down)
             keyClick(Qt.Key_Return)
-            tryVerify(() => !choice.box.popup.visible)
+            tryVerify(() => !choice.box.popup.visible, patience)
             compare(choice.currentText, "Vitrified clay")
             compare(chosen.count, 1)
             compare(chosen.signalArguments[0][0], 2)
@@ -177,10 +177,10 @@ Item {
             choice.currentIndex = 0
             choice.box.forceActiveFocus(Qt.TabFocusReason)
             keyClick(Qt.Key_Space)
-            tryVerify(() => choice.box.popup.opened)
+            tryVerify(() => choice.box.popup.opened, patience)
             keyClick(Qt.Key_Down)
             keyClick(Qt.Key_Escape)
-            tryVerify(() => !choice.box.popup.visible)
+            tryVerify(() => !choice.box.popup.visible, patience)
             compare(choice.currentIndex, 0)
             compare(chosen.count, 0)
         }
@@ -198,9 +198,9 @@ Item {
 
         function test_questionIsAnswered(data) {
             question.open()
-            tryVerify(() => question.opened)
+            tryVerify(() => question.opened, patience)
             data.answer()
-            tryVerify(() => !question.visible)
+            tryVerify(() => !question.visible, patience)
             compare(accepted.count, data.yes)
             compare(rejected.count, 1 - data.yes)
         }

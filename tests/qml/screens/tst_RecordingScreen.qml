@@ -66,15 +66,15 @@ Item {
             verify(!shown("start"))
             verify(item("clip").readOnly)
             compare(item("state").text, "Recording")
-            tryVerify(() => secondsRecorded() >= 8, 30000)
+            tryVerify(() => secondsRecorded() >= 8, patience)
             verify(item("liveDistance").points > 2)
-            tryVerify(() => item("livePan").curve.high > 0)
+            tryVerify(() => item("livePan").curve.high > 0, patience)
             compare(item("liveDistance").value.split(" ")[1], "m")
             verify(Number(item("liveDistance").value.split(" ")[0]) > 1)
 
             tap("pause")
             compare(item("state").text, "Paused")
-            tryVerify(() => item("state").visible)
+            tryVerify(() => item("state").visible, patience)
             const before = secondsRecorded()
             const distance = item("liveDistance").value
             click("observe")
@@ -85,7 +85,7 @@ Item {
 
             tap("resume")
             compare(item("state").text, "Recording")
-            tryVerify(() => secondsRecorded() >= before + 5, 30000)
+            tryVerify(() => secondsRecorded() >= before + 5, patience)
             item("stop").forceActiveFocus(Qt.TabFocusReason)
             keyClick(Qt.Key_Enter)
             verify(!shown("live"))
@@ -93,13 +93,13 @@ Item {
             const samples = screenTest.samplesIn("clip.txt")
             verify(samples > 50)
             const summary = item("summary").text
-            verify(/^Recorded [0-9.]+ s of video, /.test(summary), summary)
+            verify(/^Recorded [0-9].* of video, /.test(summary), summary)
             verify(summary.endsWith(", " + samples + " samples in \"" + screenTest.directory
                                     + "/clip.txt\"."), summary)
 
             // its file, read again
             compare(item("traceFile").text, screenTest.directory + "/clip.txt")
-            tryVerify(() => shown("trace"))
+            tryVerify(() => shown("trace"), patience)
             verify(item("headline").text.startsWith(
                 "\"" + screenTest.directory + "/clip.txt\": " + samples + " samples, "))
             for (const plot of ["traceDistance", "tracePan", "traceTilt"]) {
@@ -116,7 +116,7 @@ Item {
                 + "Val00000=0.000;0.000;0;0.000;0.000\nVal00001=20.000;10.000;0;0.000;0.000\n")
             fill("traceFile", screenTest.directory + "/drawn.mp4")
             tap("readTrace")
-            tryVerify(() => shown("trace"))
+            tryVerify(() => shown("trace"), patience)
             const plot = item("traceDistance")
             compare(plot.caption, "Distance in ft")
             const texts = screenTest.visibleTexts(plot)
@@ -136,7 +136,7 @@ Item {
                     + "/old.txt\" after 1 sample.")
             tap("stop")
             verify(screenTest.samplesIn("old.txt") >= 2)
-            tryVerify(() => shown("headline"))
+            tryVerify(() => shown("headline"), patience)
             verify(item("headline").text.endsWith(", 2 recordings"), item("headline").text)
         }
 
@@ -152,7 +152,7 @@ Item {
         function test_aTraceThatCannotBeRead() {
             fill("traceFile", screenTest.directory + "/missing.mp4")
             keyClick(Qt.Key_Enter)
-            tryVerify(() => shown("traceProblem"))
+            tryVerify(() => shown("traceProblem"), patience)
             compare(item("traceProblem").text, "Cannot read \"" + screenTest.directory
                     + "/missing.txt\": No such file or directory")
             verify(!shown("trace"))
@@ -162,7 +162,8 @@ Item {
             screenTest.makeFile("cut.txt", "[Indexing]\nVal00000=0.000;0.000;0;0.000;0.000\nVal0\n")
             fill("traceFile", screenTest.directory + "/cut.txt")
             tap("readTrace")
-            tryVerify(() => screenTest.visibleTexts(root).includes("Line 3 could not be read."))
+            tryVerify(() => screenTest.visibleTexts(root).includes("Line 3 could not be read."),
+                      patience)
             verify(shown("trace"))
         }
 
@@ -170,7 +171,7 @@ Item {
             fill("clip", screenTest.directory + "/left.mp4")
             tap("start")
             loader.active = false
-            tryVerify(() => screenTest.samplesIn("left.txt") > 0)
+            tryVerify(() => screenTest.samplesIn("left.txt") > 0, patience)
             loader.active = true
         }
 
@@ -188,7 +189,7 @@ Item {
             verifyLayout(root)
             verifyLayoutInGerman(root)
             click("stop")
-            tryVerify(() => shown("trace"))
+            tryVerify(() => shown("trace"), patience)
             verifyLayoutInAllSizes(root)
             verifyLayoutInGerman(root)
         }
