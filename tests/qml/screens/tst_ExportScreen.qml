@@ -77,14 +77,22 @@ Item {
         function openChooser(button) {
             tap(button)
             tryVerify(() => item("chooserList").activeFocus, patience)
-            waitForRendering(root, 200) // positions are given before a frame
+            grabImage(root) // draws a frame: positions are given before it
         }
 
         // taps a directory or file of the chooser
         function enter(name) {
+            const before = item("chooserPath").text
             item("entry:" + name)
-            waitForRendering(root, 200)
-            tap("entry:" + name)
+            // once more where the list was read again meanwhile, and the tap met nothing
+            tryVerify(function() {
+                if (screenTest.find(root, "entry:" + name) !== null) {
+                    grabImage(root)
+                    tap("entry:" + name)
+                }
+                const path = screenTest.find(root, "chooserPath")
+                return path === null || path.text !== before
+            }, patience)
         }
 
         function verifyResult(text) {
@@ -408,7 +416,7 @@ Item {
             item("entry:project")
             for (const scale of [1, 1.5]) {
                 Look.fontScale = scale
-                waitForRendering(root, 200)
+                grabImage(root) // draws a frame: positions are given before it
                 wait(50)
                 compare(screenTest.layoutFaults(item("chooserPath").parent), [], "fonts " + scale)
             }
