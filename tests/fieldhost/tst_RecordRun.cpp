@@ -49,15 +49,16 @@ private:
     bool pauseInPauseOfPlan(RecordRun &run)
     {
         const SimulatedRecorder *recorder = m_host->crawler().recorder();
-        bool isProlonged = false;
         const QObject connection;
-        connect(recorder, &SimulatedRecorder::stateChanged, &connection, [&] {
-            if (recorder->state() == SimulatedRecorder::Paused && !isProlonged) {
-                isProlonged = true;
+        m_isProlonged = false;
+        connect(recorder, &SimulatedRecorder::stateChanged, &connection, [this, &run] {
+            if (m_host->crawler().recorder()->state() == SimulatedRecorder::Paused
+                && !m_isProlonged) {
+                m_isProlonged = true;
                 run.pause();
             }
         });
-        return QTest::qWaitFor([&] { return isProlonged; }, 30'000);
+        return QTest::qWaitFor([this] { return m_isProlonged; }, 30'000);
     }
     // real time in which a video of the speed above would grow by far more than a planned pause
     static bool waitForTicks(RecordRun &run)
@@ -68,6 +69,7 @@ private:
 
     std::unique_ptr<TemporaryFolder> m_directory;
     std::unique_ptr<FieldApplication> m_host;
+    bool m_isProlonged = false; // the pause of a plan
 };
 
 void tst_RecordRun::init()

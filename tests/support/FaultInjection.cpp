@@ -359,12 +359,17 @@ int open64(const char *path, int flags, ...)
 }
 
 // with _FORTIFY_SOURCE, where the compiler does not know the flags
-int __open_2(const char *path, int flags)
+int fortifiedOpen(const char *path, int flags) __asm__("__open_2");
+int fortifiedOpen64(const char *path, int flags) __asm__("__open64_2");
+int fortifiedOpenAt(int base, const char *path, int flags) __asm__("__openat_2");
+int fortifiedOpenAt64(int base, const char *path, int flags) __asm__("__openat64_2");
+
+int fortifiedOpen(const char *path, int flags)
 {
     return openWatched(path, flags, 0, "open");
 }
 
-int __open64_2(const char *path, int flags)
+int fortifiedOpen64(const char *path, int flags)
 {
     return openWatched(path, flags, 0, "open64");
 }
@@ -441,12 +446,12 @@ int openat64(int base, const char *path, int flags, ...)
     return openAtWatched(base, path, flags, mode, "openat64");
 }
 
-int __openat_2(int base, const char *path, int flags)
+int fortifiedOpenAt(int base, const char *path, int flags)
 {
     return openAtWatched(base, path, flags, 0, "openat");
 }
 
-int __openat64_2(int base, const char *path, int flags)
+int fortifiedOpenAt64(int base, const char *path, int flags)
 {
     return openAtWatched(base, path, flags, 0, "openat64");
 }
