@@ -251,6 +251,7 @@ void tst_RealVolumes::fatIsMarkedAndCleaned()
 
     QVERIFY(manager.unlock());
     QVERIFY(blocksOf(m_image) == clean);
+    QCOMPARE(QFileInfo(m_image).size(), size);
     QCOMPARE(checked(&verdict), 0);
     QVERIFY2(!verdict.contains("Dirty"), verdict.constData());
 }

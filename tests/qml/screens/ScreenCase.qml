@@ -53,6 +53,28 @@ TestCase {
         }
     }
 
+    // opens the chooser of directories by that button
+    function openChooser(button) {
+        tap(button)
+        tryVerify(() => item("chooserList").activeFocus, patience)
+        grabImage(item("chooserList")) // draws a frame: positions are given before it
+    }
+
+    // taps a directory or file of the chooser
+    function enter(name) {
+        const before = item("chooserPath").text
+        item("entry:" + name)
+        // once more where the list was read again meanwhile, and the tap met nothing
+        tryVerify(function() {
+            if (screenTest.find(subject, "entry:" + name) !== null) {
+                grabImage(item("chooserList"))
+                tap("entry:" + name)
+            }
+            const path = screenTest.find(subject, "chooserPath")
+            return path === null || path.text !== before
+        }, patience)
+    }
+
     // types a text, a key for each letter
     function type(text) {
         for (let i = 0; i < text.length; ++i) {

@@ -68,27 +68,6 @@ Item {
                    pattern + " is not in:\n" + texts().join("\n"))
         }
 
-        function openChooser(button) {
-            tap(button)
-            tryVerify(() => item("chooserList").activeFocus, patience)
-            grabImage(root) // draws a frame: positions are given before it
-        }
-
-        // taps a directory or file of the chooser
-        function enter(name) {
-            const before = item("chooserPath").text
-            item("entry:" + name)
-            // once more where the list was read again meanwhile, and the tap met nothing
-            tryVerify(function() {
-                if (screenTest.find(root, "entry:" + name) !== null) {
-                    grabImage(root)
-                    tap("entry:" + name)
-                }
-                const path = screenTest.find(root, "chooserPath")
-                return path === null || path.text !== before
-            }, patience)
-        }
-
         function verifyResult(text) {
             tryVerify(() => screenTest.find(root, "result") !== null, patience)
             compare(item("result").text, text)

@@ -93,7 +93,7 @@ Item {
             const samples = screenTest.samplesIn("clip.txt")
             verify(samples > 50)
             const summary = item("summary").text
-            verify(/^Recorded [0-9].* of video, /.test(summary), summary)
+            verify(/^Recorded ([0-9.]+ s|[0-9]+ min [0-9]{2} s) of video, /.test(summary), summary)
             verify(summary.endsWith(", " + samples + " samples in \"" + screenTest.directory
                                     + "/clip.txt\"."), summary)
 
