@@ -24,19 +24,20 @@ namespace {
 
 using State = CFileCopyController::State;
 
-CFileCopyData directoryJob(const QString &sourcePath, const QString &destinationPath)
-{
-    CFileCopyData job;
-    job.sourcePath = detail::sourceDirectory(sourcePath);
-    const QString destination = detail::destination(destinationPath);
-    job.destinationPath = destination.isEmpty() ? destination : detail::withFinalSlash(destination);
-    return job;
-}
-
 // as it is written, ".." and all
 QString directoryName(const QString &destinationPath)
 {
     return QDir(detail::withFinalSlash(detail::withoutBlanksAtEnd(destinationPath))).dirName();
+}
+
+detail::CopyJob directoryJob(const QString &sourcePath, const QString &destinationPath)
+{
+    detail::CopyJob job;
+    job.sourcePath = detail::sourceDirectory(sourcePath);
+    const QString destination = detail::destination(destinationPath);
+    job.destinationPath = destination.isEmpty() ? destination : detail::withFinalSlash(destination);
+    job.directoryName = directoryName(destinationPath);
+    return job;
 }
 
 // why there is nothing to be listed; 0 for a directory
@@ -56,7 +57,7 @@ int errorOfDirectory(const QString &path)
     return S_ISDIR(info.st_mode) ? 0 : ENOTDIR;
 }
 
-void enumerate(CFileCopyData &job, detail::CopyRequest &request)
+void enumerate(detail::CopyJob &job, detail::CopyRequest &request)
 {
     CFileOperationResult &result = request.result;
     const int error = errorOfDirectory(job.sourcePath);
@@ -73,7 +74,6 @@ void enumerate(CFileCopyData &job, detail::CopyRequest &request)
         detail::listTree(job.sourcePath, detail::Links::Follow, &request.abandoned);
     job.directories += listing.directories;
     job.files += listing.files;
-    request.specialFiles += listing.specialFiles;
     request.totalBytes += listing.bytes;
     if (!listing.unreadableDirectories.isEmpty()) {
         result.unreadableDirectories += listing.unreadableDirectories;
@@ -194,7 +194,6 @@ CFileCopyWorker::Private::RequestPointer CFileCopyWorker::Private::requestForDir
     const int count = std::min(sourcePaths.size(), destinationPaths.size());
     for (int i = 0; i < count; ++i) {
         request->jobs.append(directoryJob(sourcePaths.at(i), destinationPaths.at(i)));
-        request->directoryNames.append(directoryName(destinationPaths.at(i)));
     }
     return request;
 }
@@ -202,7 +201,7 @@ CFileCopyWorker::Private::RequestPointer CFileCopyWorker::Private::requestForDir
 CFileCopyWorker::Private::RequestPointer CFileCopyWorker::Private::requestForFile(
     const QString &sourcePath, const QString &destinationPath)
 {
-    CFileCopyData job;
+    detail::CopyJob job;
     job.sourcePath = detail::sourceFile(sourcePath);
     job.destinationPath = detail::destination(destinationPath);
     auto request = std::make_shared<detail::CopyRequest>();
@@ -213,7 +212,7 @@ CFileCopyWorker::Private::RequestPointer CFileCopyWorker::Private::requestForFil
 
 void CFileCopyWorker::Private::enumerateFiles(detail::CopyRequest &request)
 {
-    for (CFileCopyData &job : request.jobs) {
+    for (detail::CopyJob &job : request.jobs) {
         enumerate(job, request);
     }
 }

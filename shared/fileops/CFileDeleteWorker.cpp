@@ -28,8 +28,8 @@ void note(detail::DeleteRequest &request, CFileDeleteController::Error error, in
 void showUnreadable(detail::DeleteRequest &request)
 {
     QStringList directories;
-    for (const QStringList &ofJob : qAsConst(request.unreadable)) {
-        directories += ofJob;
+    for (const detail::DeleteJob &job : qAsConst(request.jobs)) {
+        directories += job.unreadable;
     }
     directories.removeDuplicates();
     request.result.unreadableDirectories = directories;
@@ -111,27 +111,20 @@ CFileDeleteWorker::Private::RequestPointer CFileDeleteWorker::Private::requestFo
     auto request = std::make_shared<detail::DeleteRequest>();
     request->step = CFileDeleteController::StateEnumeratingFiles;
     for (const QString &path : paths) {
-        CFileDeleteData job;
-        job.path = path;
-        request->jobs.append(job);
-        request->roots.append(detail::resolvedDirectory(path));
-        request->unreadable.append(QStringList());
+        request->jobs.append({detail::resolvedDirectory(path), {}, {}});
     }
     return request;
 }
 
 void CFileDeleteWorker::Private::enumerateFiles(detail::DeleteRequest &request)
 {
-    for (int i = 0; i < request.jobs.size(); ++i) {
-        const detail::ResolvedDirectory &root = request.roots.at(i);
-        if (root.systemError != 0 || !detail::isRemovableTree(root.path)) {
+    for (detail::DeleteJob &job : request.jobs) {
+        if (job.root.systemError != 0 || !detail::isRemovableTree(job.root.path)) {
             continue;
         }
         const detail::TreeListing listing =
-            detail::listTree(root.path, detail::Links::Refuse, &request.abandoned);
-        request.unreadable[i] = listing.unreadableDirectories;
-        CFileDeleteData &job = request.jobs[i];
-        job.directories += listing.directories;
+            detail::listTree(job.root.path, detail::Links::Refuse, &request.abandoned);
+        job.unreadable = listing.unreadableDirectories;
         job.files += listing.files;
         request.totalBytes += listing.bytes;
     }
@@ -167,17 +160,17 @@ void CFileDeleteWorker::Private::close(const RequestPointer &request)
 void CFileDeleteWorker::Private::deleteTrees(detail::DeleteRequest &request)
 {
     QStringList touchedRoots;
-    for (int i = 0; i < request.jobs.size(); ++i) {
-        const detail::ResolvedDirectory &root = request.roots.at(i);
+    for (detail::DeleteJob &job : request.jobs) {
+        const detail::ResolvedDirectory root = job.root;
         if (root.systemError != 0) {
             fail(request, CFileDeleteController::ErrorDirectoryDeletionFailed, root.systemError,
                  root.path);
             continue;
         }
         const qint64 filesBefore = request.result.files;
-        const bool isToGo = deleteFiles(request, request.jobs.at(i), root.path);
+        const bool isToGo = deleteFiles(request, job);
         // whatever was passed over goes now: a deletion that has begun leaves no half of a tree
-        const bool isTouched = isToGo && deleteRest(request, i);
+        const bool isTouched = isToGo && deleteRest(request, job);
         if (isTouched || request.result.files > filesBefore) {
             touchedRoots.append(root.path);
         }
@@ -196,33 +189,34 @@ void CFileDeleteWorker::Private::deleteTrees(detail::DeleteRequest &request)
 
 // false at the first file that cannot be removed
 bool CFileDeleteWorker::Private::deleteFiles(detail::DeleteRequest &request,
-                                             const CFileDeleteData &job, const QString &root)
+                                             const detail::DeleteJob &job)
 {
-    if (job.files.isEmpty()) {
+    const detail::FileList files = job.files;
+    if (files.isEmpty()) {
         return true;
     }
-    detail::FileRemoval removal(root);
-    for (const CFileEntry &file : job.files) {
+    detail::FileRemoval removal(job.root.path);
+    for (const detail::FoundFile &file : files) {
         if (request.canceled || isPaused()) {
             continue; // without waiting: a deletion does not halt half way
         }
-        if (const int error = removal.remove(file.path())) {
-            fail(request, CFileDeleteController::ErrorFileDeletionFailed, error, file.path());
+        if (const int error = removal.remove(file.path)) {
+            fail(request, CFileDeleteController::ErrorFileDeletionFailed, error, file.path);
             return false;
         }
         ++request.result.files;
-        request.result.bytes += file.size();
-        addProcessedBytes(request, file.size());
+        request.result.bytes += file.size;
+        addProcessedBytes(request, file.size);
     }
     return true;
 }
 
 // whether there was something to remove
-bool CFileDeleteWorker::Private::deleteRest(detail::DeleteRequest &request, int job)
+bool CFileDeleteWorker::Private::deleteRest(detail::DeleteRequest &request, detail::DeleteJob &job)
 {
     using Outcome = detail::TreeRemoval::Outcome;
-    const detail::TreeRemoval removal = detail::removeTree(request.roots.at(job).path);
-    request.unreadable[job] = removal.unreadableDirectories;
+    const detail::TreeRemoval removal = detail::removeTree(job.root.path);
+    job.unreadable = removal.unreadableDirectories;
     const auto error = CFileDeleteController::ErrorDirectoryDeletionFailed;
     if (removal.outcome == Outcome::Failed) {
         fail(request, error, removal.systemError, removal.path);

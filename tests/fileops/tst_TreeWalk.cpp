@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "shared/fileops/detail/TreeWalk.h"
+#include "shared/filesystem/detail/PathText.h"
 #include "tests/support/FaultInjection.h"
 #include "tests/support/FileTree.h"
 
@@ -24,10 +25,11 @@
 #include <thread>
 #include <vector>
 
-using Tavro::Shared::CFileEntry;
+using Tavro::Shared::detail::FoundFile;
 using Tavro::Shared::detail::Links;
 using Tavro::Shared::detail::listTree;
 using Tavro::Shared::detail::TreeListing;
+using Tavro::Shared::detail::withFinalSlash;
 using Test::FaultInjection::Call;
 
 namespace Faults = Test::FaultInjection;
@@ -67,12 +69,10 @@ TreeListing listByQDir(const QString &root, Links links = Links::Follow)
         found += filesOf(directory);
     }
     for (const QFileInfo &info : qAsConst(found)) {
-        listing.files.append(CFileEntry(info.absoluteFilePath(), info.size()));
         // asked anew: what the directory said of an entry is not all that counts here
         const QFileInfo target(info.absoluteFilePath());
-        if (target.exists() && !target.isFile()) {
-            listing.specialFiles.insert(info.absoluteFilePath());
-        }
+        listing.files.enterDirectory(withFinalSlash(info.absolutePath()));
+        listing.files.append(info.fileName(), info.size(), target.exists() && !target.isFile());
         listing.bytes += info.size();
     }
     return listing;
@@ -81,11 +81,9 @@ TreeListing listByQDir(const QString &root, Links links = Links::Follow)
 QStringList filesOf(const TreeListing &listing)
 {
     QStringList lines;
-    for (const CFileEntry &file : listing.files) {
-        const bool isSpecial = listing.specialFiles.contains(file.path());
-        lines.append(QStringLiteral("%1 %2%3")
-                         .arg(file.size())
-                         .arg(file.path(), QLatin1String(isSpecial ? " (special)" : "")));
+    for (const FoundFile &file : listing.files) {
+        lines.append(QStringLiteral("%1 %2%3").arg(file.size).arg(
+            file.path, QLatin1String(file.isSpecial ? " (special)" : "")));
     }
     return lines;
 }
@@ -344,9 +342,9 @@ void tst_TreeWalk::listsBreadthFirstByNameIgnoringCase()
              QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("B2"),
                           QStringLiteral("a/deep")}));
     QStringList names;
-    for (const CFileEntry &file : listing.files) {
-        names.append(file.path().mid(path("t/").size()));
-        QCOMPARE(file.size(), Q_INT64_C(5));
+    for (const FoundFile &file : listing.files) {
+        names.append(file.path.mid(path("t/").size()));
+        QCOMPARE(file.size, Q_INT64_C(5));
     }
     QCOMPARE(names,
              QStringList({QStringLiteral("y"), QStringLiteral("Z"), QStringLiteral("b/1"),
@@ -472,8 +470,8 @@ void tst_TreeWalk::finalSlashIsNotDoubled()
     // a folder of pseudo files, so that no one else changes it in between
     const TreeListing listing = listTree(QStringLiteral("/proc/sys/fs/epoll/"));
     QVERIFY(!listing.files.isEmpty());
-    for (const CFileEntry &file : listing.files) {
-        QVERIFY(!file.path().contains(QStringLiteral("//")));
+    for (const FoundFile &file : listing.files) {
+        QVERIFY(!file.path.contains(QStringLiteral("//")));
     }
 }
 
@@ -615,8 +613,8 @@ void tst_TreeWalk::eachFailingCallIsTold()
     QVERIFY(QFile::link(path("beside/k"), path("t/link")));
     const auto namesOf = [](const TreeListing &listing) {
         QStringList names = listing.directories;
-        for (const CFileEntry &file : listing.files) {
-            names.append(file.path());
+        for (const FoundFile &file : listing.files) {
+            names.append(file.path);
         }
         return names;
     };

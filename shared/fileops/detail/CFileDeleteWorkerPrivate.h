@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "shared/fileops/CFileDeleteData.h"
 #include "shared/fileops/CFileDeleteWorker.h"
+#include "shared/fileops/detail/FileList.h"
 #include "shared/fileops/detail/RequestPaths.h"
 #include "shared/fileops/detail/WorkerCore.h"
 
@@ -12,12 +12,18 @@ namespace Tavro::Shared {
 
 namespace detail {
 
+/** One directory to delete: a CFileDeleteData that has room for a million files. */
+struct DeleteJob
+{
+    ResolvedDirectory root; // what its path meant when it was loaded
+    FileList files;
+    QStringList unreadable; // directories that could not be listed
+};
+
 /** What one run deletes. */
 struct DeleteRequest : RunRequest
 {
-    QList<CFileDeleteData> jobs;
-    QList<ResolvedDirectory> roots; // what each job's path meant when it was loaded
-    QList<QStringList> unreadable; // of each job: directories that could not be listed
+    QList<DeleteJob> jobs;
 };
 
 using DeleteCore = WorkerCore<CFileDeleteWorker, DeleteRequest>;
@@ -40,9 +46,8 @@ protected:
 
 private:
     void deleteTrees(detail::DeleteRequest &request);
-    bool deleteFiles(detail::DeleteRequest &request, const CFileDeleteData &job,
-                     const QString &root);
-    bool deleteRest(detail::DeleteRequest &request, int job);
+    bool deleteFiles(detail::DeleteRequest &request, const detail::DeleteJob &job);
+    bool deleteRest(detail::DeleteRequest &request, detail::DeleteJob &job);
     void fail(detail::DeleteRequest &request, CFileDeleteController::Error error, int systemError,
               const QString &path);
 };

@@ -59,12 +59,12 @@ private:
 };
 
 // nearly never: the path of the source stands in that of the file once more
-bool repeatsSource(const CFileCopyData &job, const QString &path)
+bool repeatsSource(const CopyJob &job, const QString &path)
 {
     return path.lastIndexOf(job.sourcePath) != 0;
 }
 
-QString targetOf(const CFileCopyData &job, const QString &path)
+QString targetOf(const CopyJob &job, const QString &path)
 {
     if (!repeatsSource(job, path)) { // saves two copies of the path
         return job.destinationPath % QStringView(path).mid(job.sourcePath.size());
@@ -75,17 +75,17 @@ QString targetOf(const CFileCopyData &job, const QString &path)
 
 // A target that two files of the job have, because a repetition is cut out of their paths; null
 // when there is none.
-QString doubledTarget(const CFileCopyData &job)
+QString doubledTarget(const CopyJob &job)
 {
-    const auto isRepeating = [&job](const CFileEntry &file) {
-        return repeatsSource(job, file.path());
-    };
-    if (std::none_of(job.files.cbegin(), job.files.cend(), isRepeating)) {
+    // it ends in "/", and no name has one
+    const QStringList directories = job.files.directories();
+    if (std::none_of(directories.cbegin(), directories.cend(),
+                     [&job](const QString &path) { return repeatsSource(job, path); })) {
         return {};
     }
     QSet<QString> targets;
-    for (const CFileEntry &file : job.files) {
-        QString target = targetOf(job, file.path());
+    for (const FoundFile &file : job.files) {
+        QString target = targetOf(job, file.path);
         if (targets.contains(target)) {
             return target;
         }
@@ -121,7 +121,7 @@ void prefetch(int source, qint64 begin, qint64 sourceSize)
 QStringList CopyRequest::sources() const
 {
     QStringList paths;
-    for (const CFileCopyData &job : jobs) {
+    for (const CopyJob &job : jobs) {
         paths.append(job.sourcePath);
     }
     return paths;
@@ -147,10 +147,10 @@ CopyRun::CopyRun(CFileCopyWorker &worker, CopyCore &core, CopyRequest &request)
 
 void CopyRun::copyTrees()
 {
-    const QList<CFileCopyData> jobs = m_request.jobs;
+    const QList<CopyJob> jobs = m_request.jobs;
     bool isDone = true;
     for (int i = 0; isDone && i < jobs.size(); ++i) {
-        m_worker.updateProcessingDirectory(m_request.directoryNames.value(i));
+        m_worker.updateProcessingDirectory(jobs.at(i).directoryName);
         isDone = copyTree(jobs.at(i));
     }
     const int error = finish(withoutFinalSlashes(jobs.value(0).destinationPath));
@@ -161,7 +161,7 @@ void CopyRun::copyTrees()
 }
 
 // false when the run is to stop here
-bool CopyRun::copyTree(const CFileCopyData &job)
+bool CopyRun::copyTree(const CopyJob &job)
 {
     DestinationTree destination(job.destinationPath, DestinationTree::Root::MadeWhenMissing,
                                 m_volumes);
@@ -171,9 +171,10 @@ bool CopyRun::copyTree(const CFileCopyData &job)
     if (!doubled.isNull()) {
         failForDoubled(doubled);
     }
-    for (const CFileEntry &file : job.files) {
-        const QString target = hasDestination ? targetOf(job, file.path()) : QString();
-        m_request.error = copyFile(file.path(), Source::FoundByWalk, target, destination);
+    for (const FoundFile &file : job.files) {
+        const QString target = hasDestination ? targetOf(job, file.path) : QString();
+        const Source kind = file.isSpecial ? Source::Special : Source::File;
+        m_request.error = copyFile(file.path, kind, target, destination);
         if (m_request.error != CFileCopyController::ErrorNone) {
             Q_EMIT m_worker.errorOccurred(m_request.error);
             return false;
@@ -187,7 +188,7 @@ bool CopyRun::copyTree(const CFileCopyData &job)
 
 // Does not end the run: a file whose directory is missing says so when it is copied. An empty
 // directory that is missing shows in the result alone.
-void CopyRun::makeDirectories(const CFileCopyData &job, DestinationTree &destination)
+void CopyRun::makeDirectories(const CopyJob &job, DestinationTree &destination)
 {
     if (job.directories.isEmpty()) {
         return;
@@ -202,7 +203,7 @@ void CopyRun::makeDirectories(const CFileCopyData &job, DestinationTree &destina
 
 void CopyRun::copySingleFile()
 {
-    const CFileCopyData job = m_request.jobs.value(0);
+    const CopyJob job = m_request.jobs.value(0);
     m_request.error = copyFile(job.sourcePath, job.destinationPath);
     if (m_request.error != CFileCopyController::ErrorNone) {
         Q_EMIT m_worker.errorOccurred(m_request.error);
@@ -224,7 +225,7 @@ int CopyRun::copyFile(const QString &sourcePath, Source kind, const QString &tar
     FileDescriptor source;
     if (kind == Source::Unknown) {
         source = FileDescriptor::openRegularFile(sourcePath, sourceInfo);
-    } else if (!m_request.specialFiles.contains(sourcePath)) {
+    } else if (kind == Source::File) {
         source = FileDescriptor::openFoundFile(sourcePath, sourceInfo);
     } else {
         errno = EINVAL; // not even opened
@@ -360,10 +361,9 @@ int CopyRun::finish(const QString &path)
 bool CopyRun::isKept(const QString &targetPath) const
 {
     const KeptSources kept(m_request.sources());
-    return std::any_of(
-        m_request.jobs.cbegin(), m_request.jobs.cend(), [&](const CFileCopyData &job) {
-            return targetPath.startsWith(job.destinationPath) && kept.contains(job.destinationPath);
-        });
+    return std::any_of(m_request.jobs.cbegin(), m_request.jobs.cend(), [&](const CopyJob &job) {
+        return targetPath.startsWith(job.destinationPath) && kept.contains(job.destinationPath);
+    });
 }
 
 // The later one of the files replaces the earlier, as it always has; the result alone tells.

@@ -3,12 +3,13 @@
 
 #pragma once
 
-#include "shared/fileops/CFileCopyData.h"
 #include "shared/fileops/CFileCopyWorker.h"
+#include "shared/fileops/detail/FileList.h"
 #include "shared/fileops/detail/WorkerCore.h"
 #include "shared/fileops/detail/WrittenVolumes.h"
 
-#include <QSet>
+#include <QList>
+#include <QStringList>
 
 #include <sys/stat.h>
 
@@ -17,14 +18,22 @@ namespace Tavro::Shared::detail {
 class DestinationTree;
 class FileDescriptor;
 
+/** One source and its destination: a CFileCopyData that has room for a million files. */
+struct CopyJob
+{
+    QString sourcePath;
+    QString destinationPath;
+    QString directoryName; // what the directory that it fills is called in the request
+    QStringList directories;
+    FileList files;
+};
+
 /** What one run copies. */
 struct CopyRequest : RunRequest
 {
     QStringList sources() const;
 
-    QList<CFileCopyData> jobs;
-    QStringList directoryNames; // what the directory that each job fills is called in the request
-    QSet<QString> specialFiles; // those of the jobs' files that are not to be opened
+    QList<CopyJob> jobs;
     std::atomic<int> error{CFileCopyController::ErrorNone};
 };
 
@@ -49,12 +58,13 @@ public:
 private:
     enum class Source {
         Unknown, /**< it may be anything */
-        FoundByWalk, /**< the walk has told files from the rest */
+        File, /**< the walk has told files from the rest */
+        Special, /**< it is not to be opened */
     };
     struct Target;
 
-    bool copyTree(const CFileCopyData &job);
-    void makeDirectories(const CFileCopyData &job, DestinationTree &destination);
+    bool copyTree(const CopyJob &job);
+    void makeDirectories(const CopyJob &job, DestinationTree &destination);
     int copyFile(const QString &sourcePath, Source kind, const QString &targetPath,
                  DestinationTree &destination);
     int copyInto(Target &target, const QString &sourcePath, FileDescriptor &source,

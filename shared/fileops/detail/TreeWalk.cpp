@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringBuilder>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -17,9 +18,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <deque>
 #include <memory>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace Tavro::Shared::detail {
@@ -32,22 +32,48 @@ struct DirectoryCloser
 };
 using DirectoryStream = std::unique_ptr<DIR, DirectoryCloser>;
 
-/** A piece of a DirectoryReader's text. */
-struct Piece
+/** Texts that stay where they are until clear(). A short one costs no allocation of its own. */
+class TextStore
 {
-    size_t begin;
-    size_t length;
+public:
+    QChar *allocate(int length)
+    {
+        if (m_blocks.empty() || m_used + length > s_blockSize) {
+            m_blocks.push_back(std::make_unique<QChar[]>(std::max(length, s_blockSize)));
+            m_used = 0;
+        }
+        m_used += length;
+        return m_blocks.back().get() + m_used - length;
+    }
+
+    // keeps what most directories need
+    void clear()
+    {
+        m_blocks.resize(std::min<size_t>(m_blocks.size(), 1));
+        m_used = 0;
+    }
+
+private:
+    static constexpr int s_blockSize = 32 * 1024;
+
+    std::vector<std::unique_ptr<QChar[]>> m_blocks;
+    int m_used = 0; // of the last one
 };
 
 /** An entry of one directory. */
 struct Entry
 {
-    Piece name;
-    Piece foldedName; // what it is sorted by
+    QStringView name() const { return {nameBegin, nameLength}; }
+    QStringView foldedName() const { return {foldedBegin, foldedLength}; }
+
+    const QChar *nameBegin;
+    const QChar *foldedBegin; // of what it is sorted by
     qint64 size;
+    quint16 nameLength; // the system's names are short
+    quint16 foldedLength;
     bool isSpecial; // neither regular file nor directory
 };
-using Entries = std::vector<Entry>;
+using Entries = std::deque<Entry>; // which takes no more than its entries while it grows
 
 enum class Kind { Nothing, File, Directory, Other };
 
@@ -113,18 +139,15 @@ private:
     Examined examine(int directoryFd, const dirent &entry, qsizetype nameLength);
     Examined examineLink(const char *name, bool isTooLong);
     Examined hidden(int error);
-    Piece append(const char *ascii, int length);
-    Piece append(const QString &text);
-    Piece appendFolded(Piece name, bool isAscii);
-    std::u16string_view text(Piece piece) const;
-    void sort(Entries &entries) const;
-    QString pathOf(const Entry &entry, int begin) const;
+    QStringView keep(const char *ascii, int length);
+    QStringView keep(const QString &text);
+    QStringView keepFolded(QStringView name, bool isAscii);
 
     const Links m_links;
     const std::atomic<bool> *const m_abandoned;
     QString m_prefix; // the directory's path, ending in "/"
     QByteArray m_nativePath; // the same as the system takes it
-    std::u16string m_text;
+    TextStore m_texts;
     Entries m_files;
     Entries m_directories;
     int m_error = 0;
@@ -133,7 +156,7 @@ private:
 int DirectoryReader::read(const QString &path)
 {
     m_error = 0;
-    m_text.clear();
+    m_texts.clear();
     m_files.clear();
     m_directories.clear();
     m_prefix = withFinalSlash(path);
@@ -181,11 +204,16 @@ void DirectoryReader::add(int directoryFd, const dirent &entry)
         return;
     }
 
-    Entry found = {};
     // with the path in front: decoding would take a byte order mark at the very beginning off
-    found.name = isAscii ? append(name, length)
-                         : append(QFile::decodeName(m_nativePath + name).mid(m_prefix.size()));
-    found.foldedName = isAscii && !hasCapitals ? found.name : appendFolded(found.name, isAscii);
+    const QStringView kept = isAscii
+        ? keep(name, length)
+        : keep(QFile::decodeName(m_nativePath + name).mid(m_prefix.size()));
+    const QStringView folded = isAscii && !hasCapitals ? kept : keepFolded(kept, isAscii);
+    Entry found = {};
+    found.nameBegin = kept.data();
+    found.nameLength = static_cast<quint16>(kept.size());
+    found.foldedBegin = folded.data();
+    found.foldedLength = static_cast<quint16>(folded.size());
     found.size = examined.size;
     found.isSpecial = examined.kind == Kind::Other;
     if (examined.kind != Kind::Directory) {
@@ -263,78 +291,58 @@ Examined DirectoryReader::examineLink(const char *name, bool isTooLong)
     }
 }
 
-Piece DirectoryReader::append(const char *ascii, int length)
+QStringView DirectoryReader::keep(const char *ascii, int length)
 {
-    const size_t begin = m_text.size();
-    m_text.append(ascii, ascii + length);
-    return {begin, m_text.size() - begin};
+    QChar *begin = m_texts.allocate(length);
+    std::transform(ascii, ascii + length, begin, [](char c) { return QLatin1Char(c); });
+    return {begin, length};
 }
 
-Piece DirectoryReader::append(const QString &text)
+QStringView DirectoryReader::keep(const QString &text)
 {
-    const size_t begin = m_text.size();
-    m_text.append(reinterpret_cast<const char16_t *>(text.utf16()),
-                  static_cast<size_t>(text.size()));
-    return {begin, m_text.size() - begin};
+    QChar *begin = m_texts.allocate(text.size());
+    std::copy(text.begin(), text.end(), begin);
+    return {begin, text.size()};
 }
 
-Piece DirectoryReader::appendFolded(Piece name, bool isAscii)
+QStringView DirectoryReader::keepFolded(QStringView name, bool isAscii)
 {
     if (!isAscii) {
-        const auto *begin = reinterpret_cast<const QChar *>(m_text.data() + name.begin);
-        return append(QString(begin, static_cast<int>(name.length)).toLower());
+        return keep(name.toString().toLower());
     }
-    const size_t begin = m_text.size();
-    for (size_t i = name.begin; i < name.begin + name.length; ++i) {
-        const char16_t c = m_text[i];
-        m_text.push_back(c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + (u'a' - u'A')) : c);
-    }
-    return {begin, name.length};
-}
-
-std::u16string_view DirectoryReader::text(Piece piece) const
-{
-    return {m_text.data() + piece.begin, piece.length};
+    QChar *begin = m_texts.allocate(static_cast<int>(name.size()));
+    std::transform(name.begin(), name.end(), begin, [](QChar c) {
+        return c >= QLatin1Char('A') && c <= QLatin1Char('Z') ? QChar(c.unicode() + ('a' - 'A'))
+                                                              : c;
+    });
+    return {begin, name.size()};
 }
 
 // By name ignoring case. Names that differ only in case stand in the order in which std::sort
 // happens to leave them: QDir's order, as long as it sorts the same entries from the same order by
 // the same comparison. So no stable sort here, and no look at the names themselves.
-void DirectoryReader::sort(Entries &entries) const
+void sort(Entries &entries)
 {
-    std::sort(entries.begin(), entries.end(), [this](const Entry &a, const Entry &b) {
-        return text(a.foldedName) < text(b.foldedName);
-    });
-}
-
-// the entry's path without its first characters
-QString DirectoryReader::pathOf(const Entry &entry, int begin) const
-{
-    const int prefixLength = m_prefix.size() - begin;
-    QString path(prefixLength + static_cast<int>(entry.name.length), Qt::Uninitialized);
-    std::copy_n(m_prefix.constData() + begin, prefixLength, path.data());
-    std::copy_n(reinterpret_cast<const QChar *>(m_text.data() + entry.name.begin),
-                entry.name.length, path.data() + prefixLength);
-    return path;
+    std::sort(entries.begin(), entries.end(),
+              [](const Entry &a, const Entry &b) { return a.foldedName() < b.foldedName(); });
 }
 
 void DirectoryReader::listDirectories(int rootLength, QStringList &directories)
 {
     sort(m_directories);
+    const QString prefix = m_prefix.mid(rootLength);
     for (const Entry &entry : m_directories) {
-        directories.append(pathOf(entry, rootLength));
+        directories.append(prefix % entry.name());
     }
 }
 
 void DirectoryReader::listFiles(TreeListing &listing)
 {
     sort(m_files);
+    listing.files.enterDirectory(m_prefix);
     for (const Entry &entry : m_files) {
-        listing.files.append(CFileEntry(pathOf(entry, 0), entry.size));
+        listing.files.append(entry.name(), entry.size, entry.isSpecial);
         listing.bytes += entry.size;
-        if (entry.isSpecial) {
-            listing.specialFiles.insert(listing.files.constLast().path());
-        }
     }
 }
 
@@ -346,9 +354,10 @@ void visitResources(const QString &path, int rootLength, TreeListing &listing)
     for (const QString &name : names) {
         listing.directories.append(directory.absoluteFilePath(name).mid(rootLength));
     }
+    listing.files.enterDirectory(withFinalSlash(directory.absolutePath()));
     const QFileInfoList files = directory.entryInfoList(QDir::Files, QDir::NoSort);
     for (const QFileInfo &file : files) {
-        listing.files.append(CFileEntry(file.absoluteFilePath(), file.size()));
+        listing.files.append(file.fileName(), file.size());
         listing.bytes += file.size();
     }
 }

@@ -3,11 +3,9 @@
 
 #pragma once
 
-#include "shared/fileops/CFileEntry.h"
+#include "shared/fileops/detail/FileList.h"
 #include "shared/filesystem/detail/DirectoryHandle.h"
 
-#include <QList>
-#include <QSet>
 #include <QStringList>
 
 #include <atomic>
@@ -18,8 +16,7 @@ namespace Tavro::Shared::detail {
 struct TreeListing
 {
     QStringList directories; // relative to the directory, breadth first
-    QList<CFileEntry> files; // the directory's own first, then each subdirectory's in that order
-    QSet<QString> specialFiles; // paths of those that are no regular files: links to FIFOs, devices
+    FileList files; // the directory's own first, then each subdirectory's in that order
     qint64 bytes = 0; // sum of the files' sizes
     QStringList unreadableDirectories; // absolute, in the order of the walk: see listTree()
     int systemError = 0; // the errno of the first of them
