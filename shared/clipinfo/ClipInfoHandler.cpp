@@ -11,7 +11,7 @@
 #include "host/CVideoRecorder.h"
 #include "host/CoreApplication.h"
 #include "host/PanTiltProvider.h"
-#include "shared/clipinfo/detail/SampleText.h"
+#include "shared/clipinfo/detail/SampleLines.h"
 #include "shared/locale/CConversionServices.h"
 #include "shared/locale/CLocaleSupport.h"
 
@@ -37,7 +37,6 @@ constexpr int s_recorderPaused = 3;
 
 constexpr double s_pictureRatio = 1.0591;
 constexpr double s_leastChangeOfDistance = 0.05; // metres
-constexpr int s_indexDigits = 5;
 
 // with the setting turned off connections remain, and the next clip connects again
 constexpr auto s_connectOnce =
@@ -116,7 +115,7 @@ public:
     Entries clipInfo;
     Entries indexInfo;
     Entries laserCalibration;
-    Entries indexing;
+    detail::SampleLines indexing;
     QString originalClipName;
     QString infoFilePath; // empty while no clip is under way
     bool paused = false;
@@ -241,11 +240,7 @@ bool ClipInfoHandler::write(double time, double distance, int code, double pan, 
     if (CLocaleSupport::getDistanceUnit() == Base::DistanceUnit::Feet) {
         distance = CConversionServices::convertMetersToFeet(distance);
     }
-    const QString key =
-        QStringLiteral("Val%1").arg(d->nextValueIndex, s_indexDigits, 10, QLatin1Char('0'));
-    // insertion hint: up to Val99999 each entry goes to the end
-    d->indexing.insert(d->indexing.cend(), key,
-                       detail::sampleText(time, distance, code, pan, tilt));
+    d->indexing.append(d->nextValueIndex, time, distance, code, pan, tilt);
     d->nextValueIndex = numberAfter(d->nextValueIndex);
     return true;
 }
@@ -283,7 +278,7 @@ bool ClipInfoHandler::stop()
         writeEntries(out, d->laserCalibration);
         out << QLatin1String("\n[Indexing]\n");
     }
-    writeEntries(out, d->indexing);
+    d->indexing.write(out);
 
     d->lastTime = 0.0;
     d->resumed = false;
