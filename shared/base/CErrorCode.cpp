@@ -7,9 +7,6 @@ namespace Tavro::Base {
 
 namespace {
 
-// QML looks the property's type up by name, before anybody has put one into a variant
-const int s_errorCodeType = qRegisterMetaType<ErrorCode>("Tavro::Base::ErrorCode");
-
 quint8 byteOf(quint32 word, int index)
 {
     return static_cast<quint8>(word >> (8 * index));

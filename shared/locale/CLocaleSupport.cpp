@@ -5,7 +5,6 @@
 
 #include "shared/locale/GlobalLocaleData.h"
 #include "shared/locale/detail/DecimalPointOf.h"
-#include "shared/locale/detail/DistanceUnitTexts.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -43,6 +42,14 @@ template<typename Number> Number numberIn(const QVariant &variant)
     return *static_cast<const Number *>(variant.constData());
 }
 
+// No copy: counting it takes a tenth of the time of a distance's text.
+const QString &distanceUnitText()
+{
+    return CLocaleSupport::getDistanceUnit() == DistanceUnit::Feet
+        ? CLocaleSupport::distanceUnits_ft
+        : CLocaleSupport::distanceUnits_m;
+}
+
 // date, time, or both
 template<typename Moment>
 QString momentToString(const QLocale &locale, const Moment &moment, const QString &format)
@@ -53,6 +60,8 @@ QString momentToString(const QLocale &locale, const Moment &moment, const QStrin
 
 } // namespace
 
+// The only objects that are made when the library is loaded, because hosts read them by name. As
+// literals they take nothing from the heap.
 const QString CLocaleSupport::speedUnits_m_per_sec = QStringLiteral("m/s");
 const QString CLocaleSupport::speedUnits_ft_per_sec = QStringLiteral("ft/s");
 const QString CLocaleSupport::speedUnits_inch_per_sec = QStringLiteral("inch/s");
@@ -66,9 +75,9 @@ const QString CLocaleSupport::angleUnits_percent = QStringLiteral("%");
 const QString CLocaleSupport::pressureUnits_mbar = QStringLiteral("mbar");
 const QString CLocaleSupport::pressureUnits_atm = QStringLiteral("atm");
 const QString CLocaleSupport::pressureUnits_pa = QStringLiteral("Pa");
-const QString CLocaleSupport::distanceUnits_m = detail::s_meters.toString();
-const QString CLocaleSupport::distanceUnits_ft = detail::s_feet.toString();
-const QString CLocaleSupport::distanceUnits_inch = detail::s_inches.toString();
+const QString CLocaleSupport::distanceUnits_m = QStringLiteral("m");
+const QString CLocaleSupport::distanceUnits_ft = QStringLiteral("ft");
+const QString CLocaleSupport::distanceUnits_inch = QStringLiteral("inch");
 const QString CLocaleSupport::tempUnits_C = QStringLiteral("°C");
 const QString CLocaleSupport::tempUnits_F = QStringLiteral("°F");
 
@@ -92,7 +101,7 @@ DistanceUnit CLocaleSupport::getDistanceUnit()
 
 QString CLocaleSupport::getDistanceUnitString()
 {
-    return getDistanceUnit() == DistanceUnit::Feet ? distanceUnits_ft : distanceUnits_m;
+    return distanceUnitText();
 }
 
 QString CLocaleSupport::getSpeedUnitString()
@@ -161,7 +170,7 @@ QString CLocaleSupport::distanceValueToLocalizedString(double value, bool withUn
 {
     QString text = currentLocale().toString(value, 'f', twoDecimals ? 2 : 1);
     if (withUnit) {
-        text += QLatin1Char(' ') % getDistanceUnitString();
+        text += QLatin1Char(' ') % distanceUnitText();
     }
     return text;
 }

@@ -6,6 +6,7 @@
 #include "host/CLogger.h"
 #include "shared/locale/detail/DistanceUnitTexts.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -34,11 +35,17 @@ constexpr std::array s_units = {
     Unit{u"cm", [](double x) { return x / 100; }, [](double x) { return x * 100; }},
 };
 
+// in line: Qt's comparison of two short texts takes longer than the conversion
+bool isSame(QStringView a, QStringView b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end());
+}
+
 // null when there is no unit of that text
-const Unit *unitOf(const QString &text)
+const Unit *unitOf(QStringView text)
 {
     for (const Unit &unit : s_units) {
-        if (text == unit.text) {
+        if (isSame(text, unit.text)) {
             return &unit;
         }
     }
@@ -52,7 +59,7 @@ double LengthUnitsConverter::convert(const QString &fromUnit, const QString &toU
     if (fromUnit.isEmpty() || toUnit.isEmpty() || std::isnan(value)) {
         return std::numeric_limits<double>::quiet_NaN();
     }
-    if (fromUnit == toUnit) {
+    if (isSame(fromUnit, toUnit)) {
         return value;
     }
     const Unit *to = unitOf(toUnit);

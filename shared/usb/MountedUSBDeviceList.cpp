@@ -19,8 +19,8 @@ namespace {
 
 constexpr qint64 s_sectorsPerFatOffset = 22; // in a FAT boot sector
 
-const QString s_usbDevice = QStringLiteral("/dev/sda1");
-const QString s_devicePrefix = QStringLiteral("/dev/");
+constexpr QStringView s_usbDevice(u"/dev/sda1");
+constexpr QStringView s_devicePrefix(u"/dev/");
 
 bool isAcceptedType(const QString &fileSystemType)
 {
@@ -188,7 +188,7 @@ bool MountedUSBDeviceList::isUSBMounted()
 
 void MountedUSBDeviceList::mountUSB()
 {
-    detail::exitCodeOf(QStringLiteral("mount"), {s_usbDevice});
+    detail::exitCodeOf(QStringLiteral("mount"), {s_usbDevice.toString()});
 }
 
 void MountedUSBDeviceList::dismountUSB()
@@ -197,7 +197,7 @@ void MountedUSBDeviceList::dismountUSB()
         return;
     }
     // for ever, if need be: a drive that is still mounted must not count as safe to pull
-    while (detail::exitCodeOf(QStringLiteral("umount"), {s_usbDevice}) != 0) {
+    while (detail::exitCodeOf(QStringLiteral("umount"), {s_usbDevice.toString()}) != 0) {
         detail::exitCodeOf(QStringLiteral("usleep"), {QStringLiteral("500")});
     }
 }

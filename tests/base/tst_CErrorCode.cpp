@@ -98,6 +98,7 @@ void tst_CErrorCode::propertiesAreReadOnlyAndInOrder()
     const QMetaProperty errorCode = meta.property(1);
     QCOMPARE(errorCode.name(), "errorCode");
     QCOMPARE(errorCode.typeName(), "Tavro::Base::ErrorCode");
+    QCOMPARE(errorCode.userType(), qMetaTypeId<ErrorCode>());
     for (const QMetaProperty &property : {isNoError, errorCode}) {
         QVERIFY(!property.isWritable());
         QVERIFY(!property.hasNotifySignal());

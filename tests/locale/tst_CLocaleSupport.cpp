@@ -157,6 +157,8 @@ void tst_CLocaleSupport::unitTexts()
 {
     QFETCH(QString, actual);
     QTEST(actual, "expected");
+    // made when the library is loaded, and so without memory from the heap
+    QVERIFY(actual.data_ptr()->ref.isStatic());
 }
 
 void tst_CLocaleSupport::flagForTheHostIsTrue()

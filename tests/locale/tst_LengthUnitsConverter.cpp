@@ -177,7 +177,8 @@ void tst_LengthUnitsConverter::unknownSourceIsNothing_data()
 {
     QTest::addColumn<QString>("from");
 
-    for (const char *unit : {"yd", "M", "FT", "Inch", " m", "m ", "km", "meter"}) {
+    for (const char *unit :
+         {"yd", "M", "FT", "Inch", " m", "m ", "km", "meter", "f", "inche", "inches"}) {
         const QString text = QString::fromLatin1(unit);
         QTest::newRow(qPrintable(quoted(text))) << text;
     }

@@ -7,11 +7,21 @@
 
 namespace Tavro::Shared::detail {
 
-// One sign in every locale that Qt knows, though Qt 6 returns it as a text.
+// Qt 5 returns a character, Qt 6 a text; it is one sign in every locale that Qt knows. A text made
+// of the character would cost an allocation.
+inline QChar firstOf(QChar character)
+{
+    return character;
+}
+
+inline QChar firstOf(const QString &text)
+{
+    return text.front();
+}
+
 inline QChar decimalPointOf(const QLocale &locale)
 {
-    const QString point = locale.decimalPoint();
-    return point.front();
+    return firstOf(locale.decimalPoint());
 }
 
 } // namespace Tavro::Shared::detail
