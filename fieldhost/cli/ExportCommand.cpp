@@ -131,9 +131,13 @@ ExitCode exitCodeOf(Refusal refusal)
     return ExitDestinationRefused;
 }
 
-int carryOut(const ExportPlan &plan, bool verify, Console &console, RunControls &controls)
+int carryOut(ExportPlan plan, bool verify, Console &console, RunControls &controls)
 {
-    ExportRun run(plan, verify);
+    if (controls.openKeys()) {
+        console.print(CommandText::tr("Keys: p pauses and resumes, q aborts"));
+    }
+    announce(plan, console);
+    ExportRun run(std::move(plan), verify);
     QObject::connect(&run, &ExportRun::warned, qApp,
                      [&](const QString &sentence) { console.printError(sentence); });
     QObject::connect(&run, &ExportRun::stateChanged, &controls, &RunControls::refresh);
@@ -155,10 +159,6 @@ int carryOut(const ExportPlan &plan, bool verify, Console &console, RunControls 
             run.abort();
         }
     });
-    if (controls.openKeys()) {
-        console.print(CommandText::tr("Keys: p pauses and resumes, q aborts"));
-    }
-    announce(plan, console);
     controls.showProgress([&run](int columns) { return lineOf(run, columns); });
     run.start();
     // a signal that came before the event loop runs is delivered by it
@@ -196,7 +196,7 @@ int runExport(const CommandLine &line, Console &console)
         if (!warning.isEmpty()) {
             console.printError(warning);
         }
-        return carryOut(plan, line.isSet("verify"), console, controls);
+        return carryOut(std::move(plan), line.isSet("verify"), console, controls);
     }
     for (const QString &reason : qAsConst(plan.reasons)) {
         console.printError(reason);

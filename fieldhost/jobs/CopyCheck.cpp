@@ -4,6 +4,7 @@
 #include "fieldhost/jobs/CopyCheck.h"
 
 #include "fieldhost/jobs/Paths.h"
+#include "fieldhost/jobs/RepeatedTexts.h"
 #include "fieldhost/jobs/Text.h"
 
 #include <QFile>
@@ -40,7 +41,12 @@ CopyCheck checkCopy(const ExportJob &job, const QString &root)
             check.fault = CopyFault{source, cause};
         }
     };
-    QHash<QString, Copy> copies; // the last of each folded name
+    RepeatedTexts names(job.survey.files.size()); // folded
+    for (const SurveyedFile &file : job.survey.files) {
+        names.add(foldedName(file.path));
+    }
+    names.find();
+    QHash<QString, Copy> copies; // the last of each repeated name
     // files first: where both lack, a file's cause says more
     for (const SurveyedFile &file : job.survey.files) {
         const QString source = job.source + file.path;
@@ -62,16 +68,19 @@ CopyCheck checkCopy(const ExportJob &job, const QString &root)
                      .arg(formatBytes(copy.status.st_size), formatBytes(original.st_size)));
             continue;
         }
-        Copy &other = copies[foldedName(target)];
-        if (!other.source.isEmpty() && isSameFile(other.status, copy.status)) {
-            fail(source,
-                 JobText::tr("its name and that of %1 are one and the same on the "
-                             "destination's file system, so that one of them has replaced the "
-                             "other")
-                     .arg(quoted(other.source)));
-            continue;
+        const QString name = names.isEmpty() ? QString() : foldedName(file.path);
+        if (names.mayHold(name)) {
+            Copy &other = copies[name];
+            if (!other.source.isEmpty() && isSameFile(other.status, copy.status)) {
+                fail(source,
+                     JobText::tr("its name and that of %1 are one and the same on the "
+                                 "destination's file system, so that one of them has replaced the "
+                                 "other")
+                         .arg(quoted(other.source)));
+                continue;
+            }
+            other = copy;
         }
-        other = copy;
         ++check.wholeFiles;
         check.wholeBytes += copy.status.st_size;
     }

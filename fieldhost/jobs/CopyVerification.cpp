@@ -23,19 +23,11 @@ void evict(const QFile &file)
 
 } // namespace
 
-std::vector<CopiedFile> copiedFiles(const ExportJob &job, const QString &root)
-{
-    std::vector<CopiedFile> files;
-    files.reserve(static_cast<size_t>(job.survey.files.size()));
-    for (const SurveyedFile &file : job.survey.files) {
-        files.push_back({job.source + file.path, targetPath(job, file, root)});
-    }
-    return files;
-}
-
-CopyVerification::CopyVerification(std::vector<CopiedFile> files, QObject *parent)
+CopyVerification::CopyVerification(std::vector<FinishedCopy> copies, QObject *parent)
     : QObject(parent)
-    , m_files(std::move(files))
+    , m_copies(std::move(copies))
+    , m_copy(m_copies.begin())
+    , m_next(m_copy->job.survey.files.begin())
 {
 }
 
@@ -51,7 +43,7 @@ void CopyVerification::cancel()
 
 void CopyVerification::step()
 {
-    const bool isOver = m_next == m_files.size() && !m_source.isOpen();
+    const bool isOver = !m_source.isOpen() && !hasNext();
     if (m_isCanceled || isOver || !(m_source.isOpen() ? compareChunk() : openNext())) {
         Q_EMIT finished();
         return;
@@ -59,11 +51,24 @@ void CopyVerification::step()
     start();
 }
 
+// goes on to the copy that the next file is of
+bool CopyVerification::hasNext()
+{
+    while (m_next == m_copy->job.survey.files.end()) {
+        if (++m_copy == m_copies.end()) {
+            return false;
+        }
+        m_next = m_copy->job.survey.files.begin();
+    }
+    return true;
+}
+
 bool CopyVerification::openNext()
 {
-    const CopiedFile &file = m_files.at(m_next++);
-    m_source.setFileName(file.source);
-    m_target.setFileName(file.target);
+    const SurveyedFile file = *m_next;
+    ++m_next;
+    m_source.setFileName(m_copy->job.source + file.path);
+    m_target.setFileName(targetPath(m_copy->job, file, m_copy->root));
     if (!m_source.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
         || !m_target.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         fail(tr("it or its copy cannot be read any more"));

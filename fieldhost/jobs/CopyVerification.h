@@ -13,15 +13,12 @@
 
 namespace Tavro::FieldHost {
 
-/** A file that was copied, and its copy. */
-struct CopiedFile
+/** A job that was carried out. */
+struct FinishedCopy
 {
-    QString source;
-    QString target;
+    const ExportJob &job; // outlives the verification
+    QString root; // where the files are
 };
-
-/** The files of @p job, whose copy is at @p root. */
-std::vector<CopiedFile> copiedFiles(const ExportJob &job, const QString &root);
 
 /**
  * Compares copies with their sources, in steps of a few MiB between which the event loop runs. The
@@ -32,7 +29,8 @@ class CopyVerification : public QObject
     Q_OBJECT
 
 public:
-    explicit CopyVerification(std::vector<CopiedFile> files, QObject *parent = nullptr);
+    /** @p copies are at least one. */
+    explicit CopyVerification(std::vector<FinishedCopy> copies, QObject *parent = nullptr);
 
     /** Begins; finished() follows through the event loop. */
     void start();
@@ -52,12 +50,14 @@ Q_SIGNALS:
 
 private:
     void step();
+    bool hasNext();
     bool openNext();
     bool compareChunk();
     void fail(const QString &cause);
 
-    const std::vector<CopiedFile> m_files;
-    size_t m_next = 0;
+    const std::vector<FinishedCopy> m_copies;
+    std::vector<FinishedCopy>::const_iterator m_copy; // the one that is compared
+    SurveyedFiles::const_iterator m_next; // of its files
     QFile m_source; // open while a pair is compared
     QFile m_target;
     std::optional<CopyFault> m_fault;

@@ -4,6 +4,7 @@
 #include "fieldhost/jobs/ExportPlan.h"
 
 #include "fieldhost/jobs/Paths.h"
+#include "fieldhost/jobs/RepeatedTexts.h"
 #include "fieldhost/jobs/StagingDirectory.h"
 #include "fieldhost/jobs/Text.h"
 
@@ -26,6 +27,7 @@ namespace {
 
 // what a directory for the copy inside an existing one adds to the length of a path at most
 constexpr int s_stagingLength = 32;
+constexpr int s_mostBytesOfUnit = 3; // of UTF-8 for one of UTF-16
 
 // "dir/", "." and "..": the user means what is inside
 bool meansContents(const QString &typed)
@@ -40,6 +42,19 @@ bool onOneVolume(const QString &a, const QString &b)
     const FileStatus first = targetStatusOf(a);
     const FileStatus second = targetStatusOf(b);
     return first.st_mode != 0 && second.st_mode != 0 && first.st_dev == second.st_dev;
+}
+
+// where the directories of a job are going to be
+QStringList targetDirectories(const ExportJob &job)
+{
+    QStringList directories;
+    if (job.isDirectory) {
+        directories.append(job.landing);
+    }
+    for (const QString &directory : job.survey.directories) {
+        directories.append(below(job.landing, directory));
+    }
+    return directories;
 }
 
 class Planner
@@ -63,6 +78,7 @@ private:
     bool checkLandings();
     bool checkMerge(ExportJob &job);
     bool checkPathLengths(const ExportJob &job);
+    bool checkPathLength(const ExportJob &job, const QString &path, int extra);
     bool checkCollisions();
     bool checkSpace();
     bool refuse(Refusal refusal, const QString &reason);
@@ -293,7 +309,7 @@ bool Planner::checkMerge(ExportJob &job)
                               .arg(quoted(target), quoted(job.landing)));
         }
     }
-    for (const SurveyedFile &file : qAsConst(job.survey.files)) {
+    for (const SurveyedFile &file : job.survey.files) {
         const QString target = targetPath(job, file, job.landing);
         if (!existsOrIsLink(target)) {
             continue;
@@ -313,24 +329,34 @@ bool Planner::checkPathLengths(const ExportJob &job)
 {
     const QString name = job.landing.mid(job.landing.lastIndexOf(QLatin1Char('/')) + 1);
     const int extra = s_stagingLength + QFile::encodeName(name).size();
-    QStringList paths = job.survey.directories;
-    for (const SurveyedFile &file : qAsConst(job.survey.files)) {
-        paths.append(file.path);
+    for (const QString &directory : job.survey.directories) {
+        if (!checkPathLength(job, directory, extra)) {
+            return false;
+        }
     }
-    for (const QString &path : qAsConst(paths)) {
-        const QString target = path.isEmpty() ? job.landing : below(job.landing, path);
-        const int length = QFile::encodeName(target).size() + extra;
-        if (length >= PATH_MAX) {
-            return refuse(Refusal::Destination,
-                          JobText::tr("The path of %1 would be too long in the destination: "
-                                      "%2, and %3 are possible. Choose a destination with a "
-                                      "shorter path.")
-                              .arg(quoted(target),
-                                   counted(length, JobText::tr("1 byte"), JobText::tr("%1 bytes")),
-                                   QString::number(PATH_MAX - 1)));
+    for (const SurveyedFile &file : job.survey.files) {
+        if (!checkPathLength(job, file.path, extra)) {
+            return false;
         }
     }
     return true;
+}
+
+bool Planner::checkPathLength(const ExportJob &job, const QString &path, int extra)
+{
+    if ((job.landing.size() + 1 + path.size()) * s_mostBytesOfUnit + extra < PATH_MAX) {
+        return true; // nearly always
+    }
+    const QString target = path.isEmpty() ? job.landing : below(job.landing, path);
+    const int length = QFile::encodeName(target).size() + extra;
+    return length < PATH_MAX
+        || refuse(Refusal::Destination,
+                  JobText::tr("The path of %1 would be too long in the destination: "
+                              "%2, and %3 are possible. Choose a destination with a "
+                              "shorter path.")
+                      .arg(quoted(target),
+                           counted(length, JobText::tr("1 byte"), JobText::tr("%1 bytes")),
+                           QString::number(PATH_MAX - 1)));
 }
 
 bool Planner::checkCollisions()
@@ -338,10 +364,24 @@ bool Planner::checkCollisions()
     if (m_plan.jobs.size() < 2) {
         return true;
     }
-    QHash<QString, QString> fileSources;
+    RepeatedTexts targets(static_cast<int>(m_plan.files));
     for (const ExportJob &job : m_plan.jobs) {
-        for (const SurveyedFile &file : qAsConst(job.survey.files)) {
+        for (const SurveyedFile &file : job.survey.files) {
+            targets.add(targetPath(job, file, job.landing));
+        }
+        const QStringList directories = targetDirectories(job);
+        for (const QString &directory : directories) {
+            targets.add(directory);
+        }
+    }
+    targets.find();
+    QHash<QString, QString> fileSources; // of the repeated targets
+    for (const ExportJob &job : m_plan.jobs) {
+        for (const SurveyedFile &file : job.survey.files) {
             const QString target = targetPath(job, file, job.landing);
+            if (!targets.mayHold(target)) {
+                continue;
+            }
             const QString other = fileSources.value(target);
             if (!other.isEmpty()) {
                 return refuse(
@@ -353,14 +393,8 @@ bool Planner::checkCollisions()
         }
     }
     for (const ExportJob &job : m_plan.jobs) {
-        QStringList directories;
-        if (job.isDirectory) {
-            directories.append(job.landing);
-        }
-        for (const QString &directory : qAsConst(job.survey.directories)) {
-            directories.append(below(job.landing, directory));
-        }
-        for (const QString &directory : qAsConst(directories)) {
+        const QStringList directories = targetDirectories(job);
+        for (const QString &directory : directories) {
             if (fileSources.contains(directory)) {
                 return refuse(Refusal::Destination,
                               JobText::tr("The file %1 and a directory of %2 would both be copied "
@@ -383,7 +417,7 @@ bool Planner::checkSpace()
     qint64 needed = 0;
     for (const ExportJob &job : m_plan.jobs) {
         // a stick with clusters of 32 KiB takes far more for small files than their bytes
-        for (const SurveyedFile &file : qAsConst(job.survey.files)) {
+        for (const SurveyedFile &file : job.survey.files) {
             needed += (file.size + block - 1) / block * block;
         }
     }

@@ -11,6 +11,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>
@@ -113,21 +114,16 @@ bool Merge::run()
     if (!createDirectories()) {
         return false;
     }
-    const auto &files = m_job.survey.files;
-    int first = 0;
-    while (first < files.size()) {
-        const QString parent = parentOf(at(m_place, files.at(first).path));
-        int end = first + 1;
-        while (end < files.size() && end - first < s_batch
-               && parentOf(at(m_place, files.at(end).path)) == parent) {
-            ++end;
-        }
-        if (!placeFiles(first, end)) {
+    QStringList batch;
+    for (const SurveyedFile &file : m_job.survey.files) {
+        const bool isFull = batch.size() == s_batch
+            || (!batch.isEmpty() && parentOf(batch.constFirst()) != parentOf(file.path));
+        if (isFull && !placeFiles(std::exchange(batch, {}))) {
             return false;
         }
-        first = end;
+        batch.append(file.path);
     }
-    return true;
+    return batch.isEmpty() || placeFiles(batch);
 }
 
 bool Merge::createDirectories()
@@ -141,13 +137,11 @@ bool Merge::createDirectories()
     return flush();
 }
 
-bool Merge::placeFiles(int first, int end)
+bool Merge::placeFiles(const QStringList &files)
 {
-    const auto &files = m_job.survey.files;
-    QStringList aside;
     if (m_renaming == Renaming::ByAnotherName) {
-        for (int i = first; i < end; ++i) {
-            if (!setAside(files.at(i).path)) {
+        for (const QString &file : files) {
+            if (!setAside(file)) {
                 return false;
             }
         }
@@ -156,13 +150,13 @@ bool Merge::placeFiles(int first, int end)
         }
     }
     std::vector<Descriptor> before;
-    for (int i = first; i < end; ++i) {
-        const QString place = at(m_place, files.at(i).path);
+    for (const QString &file : files) {
+        const QString place = at(m_place, file);
         before.emplace_back(place, O_PATH | O_NOFOLLOW);
         if (before.back().get() < 0 && errno != ENOENT) {
             return fail(place, errno);
         }
-        if (const int error = rename(at(m_copy, files.at(i).path), place)) {
+        if (const int error = rename(at(m_copy, file), place)) {
             return fail(place, error);
         }
         ++m_moved;
@@ -170,7 +164,7 @@ bool Merge::placeFiles(int first, int end)
     // Where both entries can be on the device for a time, a check of the volume would cut one of
     // them off; where the old file can be gone before its name is, it would remove the name.
     const QString directory =
-        parentOf(at(m_renaming == Renaming::InPlace ? m_copy : m_place, files.at(first).path));
+        parentOf(at(m_renaming == Renaming::InPlace ? m_copy : m_place, files.constFirst()));
     if (const int error = flushDirectory(directory)) {
         return fail(directory, error);
     }
@@ -178,8 +172,10 @@ bool Merge::placeFiles(int first, int end)
         return false;
     }
     m_placed = m_moved;
-    for (int i = first; i < end && m_renaming == Renaming::ByAnotherName; ++i) {
-        ::unlink(QFile::encodeName(at(m_backups, files.at(i).path)).constData());
+    if (m_renaming == Renaming::ByAnotherName) {
+        for (const QString &file : files) {
+            ::unlink(QFile::encodeName(at(m_backups, file)).constData());
+        }
     }
     return true;
 }

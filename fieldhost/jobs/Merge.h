@@ -45,7 +45,7 @@ private:
     enum class Renaming { Atomic, InPlace, ByAnotherName };
 
     bool createDirectories();
-    bool placeFiles(int first, int end);
+    bool placeFiles(const QStringList &files);
     bool setAside(const QString &file);
     bool fail(const QString &path, int error);
     bool flush();

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <deque>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -28,7 +29,10 @@ struct Directory
 
 struct Entry
 {
-    QString name;
+    int begin; // of its name
+    int length;
+    int keyBegin; // of what it is sorted by
+    int keyLength;
     qint64 size;
 };
 
@@ -45,9 +49,11 @@ public:
 
 private:
     void visit(int index);
-    void look(int directoryFd, const QByteArray &name, const QString &directory);
+    void look(int directoryFd, const char *name, const QString &directory);
+    void keep(std::deque<Entry> &entries, const QString &name, qint64 size);
     void sortIn(int index);
-    bool landsWhereItShould(const QString &path);
+    void sort(std::deque<Entry> &entries) const;
+    QString nameOf(const Entry &entry) const;
     bool leadsBack(int index, const FileStatus &status) const;
     void addProblem(const QString &path, const QString &cause);
     void addProblem(const QString &directory, const QByteArray &name, const QString &cause);
@@ -55,8 +61,10 @@ private:
     const QString m_root;
     const std::function<bool()> &m_canceled;
     QVector<Directory> m_directories; // first in, first out: the order of the copy
-    std::vector<Entry> m_foundDirectories;
-    std::vector<Entry> m_foundFiles;
+    // of one directory
+    QString m_names; // one behind the other
+    std::deque<Entry> m_foundDirectories;
+    std::deque<Entry> m_foundFiles;
     SourceSurvey m_survey;
 };
 
@@ -93,6 +101,7 @@ void Walk::visit(int index)
         return;
     }
 
+    m_names.resize(0);
     m_foundDirectories.clear();
     m_foundFiles.clear();
     const int error = visitEntries(fd, [&](const dirent &entry) {
@@ -109,10 +118,10 @@ void Walk::visit(int index)
     sortIn(index);
 }
 
-void Walk::look(int directoryFd, const QByteArray &name, const QString &directory)
+void Walk::look(int directoryFd, const char *name, const QString &directory)
 {
     FileStatus own = {};
-    if (::fstatat(directoryFd, name.constData(), &own, AT_SYMLINK_NOFOLLOW) != 0) {
+    if (::fstatat(directoryFd, name, &own, AT_SYMLINK_NOFOLLOW) != 0) {
         if (errno != ENOENT) { // else removed since it was listed
             addProblem(directory, name, systemText(errno));
         }
@@ -120,7 +129,7 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &director
     }
     const bool isLink = S_ISLNK(own.st_mode);
     FileStatus status = own;
-    if (isLink && ::fstatat(directoryFd, name.constData(), &status, 0) != 0) {
+    if (isLink && ::fstatat(directoryFd, name, &status, 0) != 0) {
         ++m_survey.brokenLinks;
         return;
     }
@@ -142,53 +151,70 @@ void Walk::look(int directoryFd, const QByteArray &name, const QString &director
         return;
     }
     if (isDirectory) {
-        m_foundDirectories.push_back({text, status.st_size});
+        keep(m_foundDirectories, text, status.st_size);
         return;
     }
-    if (::faccessat(directoryFd, name.constData(), R_OK, AT_EACCESS) != 0) {
+    if (::faccessat(directoryFd, name, R_OK, AT_EACCESS) != 0) {
         addProblem(directory + text,
                    JobText::tr("the file cannot be read (%1)").arg(systemText(errno)));
         return;
     }
-    m_foundFiles.push_back({text, status.st_size});
+    keep(m_foundFiles, text, status.st_size);
+}
+
+void Walk::keep(std::deque<Entry> &entries, const QString &name, qint64 size)
+{
+    const QString key = name.toLower();
+    Entry entry = {m_names.size(), name.size(), m_names.size(), key.size(), size};
+    m_names += name;
+    if (key != name) {
+        entry.keyBegin = m_names.size();
+        m_names += key;
+    }
+    entries.push_back(entry);
 }
 
 void Walk::sortIn(int index)
 {
-    // the order of the copy; it tells which of several missing files was the first
-    const auto byName = [](const Entry &a, const Entry &b) {
-        return a.name.toLower() < b.name.toLower();
-    };
-    std::stable_sort(m_foundDirectories.begin(), m_foundDirectories.end(), byName);
-    std::stable_sort(m_foundFiles.begin(), m_foundFiles.end(), byName);
+    sort(m_foundDirectories);
+    sort(m_foundFiles);
     const QString directory = m_directories.at(index).path;
-    for (const Entry &entry : m_foundDirectories) {
-        const QString path = directory + entry.name;
-        if (landsWhereItShould(path)) {
-            m_survey.directories.append(path);
-            m_directories.append({path + QLatin1Char('/'), index});
+    // the copy forms names in the destination by removing the source's path from them, wherever it
+    // occurs
+    if (directory.contains(m_root)) {
+        for (const auto *entries : {&m_foundDirectories, &m_foundFiles}) {
+            for (const Entry &entry : *entries) {
+                addProblem(directory + nameOf(entry),
+                           JobText::tr("its path holds the path of the source a second time, so "
+                                       "it would be copied to a wrong place"));
+            }
         }
+        return;
+    }
+    for (const Entry &entry : m_foundDirectories) {
+        const QString path = directory + nameOf(entry);
+        m_survey.directories.append(path);
+        m_directories.append({path + QLatin1Char('/'), index});
     }
     for (const Entry &entry : m_foundFiles) {
-        const QString path = directory + entry.name;
-        if (landsWhereItShould(path)) {
-            m_survey.files.append({path, entry.size});
-            m_survey.bytes += entry.size;
-        }
+        m_survey.files.append(directory, nameOf(entry), entry.size);
+        m_survey.bytes += entry.size;
     }
 }
 
-// the copy forms names in the destination by removing the source's path from them, wherever it
-// occurs
-bool Walk::landsWhereItShould(const QString &path)
+// the order of the copy; it tells which of several missing files was the first
+void Walk::sort(std::deque<Entry> &entries) const
 {
-    if (!path.contains(m_root)) {
-        return true;
-    }
-    addProblem(path,
-               JobText::tr("its path holds the path of the source a second time, so it would be "
-                           "copied to a wrong place"));
-    return false;
+    const auto keyOf = [this](const Entry &entry) {
+        return QStringView(m_names).mid(entry.keyBegin, entry.keyLength);
+    };
+    std::stable_sort(entries.begin(), entries.end(),
+                     [&](const Entry &a, const Entry &b) { return keyOf(a) < keyOf(b); });
+}
+
+QString Walk::nameOf(const Entry &entry) const
+{
+    return m_names.mid(entry.begin, entry.length);
 }
 
 bool Walk::leadsBack(int index, const FileStatus &status) const
@@ -235,7 +261,7 @@ SourceSurvey surveyFile(const QString &path)
         survey.problems.append(
             {quoted(path), JobText::tr("the file cannot be read (%1)").arg(systemText(errno))});
     } else {
-        survey.files.append({QString(), status.st_size});
+        survey.files.append(QString(), QString(), status.st_size);
     }
     survey.bytes = status.st_size;
     return survey;

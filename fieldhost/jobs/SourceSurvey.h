@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "fieldhost/jobs/SurveyedFiles.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -10,13 +12,6 @@
 #include <functional>
 
 namespace Tavro::FieldHost {
-
-/** A file that a copy of the source is to hold. */
-struct SurveyedFile
-{
-    QString path; // relative to the source; empty when the source is the file itself
-    qint64 size = 0;
-};
 
 /** Something in a source that makes a whole copy impossible. */
 struct SourceProblem
@@ -29,7 +24,7 @@ struct SourceProblem
 struct SourceSurvey
 {
     QStringList directories; // relative, parents first
-    QVector<SurveyedFile> files; // in the order in which they are copied
+    SurveyedFiles files;
     qint64 bytes = 0;
     int hiddenEntries = 0; // a hidden directory counts as one
     int brokenLinks = 0;

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void aLostDirectoryIsCreated();
     void aDirectoryThatCannotBeCreatedIsNamed();
     void twoNamesOfOneFileAreNoticed();
+    void twoDirectoriesAndCompositionsOfOneNameAreNoticed();
     void namesThatDifferInCaseOnlyAreTwoFilesHere();
 
 private:
@@ -163,6 +164,25 @@ void tst_CopyCheck::twoNamesOfOneFileAreNoticed()
     QVERIFY(check.fault->cause.startsWith(QLatin1String("its name and that of \"") + m_source));
     QVERIFY(check.fault->cause.contains(
         QLatin1String("are one and the same on the destination's file system")));
+}
+
+void tst_CopyCheck::twoDirectoriesAndCompositionsOfOneNameAreNoticed()
+{
+    const QString composed = QStringLiteral(u"/D/\u00e9");
+    const QString decomposed = QStringLiteral(u"/d/e\u0301");
+    for (const QString &name : {composed, decomposed}) {
+        makeFile(m_source + name, "123");
+    }
+    makeFile(m_copy + composed, "123");
+    QVERIFY(QDir().mkpath(m_copy + QStringLiteral("/d")));
+    QVERIFY(::link(QFile::encodeName(m_copy + composed).constData(),
+                   QFile::encodeName(m_copy + decomposed).constData())
+            == 0);
+    const CopyCheck check = checkCopy(job(), m_copy);
+    QVERIFY(check.fault);
+    QVERIFY(check.fault->cause.contains(
+        QLatin1String("are one and the same on the destination's file system")));
+    QCOMPARE(check.wholeFiles, qint64(4));
 }
 
 void tst_CopyCheck::namesThatDifferInCaseOnlyAreTwoFilesHere()

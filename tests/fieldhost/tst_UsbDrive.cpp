@@ -191,7 +191,7 @@ void tst_UsbDrive::largeFilesAreWarnedOf()
     plan.jobs.emplace_back();
     plan.jobs.back().source = QStringLiteral("/source/");
     for (int i = 0; i < sizes.size(); ++i) {
-        plan.jobs.back().survey.files.append({QString::number(i), sizes.at(i)});
+        plan.jobs.back().survey.files.append(QString(), QString::number(i), sizes.at(i));
     }
     QTEST(largeFileWarning(plan, type), "warning");
 }
