@@ -18,6 +18,8 @@ using Shared::CFileCopyController;
 
 namespace {
 
+constexpr qint64 s_lookInterval = 20; // ms; in one of them, many small files are copied
+
 // a clause with a place for the path
 QString clauseOf(quint32 error)
 {
@@ -136,7 +138,12 @@ void ExportRun::onProcessedBytes()
 {
     m_stepBytes = m_controller.processedBytes();
     Q_EMIT progressChanged();
-    if (m_state != State::Aborting && !isInPlace()) {
+    if (m_state == State::Aborting
+        || (m_sinceLook.isValid() && !m_sinceLook.hasExpired(s_lookInterval))) {
+        return;
+    }
+    m_sinceLook.start();
+    if (!isInPlace()) {
         m_isGone = true;
         abort();
     }
@@ -260,7 +267,9 @@ bool ExportRun::isDriveFailing() const
     const quint32 error = result.errorCode & 0xFFU;
     const bool isOfDestination = error == CFileCopyController::ErrorDestinationFileOpenFailed
         || error == CFileCopyController::ErrorDestinationFileWriteFailed;
-    static constexpr int errors[] = {EIO, ENXIO, ENODEV, EROFS};
+    // of the device, with what a drive reports of itself, and of the file system on it
+    static constexpr int errors[] = {EIO,     ENXIO,   ENODEV, ETIMEDOUT, EREMOTEIO,
+                                     ENODATA, ENOLINK, EROFS,  EUCLEAN,   EBADMSG};
     return isOfDestination
         && std::find(std::begin(errors), std::end(errors), result.systemError) != std::end(errors);
 }
@@ -291,14 +300,13 @@ void ExportRun::settle()
 
 void ExportRun::verify()
 {
-    std::vector<CopiedFile> files;
+    std::vector<FinishedCopy> copies;
     for (const auto &task : m_tasks) {
-        const std::vector<CopiedFile> some = copiedFiles(task->job, task->copy.landing());
-        files.insert(files.end(), some.begin(), some.end());
+        copies.push_back({task->job, task->copy.landing()});
     }
     m_progress = Progress();
     m_progress.start(m_result.bytes);
-    m_verification = std::make_unique<CopyVerification>(std::move(files));
+    m_verification = std::make_unique<CopyVerification>(std::move(copies));
     connect(m_verification.get(), &CopyVerification::finished, this, &ExportRun::onVerified);
     connect(m_verification.get(), &CopyVerification::progressChanged, this,
             &ExportRun::progressChanged);

@@ -9,6 +9,7 @@
 #include "fieldhost/jobs/StagedCopy.h"
 #include "shared/fileops/CFileCopyController.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QStringList>
 
@@ -117,7 +118,8 @@ private:
     State m_state = State::Copying;
     ExportResult m_result;
     bool m_running = false;
-    bool m_isGone = false; // the drive was taken away
+    QElapsedTimer m_sinceLook; // whether the drive is in its place
+    bool m_isGone = false; // it was taken away
 };
 
 } // namespace Tavro::FieldHost

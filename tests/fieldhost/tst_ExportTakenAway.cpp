@@ -40,6 +40,7 @@ constexpr qint64 s_mebibyte = 1024LL * 1024;
 
 LoopDevice *s_loop = nullptr;
 std::atomic<int> s_flushesUntilBreak{0}; // of the loop device; 0: it holds
+std::atomic<int> s_answer{0}; // of the flush at which it would break; 0: it does
 
 } // namespace
 
@@ -47,6 +48,10 @@ std::atomic<int> s_flushesUntilBreak{0}; // of the loop device; 0: it holds
 extern "C" int fsync(int fd)
 {
     if (s_flushesUntilBreak > 0 && --s_flushesUntilBreak == 0) {
+        if (s_answer != 0) {
+            errno = s_answer;
+            return -1;
+        }
         s_loop->breakDown();
     }
     return static_cast<int>(::syscall(SYS_fsync, fd));
@@ -210,13 +215,25 @@ void tst_ExportTakenAway::aDirectoryThatIsReplacedIsNoticed()
 void tst_ExportTakenAway::theFileInFlightIsNamed_data()
 {
     QTest::addColumn<bool>("intoExisting");
-    QTest::newRow("a new directory") << false;
-    QTest::newRow("a directory that is merged with") << true;
+    QTest::addColumn<int>("answer");
+    QTest::newRow("a new directory") << false << 0;
+    QTest::newRow("a directory that is merged with") << true << 0;
+    QTest::newRow("a volume that is damaged") << false << EUCLEAN;
+    QTest::newRow("a volume with a wrong checksum") << false << EBADMSG;
+    QTest::newRow("a volume that is read-only from then on") << false << EROFS;
+    QTest::newRow("an error of reading or writing") << false << EIO;
+    QTest::newRow("a drive that is gone") << false << ENODEV;
+    QTest::newRow("an address that is gone") << false << ENXIO;
+    QTest::newRow("a fault of the drive") << false << EREMOTEIO;
+    QTest::newRow("a block that cannot be written") << false << ENODATA;
+    QTest::newRow("a drive that does not answer") << true << ETIMEDOUT;
+    QTest::newRow("a connection that is lost") << false << ENOLINK;
 }
 
 void tst_ExportTakenAway::theFileInFlightIsNamed()
 {
     QFETCH(bool, intoExisting);
+    QFETCH(int, answer);
 
     // two chunks each
     for (const char *name : {"many/a", "many/b", "many/c", "many/d", "many/e", "many/f"}) {
@@ -228,6 +245,7 @@ void tst_ExportTakenAway::theFileInFlightIsNamed()
     ExportRun run(planExport({path("many")}, s_drive, true, [] { return false; }), false);
     QSignalSpy finished(&run, &ExportRun::finished);
     s_loop = m_loop.get();
+    s_answer = answer;
     s_flushesUntilBreak = 5; // with the first chunk of the third file
     run.start();
     QVERIFY(finished.wait(60'000));
