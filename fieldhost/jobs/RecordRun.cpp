@@ -14,7 +14,7 @@ namespace Tavro::FieldHost {
 
 namespace {
 
-constexpr int s_refreshInterval = 40; // ms between two looks at the clock
+constexpr int s_refreshInterval = 10; // ms between two looks at the clock, a quarter of a frame
 constexpr qint64 s_pauseLength = 2000; // ms
 constexpr qint64 s_untilResumed = std::numeric_limits<qint64>::max(); // ms, more than pass
 // so that Ctrl-C is heard however fast the clock is to run
@@ -29,6 +29,7 @@ RecordRun::RecordRun(const RecordPlan &plan, FieldApplication &host)
     , m_handler(new Shared::ClipInfoHandler(host.crawler().videoCreation()))
     , m_infoPath(Shared::ClipInfoHandler::videoPathToFilePath(plan.clip))
 {
+    m_timer.setTimerType(Qt::PreciseTimer);
     m_timer.setInterval(s_refreshInterval);
     connect(&m_timer, &QTimer::timeout, this, &RecordRun::followRealTime);
 }

@@ -35,15 +35,12 @@ int main(int argc, char **argv)
     QElapsedTimer sinceStart;
     qint64 due = 0; // ms, of the first frame that has not been passed
     qint64 latest = 0; // ms
-    const auto look = [&] {
+    QObject::connect(&run, &RecordRun::progressChanged, [&] {
         latest = std::max(latest, sinceStart.elapsed() - due);
         due = run.recorded();
-    };
-    QObject::connect(&run, &RecordRun::progressChanged, look);
-    QObject::connect(&run, &RecordRun::finished, [&] {
-        look();
-        QCoreApplication::quit();
     });
+    // no look there: before it, the file is written and read again
+    QObject::connect(&run, &RecordRun::finished, &application, &QCoreApplication::quit);
     run.start();
     sinceStart.start();
     QCoreApplication::exec();
