@@ -27,9 +27,8 @@ Handshake::Handshake()
 
 Handshake::~Handshake()
 {
-    if (m_held) {
-        letGo();
-    }
+    letGo();
+    ::close(m_openGate);
 }
 
 bool Handshake::waitUntilHeld()
@@ -45,11 +44,17 @@ int Handshake::held() const
 
 void Handshake::letGo()
 {
-    m_held = false;
-    // opened for both ways it blocks nobody; who waits for a writer has one until it is closed
-    const int gate = ::open(gatePath().constData(), O_RDWR | O_CLOEXEC);
+    if (m_openGate >= 0) {
+        return;
+    }
+    // Opened for both ways it blocks nobody. It stays open, with a line for each copy: one that is
+    // on its way through it would else wait for a writer that has been.
+    m_openGate = ::open(gatePath().constData(), O_RDWR | O_CLOEXEC);
+    const QByteArray lines(64, '\n');
+    if (::write(m_openGate, lines.constData(), static_cast<size_t>(lines.size())) != lines.size()) {
+        qFatal("cannot open the gate");
+    }
     QFile::remove(QFile::decodeName(gatePath()));
-    ::close(gate);
 }
 
 QByteArray Handshake::gatePath() const

@@ -35,7 +35,7 @@ private:
 
     QTemporaryDir m_folder;
     FakeCommands m_commands;
-    bool m_held = true;
+    int m_openGate = -1; // once they are let go
 };
 
 } // namespace Test

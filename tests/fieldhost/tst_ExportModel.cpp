@@ -86,6 +86,8 @@ private:
         model.setSource(path("source"));
         model.setDestination(destination);
     }
+    void holdMounting(TestDrive &drive) const;
+    void letGo() const { makeFile(path("gate")); }
 
     std::unique_ptr<TemporaryFolder> m_folder;
 };
@@ -100,6 +102,13 @@ void tst_ExportModel::init()
     m_folder = std::make_unique<TemporaryFolder>();
     makeFile(path("source/data.bin"), someBytes(100'000));
     makeFile(path("source/later.txt"));
+}
+
+// the drive is mounted once there is a file
+void tst_ExportModel::holdMounting(TestDrive &drive) const
+{
+    drive.commands.addHeld(QStringLiteral("mount"), path("gate"),
+                           "printf '%s' '" + drive.tableLine() + "' > /etc/mtab");
 }
 
 void tst_ExportModel::pathsMayBeUrls()
@@ -148,11 +157,7 @@ void tst_ExportModel::theDriveIsMarkedCopiedToAndUnmounted()
 void tst_ExportModel::theScreenGoesOnWhileTheDriveIsMounted()
 {
     TestDrive drive;
-    // "mount" ends when there is a file, which the event loop of the screen makes
-    const QString gate = path("gate");
-    drive.commands.add(QStringLiteral("mount"),
-                       "until [ -e '" + QFile::encodeName(gate) + "' ]; do sleep 0.01; done\n"
-                           + "printf '%s' '" + drive.tableLine() + "' > /etc/mtab");
+    holdMounting(drive); // until the event loop of the screen lets it go
     ExportModel model;
     StateLog log(model);
     choose(model, s_destination);
@@ -160,7 +165,7 @@ void tst_ExportModel::theScreenGoesOnWhileTheDriveIsMounted()
     QCOMPARE(model.state(), ExportStates::Locking);
     QVERIFY(QTest::qWaitFor([&] { return !drive.commands.journal().isEmpty(); }, 30'000));
     QCOMPARE(log.states(), QList<ExportStates::State>{ExportStates::Locking});
-    makeFile(gate);
+    letGo();
     QVERIFY(log.waitForEnd());
     QCOMPARE(model.state(), ExportStates::Done);
 }
@@ -190,11 +195,13 @@ void tst_ExportModel::theScreenGoesOnWhileTheDriveIsInUse()
 void tst_ExportModel::anAbortBeforeTheCopyUnmounts()
 {
     TestDrive drive;
+    holdMounting(drive);
     ExportModel model;
     StateLog log(model);
     choose(model, s_destination);
     model.start();
     model.abort();
+    letGo();
     QVERIFY(log.waitForEnd());
     QCOMPARE(model.state(), ExportStates::Aborted);
     QVERIFY(!log.states().contains(ExportStates::Copying));

@@ -103,12 +103,7 @@ private:
         }
     }
     // "sync" that tells when it runs, and holds the worker in the last chunk until it is let go
-    void makeSyncWait()
-    {
-        m_commands->add(QStringLiteral("sync"),
-                        "while [ ! -e '" + path("letGo").toUtf8()
-                            + "' ]; do /bin/sleep 0.01; done");
-    }
+    void makeSyncWait() { m_commands->addHeld(QStringLiteral("sync"), path("letGo")); }
     void letSyncGo() { Test::makeFile(path("letGo")); }
     bool isInSync()
     {

@@ -100,12 +100,7 @@ private Q_SLOTS:
 private:
     QString path(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
     // "sync" that holds the worker in the last chunk until it is let go
-    void makeSyncWait()
-    {
-        m_commands->add(QStringLiteral("sync"),
-                        "while [ ! -e '" + path("letGo").toUtf8()
-                            + "' ]; do /bin/sleep 0.01; done");
-    }
+    void makeSyncWait() { m_commands->addHeld(QStringLiteral("sync"), path("letGo")); }
 
     QScopedPointer<Test::TemporaryFolder> m_folder;
     QScopedPointer<Test::FakeCommands> m_commands;

@@ -12,7 +12,9 @@
 #include <functional>
 #include <memory>
 #include <thread>
+#include <utility>
 
+using namespace std::chrono_literals;
 using Tavro::Shared::detail::ReportQueue;
 
 namespace {
@@ -84,12 +86,17 @@ void tst_ReportQueue::manyReportsWakeTheReceiverFewTimes()
     Receiver receiver;
     const auto queue = ReportQueue::create(&receiver);
     int seen = 0;
+    int slow = 0; // reports that may have followed none for a while, as the machine was busy
     QSemaphore step;
     QSemaphore reported;
+    const auto begin = std::chrono::steady_clock::now();
     std::thread worker([&] {
+        auto last = begin - 1s;
         for (int i = 0; i < 1000; ++i) {
             step.acquire();
+            const auto before = std::chrono::steady_clock::now();
             queue->report([&seen] { ++seen; });
+            slow += std::chrono::steady_clock::now() - std::exchange(last, before) < 1ms ? 0 : 1;
             reported.release();
         }
     });
@@ -99,8 +106,11 @@ void tst_ReportQueue::manyReportsWakeTheReceiverFewTimes()
         QCoreApplication::processEvents(); // as eager as an idle event loop
     }
     worker.join();
+    // It looks by itself each 15 ms. Where that leaves nothing to be found, at once or by a wake
+    // that was on its way, the next report wakes it, too.
+    const auto looks = (std::chrono::steady_clock::now() - begin) / 14ms + 1;
     QTRY_COMPARE_WITH_TIMEOUT(seen, 1000, 30000);
-    QVERIFY2(receiver.wakeUps() < 500, QByteArray::number(receiver.wakeUps()));
+    QVERIFY2(receiver.wakeUps() <= slow + 2 * looks, QByteArray::number(receiver.wakeUps()));
 }
 
 void tst_ReportQueue::reportInTheReceivingThreadIsDeliveredAtOnce()

@@ -107,9 +107,7 @@ public:
     Q_INVOKABLE void holdSync()
     {
         m_commands = std::make_unique<Test::FakeCommands>();
-        m_commands->add(QStringLiteral("sync"),
-                        "while [ ! -e '" + directory().toUtf8()
-                            + "/letGo' ]; do /bin/sleep 0.01; done");
+        m_commands->addHeld(QStringLiteral("sync"), directory() + QStringLiteral("/letGo"));
     }
     Q_INVOKABLE bool isSyncing() const { return !m_commands->journal().isEmpty(); }
     Q_INVOKABLE void letSyncGo() { write(QStringLiteral("letGo"), 0); }

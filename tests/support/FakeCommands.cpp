@@ -32,6 +32,11 @@ void FakeCommands::add(const QString &name, const QByteArray &body)
     }
 }
 
+void FakeCommands::addHeld(const QString &name, const QString &gate, const QByteArray &body)
+{
+    add(name, "until [ -e '" + QFile::encodeName(gate) + "' ]; do /bin/sleep 0.01; done\n" + body);
+}
+
 void FakeCommands::addProgram(const QString &name, const QString &program)
 {
     if (!QFile::link(program, m_folder.filePath(name))) {

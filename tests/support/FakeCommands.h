@@ -25,6 +25,8 @@ public:
 
     /** Puts a command on PATH; @p body is what its shell does after the call was recorded. */
     void add(const QString &name, const QByteArray &body = QByteArray());
+    /** The same for one that waits until there is the file @p gate, and does @p body then. */
+    void addHeld(const QString &name, const QString &gate, const QByteArray &body = QByteArray());
     /** Puts an existing program on PATH under that name; its calls are not recorded. */
     void addProgram(const QString &name, const QString &program);
     /** Hides every command but the fakes. */

@@ -117,6 +117,7 @@ Page {
             text: deleter.state === DeleteState.Aborting ? qsTr("Aborting") : qsTr("Deleting")
         }
         Bar {
+            objectName: "bar"
             indeterminate: deleter.bytesToDelete <= 0
             value: indeterminate ? 0 : deleter.bytes / deleter.bytesToDelete
         }

@@ -183,6 +183,7 @@ Item {
             screenTest.freezeVolume()
             click("delete")
             tap("questionConfirm")
+            tryVerify(() => !item("bar").indeterminate, patience) // it is at work, and held
             tap("abort")
             compare(item("stateTitle").text, "Aborting")
             verify(screenTest.exists(screenTest.home + "/target/tree/file"))

@@ -40,9 +40,9 @@ Item {
 
         function fill(objectName, text) {
             const field = item(objectName)
-            bringIntoView(field)
             // the fields of a form that has just been made move to their places
             tryVerify(() => {
+                bringIntoView(field)
                 mouseClick(field.input)
                 return field.input.activeFocus
             }, patience)
