@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 
 namespace Tavro::Benchmarks {
 
@@ -97,6 +98,20 @@ std::string fixed(double value, int digits)
 std::string ratio(double value, double base)
 {
     return base > 0 ? fixed(value / base, 2) : std::string("-");
+}
+
+void recordCost(const std::string &participant, double size, double seconds, double bytes)
+{
+    const char *const path = std::getenv("COSTS");
+    if (path == nullptr) {
+        return;
+    }
+    std::ofstream costs(path, std::ios::app);
+    costs << participant << '\t' << fixed(size, 0) << '\t' << fixed(seconds, 9) << '\t'
+          << fixed(bytes, 0) << std::endl;
+    if (!costs) {
+        fail(std::string("Cannot write ") + path);
+    }
 }
 
 void printVerdict(const std::string &subject, double value, double target, const char *unit)

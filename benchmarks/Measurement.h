@@ -48,6 +48,12 @@ std::string fixed(double value, int digits);
 /** @p value as a share of @p base, "1.04"; "-" where there is no base. */
 std::string ratio(double value, double base);
 
+/**
+ * Adds to the file that the environment variable COSTS names, if it is set, what one participant
+ * needs for work of @p size: a line of its name, @p size, seconds and bytes, parted by tabs.
+ */
+void recordCost(const std::string &participant, double size, double seconds, double bytes);
+
 /** Prints one line that says whether @p value, rounded to two places, is within @p target. */
 void printVerdict(const std::string &subject, double value, double target, const char *unit);
 

@@ -6,17 +6,22 @@
 #include "benchmarks/Measurement.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <limits>
+#include <thread>
 
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -52,6 +57,20 @@ int timeoutUntil(double end)
         : -1;
 }
 
+// what it has handed to the system, whether that is on a device or not
+long long bytesWrittenBy(int process)
+{
+    std::ifstream counters("/proc/" + std::to_string(process) + "/io");
+    std::string name;
+    long long bytes = 0;
+    while (counters >> name >> bytes) {
+        if (name == "wchar:") {
+            return bytes;
+        }
+    }
+    return 0;
+}
+
 } // namespace
 
 std::string siblingProgram(const std::string &name)
@@ -64,6 +83,29 @@ Outcome runParticipant(const std::vector<std::string> &command)
     RunningParticipant participant(command);
     participant.takeTurn(s_forever);
     return participant.outcome();
+}
+
+double secondsUntilWritten(const std::vector<std::string> &command, long long bytes)
+{
+    const double begin = now();
+    const int process = ::fork();
+    if (process == 0) {
+        become(command, ::open("/dev/null", O_WRONLY | O_CLOEXEC));
+    }
+    if (process < 0) {
+        fail("Cannot run " + command.front() + ": " + std::strerror(errno));
+    }
+    while (bytesWrittenBy(process) < bytes) {
+        int status = 0;
+        if (::waitpid(process, &status, WNOHANG) != 0) {
+            fail(command.front() + " wrote less than " + std::to_string(bytes) + " bytes");
+        }
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+    }
+    const double seconds = now() - begin;
+    ::kill(process, SIGKILL);
+    ::waitpid(process, nullptr, 0);
+    return seconds;
 }
 
 RunningParticipant::RunningParticipant(std::vector<std::string> command)
@@ -127,10 +169,12 @@ bool RunningParticipant::readUntil(double end)
 void RunningParticipant::waitUntil(int change)
 {
     int status = 0;
-    ::waitpid(m_process, &status, change);
+    struct rusage usage = {};
+    ::wait4(m_process, &status, change, &usage);
     if (WIFSTOPPED(status)) {
         return;
     }
+    m_outcome.memory = static_cast<double>(usage.ru_maxrss) * 1024;
     m_isOver = true;
     readUntil(s_forever); // where it has ended before it was told to stop
     ::close(m_outputEnd);

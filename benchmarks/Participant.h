@@ -13,6 +13,7 @@ struct Outcome
 {
     double seconds = 0; /**< at work, from just before it was started until it was gone */
     double stopped = 0; /**< between its turns: what it measures by itself contains this, too */
+    double memory = 0; /**< bytes of memory that it had resident at its largest */
     std::string output; /**< its standard output */
 };
 
@@ -51,6 +52,9 @@ private:
 
 /** Runs @p command from its start to its end. */
 Outcome runParticipant(const std::vector<std::string> &command);
+
+/** Seconds until @p command has written @p bytes, at which it is killed. */
+double secondsUntilWritten(const std::vector<std::string> &command, long long bytes);
 
 /** Path of @p name in the directory of the running program, where the build puts all of them. */
 std::string siblingProgram(const std::string &name);

@@ -101,8 +101,9 @@ void createFile(const fs::path &path, std::uintmax_t bytes)
     std::ofstream stream(path, std::ios::binary);
     std::vector<std::uint64_t> block(8192);
     while (bytes > 0 && stream) {
-        std::generate(block.begin(), block.end(), std::ref(random));
         const std::uintmax_t part = std::min<std::uintmax_t>(bytes, block.size() * sizeof block[0]);
+        // no more than is needed: a tree may have a million small files
+        std::generate_n(block.begin(), (part - 1) / sizeof block[0] + 1, std::ref(random));
         stream.write(reinterpret_cast<const char *>(block.data()),
                      static_cast<std::streamsize>(part));
         bytes -= part;

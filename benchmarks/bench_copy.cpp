@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr double s_durabilityTarget = 0.03; // seconds
+constexpr double s_hostTarget = 1.10; // of the library's median
 
 struct Options
 {
@@ -35,10 +36,11 @@ struct Options
     bool isFloorDoubled = false;
     bool areNamesFlushed = false;
     bool hasPeers = true;
+    bool hasHost = false;
     double turn = 0; // seconds; none: one after the other
 };
 
-enum class Kind { Floor, Library, Peer };
+enum class Kind { Floor, Library, Host, Peer };
 
 struct Participant
 {
@@ -48,6 +50,7 @@ struct Participant
     fs::path copy = {}; // of its own: others may be at work, too
     Series whole = {}; // the process, from its start to its end
     Series request = {}; // the library: from the request to the signal that ends it
+    Series memory = {}; // bytes
     Series remainder = {}; // what a sync of the file system still took afterwards
 };
 
@@ -81,6 +84,11 @@ std::vector<Participant> participants(const Options &options)
          shell(isTree ? gioTree : "gio copy \"$1\" \"$2\"; exec sync")},
         {"std::filesystem::copy, sync", Kind::Peer, {siblingProgram("copy_with_filesystem")}},
     };
+    if (options.hasHost) {
+        all.push_back({"ovo-fieldhost export",
+                       Kind::Host,
+                       {siblingProgram("../fieldhost/cli/ovo-fieldhost"), "export"}});
+    }
     if (options.areNamesFlushed) {
         all.push_back({"floor, names not flushed", Kind::Floor, withoutNames});
     }
@@ -93,7 +101,10 @@ std::vector<Participant> participants(const Options &options)
     }
     for (size_t i = 0; i < all.size(); ++i) {
         all[i].copy = options.destination / ("copy" + std::to_string(i));
-        all[i].command.insert(all[i].command.end(), {options.source, all[i].copy});
+        // with "/" at the end the host copies what is inside, as the others do
+        const bool isHost = all[i].kind == Kind::Host;
+        all[i].command.insert(all[i].command.end(),
+                              {isHost ? options.source / "" : options.source, all[i].copy});
     }
     return all;
 }
@@ -110,6 +121,7 @@ void record(Participant &participant, const Outcome &outcome, const Options &opt
 {
     participant.remainder.add(syncFileSystem(options.destination));
     participant.whole.add(outcome.seconds);
+    participant.memory.add(outcome.memory);
     if (participant.kind == Kind::Library) {
         participant.request.add(std::strtod(outcome.output.c_str(), nullptr) - outcome.stopped);
     }
@@ -200,6 +212,9 @@ void report(const std::vector<Participant> &all, const Options &options)
         } else {
             addRow(table, participant.name, participant.whole, floor.whole, participant.remainder);
         }
+        const Series &time =
+            participant.kind == Kind::Library ? participant.request : participant.whole;
+        recordCost(participant.name, options.files, time.median(), participant.memory.median());
     }
     table.print();
 
@@ -211,6 +226,15 @@ void report(const std::vector<Participant> &all, const Options &options)
             printVerdict(options.title + ", end signal to durable", participant.remainder.median(),
                          s_durabilityTarget, " s");
         }
+    }
+    if (options.hasHost) {
+        const auto medianOf = [&all](Kind kind) {
+            return std::find_if(all.begin(), all.end(),
+                                [kind](const Participant &one) { return one.kind == kind; })
+                ->whole.median();
+        };
+        printVerdict("export by the host / copy by the library",
+                     medianOf(Kind::Host) / medianOf(Kind::Library), s_hostTarget, "");
     }
     if (options.isFloorDoubled) {
         std::printf("- noise: the floor's second median is %s of its first\n",
@@ -225,12 +249,13 @@ void report(const std::vector<Participant> &all, const Options &options)
         std::string("usage: ") + program
         + " TITLE SOURCE DESTINATION_DIRECTORY --file BYTES | --tree FOLDERS FILES BYTES_EACH\n"
           "    [--rounds N] [--target RATIO] [--cold] [--floor-twice] [--names]\n"
-          "    [--no-peers] [--turns SECONDS]\n"
+          "    [--no-peers] [--host] [--turns SECONDS]\n"
           "SOURCE is created, and removed at the end.\n"
           "--cold         takes the source, a single file, out of the page cache before each copy\n"
           "--floor-twice  the floor takes part twice: what lies between the two is noise\n"
           "--names        the floor flushes names, too; one that does not takes part beside it\n"
           "--no-peers     floor and library alone take part\n"
+          "--host         the example host takes part, too\n"
           "--turns        floor and library copy side by side, by turns of so many seconds; not\n"
           "               with --cold, as the first to read warms the source for the others");
 }
@@ -265,6 +290,8 @@ Options parse(int argc, char **argv)
             options.areNamesFlushed = true;
         } else if (argument == "--no-peers") {
             options.hasPeers = false;
+        } else if (argument == "--host") {
+            options.hasHost = true;
         } else if (argument == "--rounds" && values >= 1) {
             options.rounds = static_cast<unsigned>(number(argv[++i]));
         } else if (argument == "--target" && values >= 1) {

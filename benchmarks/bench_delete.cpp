@@ -38,30 +38,37 @@ void requireGone(const fs::path &tree)
     }
 }
 
-double deleteWithRm(const fs::path &tree, Shape shape)
+Outcome deleteWithRm(const fs::path &tree, Shape shape)
 {
     createAnew(tree, shape);
-    const double seconds = runParticipant({"rm", "-rf", tree}).seconds;
+    Outcome outcome = runParticipant({"rm", "-rf", tree});
     requireGone(tree);
-    return seconds;
+    return outcome;
 }
 
-double deleteWithLibrary(const fs::path &tree, Shape shape)
+Outcome deleteWithLibrary(const fs::path &tree, Shape shape)
 {
     createAnew(tree, shape);
-    std::istringstream figures(
-        runParticipant({siblingProgram("delete_with_library"), tree}).output);
+    Outcome outcome = runParticipant({siblingProgram("delete_with_library"), tree});
     requireGone(tree);
-    double seconds = 0;
+    std::istringstream figures(outcome.output);
     unsigned signalCount = 0;
-    if (!(figures >> seconds >> signalCount)) {
+    if (!(figures >> outcome.seconds >> signalCount)) { // from the request to the end
         fail("delete_with_library printed no figures");
     }
     if (signalCount < shape.files) { // one for each file; that of the end may come too late
         fail("delete_with_library heard " + std::to_string(signalCount) + " signals");
     }
-    return seconds;
+    return outcome;
 }
+
+struct Participant
+{
+    const char *name;
+    Outcome (*run)(const fs::path &tree, Shape shape);
+    Series seconds = {};
+    Series memory = {}; // bytes
+};
 
 } // namespace
 
@@ -77,12 +84,15 @@ int main(int argc, char **argv)
     const fs::path tree = argv[1];
     const Shape shape = {folders, files};
 
-    Series rm;
-    Series library;
+    Participant rm{"rm -rf", deleteWithRm};
+    Participant library{"library", deleteWithLibrary};
     for (unsigned round = 0; round < rounds; ++round) {
         // by turns, so that nobody always gains by its place
-        for (const bool isRm : {round % 2 == 0, round % 2 != 0}) {
-            isRm ? rm.add(deleteWithRm(tree, shape)) : library.add(deleteWithLibrary(tree, shape));
+        for (Participant *participant :
+             {round % 2 == 0 ? &rm : &library, round % 2 == 0 ? &library : &rm}) {
+            const Outcome outcome = participant->run(tree, shape);
+            participant->seconds.add(outcome.seconds);
+            participant->memory.add(outcome.memory);
         }
     }
 
@@ -90,16 +100,18 @@ int main(int argc, char **argv)
                 "signal for each file\n\n",
                 files, folders, rounds);
     Table table({"", "median s", "minimum s", "median / rm", "minimum / rm", "spread"});
-    const auto addRow = [&](const char *name, const Series &series) {
-        table.addRow({name, fixed(series.median(), 4), fixed(series.minimum(), 4),
-                      ratio(series.median(), rm.median()), ratio(series.minimum(), rm.minimum()),
+    for (const Participant *participant : {&rm, &library}) {
+        const Series &series = participant->seconds;
+        table.addRow({participant->name, fixed(series.median(), 4), fixed(series.minimum(), 4),
+                      ratio(series.median(), rm.seconds.median()),
+                      ratio(series.minimum(), rm.seconds.minimum()),
                       fixed(series.spread() * 100, 0) + " %"});
-    };
-    addRow("rm -rf", rm);
-    addRow("library", library);
+        recordCost(participant->name, files, series.median(), participant->memory.median());
+    }
     table.print();
     std::printf("\n");
-    printVerdict("deletion, median / rm -rf", library.median() / rm.median(), s_target, "");
+    printVerdict("deletion, median / rm -rf", library.seconds.median() / rm.seconds.median(),
+                 s_target, "");
     std::printf("\n");
     return EXIT_SUCCESS;
 }

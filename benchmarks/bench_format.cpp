@@ -23,7 +23,7 @@ using Tavro::Benchmarks::MicroBenchmark;
 namespace {
 
 constexpr double s_target = 1.5; // times the bare call
-constexpr double s_convertTarget = 100; // ns
+constexpr double s_convertTarget = 50; // ns
 
 constexpr double s_number = 1234.567;
 

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -41,18 +42,24 @@ public:
             *m_end++ = *text++;
         }
     }
-    void index(int number)
+    void digits(unsigned number, int width)
     {
         char digits[16];
         char *const last = std::to_chars(digits, digits + sizeof digits, number).ptr;
-        for (auto length = last - digits; length < 5; ++length) {
+        for (auto length = last - digits; length < width; ++length) {
             *m_end++ = '0';
         }
         m_end = std::copy(digits, last, m_end);
     }
+    // enough for a ClipCourse, and twice as fast as std::to_chars() for a double
     void number(double value)
     {
-        m_end = std::to_chars(m_end, m_end + 32, value, std::chars_format::fixed, 3).ptr;
+        const double rounded = std::abs(value) * 1000 + 0.5;
+        const auto thousandths = static_cast<unsigned>(rounded);
+        text(value < 0 ? "-" : "");
+        digits(thousandths / 1000, 1);
+        text(".");
+        digits(thousandths % 1000, 3);
     }
 
 private:
@@ -67,7 +74,7 @@ char *formatSample(int number, char *begin)
     const bool turns = number % 2 == 0;
     Line line(begin);
     line.text("Val");
-    line.index(number);
+    line.digits(static_cast<unsigned>(number), 5);
     line.text("=");
     line.number(static_cast<double>(course.milliseconds) / 1000.0);
     line.text(";");
