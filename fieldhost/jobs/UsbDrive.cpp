@@ -12,6 +12,8 @@
 #include <QFile>
 #include <QStringList>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <memory>
 
@@ -31,20 +33,39 @@ const char s_device[] = "/dev/sda1";
 const char s_fstab[] = "/etc/fstab";
 const char s_mountTable[] = "/etc/mtab";
 
-struct TableCloser
+// The screens ask while a thread looks at a drive, and getmntent() has one buffer for all threads.
+class Table
 {
-    void operator()(std::FILE *table) const { ::endmntent(table); }
+public:
+    explicit Table(const char *path)
+        : m_file(::setmntent(path, "r"))
+    {
+    }
+
+    // valid until the next call; null at the end, and when the table cannot be read
+    const mntent *next()
+    {
+        return m_file
+            ? ::getmntent_r(m_file.get(), &m_entry, m_line.data(), static_cast<int>(m_line.size()))
+            : nullptr;
+    }
+
+private:
+    struct Closer
+    {
+        void operator()(std::FILE *file) const { ::endmntent(file); }
+    };
+
+    const std::unique_ptr<std::FILE, Closer> m_file;
+    mntent m_entry{};
+    std::array<char, 4096> m_line{};
 };
-using Table = std::unique_ptr<std::FILE, TableCloser>;
 
 // whether /etc/fstab lets others than root mount the drive
 bool mayAnybodyMount()
 {
-    const Table table(::setmntent(s_fstab, "r"));
-    if (!table) {
-        return false;
-    }
-    while (const mntent *entry = ::getmntent(table.get())) {
+    Table table(s_fstab);
+    while (const mntent *entry = table.next()) {
         if (qstrcmp(entry->mnt_fsname, s_device) != 0) {
             continue;
         }
@@ -86,11 +107,8 @@ bool isOnUsbDrive(const QString &path)
 // not by way of udev, which no longer knows a drive that was pulled out
 QString mountedUsbDevice()
 {
-    const Table table(::setmntent(s_mountTable, "r"));
-    if (!table) {
-        return {};
-    }
-    while (const mntent *entry = ::getmntent(table.get())) {
+    Table table(s_mountTable);
+    while (const mntent *entry = table.next()) {
         if (qstrcmp(entry->mnt_dir, usbMountPoint) == 0
             && qstrncmp(entry->mnt_fsname, "/dev", 4) == 0) {
             return QFile::decodeName(entry->mnt_fsname);

@@ -16,9 +16,9 @@ namespace Tavro::FieldHost {
 extern const char usbMountPoint[];
 
 /**
- * To be held around calls of MountedUSBDeviceList where several threads make them: two at the same
- * time would read one another's lines of the mount table. DriveAccess and the functions below that
- * call them hold it.
+ * To be held around calls of MountedUSBDeviceList that mount or unmount the drive, and around all
+ * that has to find it as it is: one thread would unmount it beneath another. DriveAccess and the
+ * functions below that call them hold it. Looking at the mount table alone needs no lock.
  */
 QRecursiveMutex &usbDriveMutex();
 

@@ -93,9 +93,11 @@ private:
  * The USB drive is the partition /dev/sda1, which /etc/fstab mounts on /media/usbdrive. Both are
  * fixed. The class has no state: each call inspects the system again.
  *
- * The functions run on the thread of the caller, normally the GUI thread. Do not call them from two
- * threads at the same time: getmntent(3) is not thread-safe. Many block without limit, because
- * they run "mount" and "umount"; each function says so. Nothing is logged.
+ * The functions run on the thread of the caller, normally the GUI thread. Any thread may call those
+ * that only read at any time, isUSBMounted() for example. Do not call one that mounts or unmounts
+ * the drive while another thread is in one of the class: the drive would be unmounted beneath it.
+ * Many block without limit, because they run "mount" and "umount"; each function says so. Nothing
+ * is logged.
  *
  * **If nothing is mounted on /media/usbdrive, the functions that look for mounted partitions mount
  * the drive temporarily to inspect it, and unmount it again.** Each of them says so.

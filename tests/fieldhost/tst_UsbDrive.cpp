@@ -11,6 +11,9 @@
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
+#include <functional>
+#include <thread>
+
 #include <unistd.h>
 
 using namespace Tavro::FieldHost;
@@ -26,6 +29,7 @@ private Q_SLOTS:
 
     void pathsOnTheDrive_data();
     void pathsOnTheDrive();
+    void threadsAskForTheDriveAtTheSameTime();
     void mountingNeedsRootOrALineInFstab_data();
     void mountingNeedsRootOrALineInFstab();
     void rightsToADeviceAreNamed();
@@ -55,6 +59,24 @@ void tst_UsbDrive::pathsOnTheDrive()
 {
     QFETCH(QString, path);
     QTEST(isOnUsbDrive(path), "isOnDrive");
+}
+
+void tst_UsbDrive::threadsAskForTheDriveAtTheSameTime()
+{
+    PrivateMounts::setMountTable(mounted("/dev/sda1", usbMountPoint)
+                                 + mounted("/dev/sdb1", "/media/" + QByteArray(200, 'm')));
+    const auto askOften = [](int &mistakes) {
+        for (int i = 0; i < 4000; ++i) {
+            mistakes += mountedUsbDevice() == QLatin1String("/dev/sda1") ? 0 : 1;
+        }
+    };
+    int mistakes = 0;
+    int mistakesBeside = 0;
+    std::thread beside(askOften, std::ref(mistakesBeside));
+    askOften(mistakes);
+    beside.join();
+    QCOMPARE(mistakes, 0);
+    QCOMPARE(mistakesBeside, 0);
 }
 
 void tst_UsbDrive::mountingNeedsRootOrALineInFstab_data()

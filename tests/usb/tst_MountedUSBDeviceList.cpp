@@ -12,6 +12,9 @@
 #include <QQmlExpression>
 #include <QTemporaryDir>
 
+#include <functional>
+#include <thread>
+
 using namespace Test;
 using Tavro::Shared::findAllItemsWithPrefix;
 using Tavro::Shared::MountedUSBDeviceList;
@@ -51,6 +54,7 @@ private Q_SLOTS:
     void mountedIsWhatTheTableSays_data();
     void mountedIsWhatTheTableSays();
     void withoutATableNothingIsMounted();
+    void threadsReadTheTableAtTheSameTime();
 
     void mountingRunsOneCommand_data();
     void mountingRunsOneCommand();
@@ -190,6 +194,28 @@ void tst_MountedUSBDeviceList::withoutATableNothingIsMounted()
     QVERIFY(QDir().mkdir(QStringLiteral("/etc/mtab")));
     QVERIFY(!MountedUSBDeviceList::isUSBMounted());
     QVERIFY(QDir().rmdir(QStringLiteral("/etc/mtab")));
+}
+
+// a screen asks whether the drive is mounted while a thread looks at its partitions
+void tst_MountedUSBDeviceList::threadsReadTheTableAtTheSameTime()
+{
+    QByteArray table;
+    for (int i = 0; i < 20; ++i) {
+        table += mounted("/dev/loop" + QByteArray::number(i), '/' + QByteArray(10 * i, 'm'));
+    }
+    PrivateMounts::setMountTable(table + theDrive());
+    const auto countMisses = [](int &misses) {
+        for (int i = 0; i < 2000; ++i) {
+            misses += MountedUSBDeviceList::isUSBMounted() ? 0 : 1;
+        }
+    };
+    int misses = 0;
+    int missesBeside = 0;
+    std::thread beside(countMisses, std::ref(missesBeside));
+    countMisses(misses);
+    beside.join();
+    QCOMPARE(misses, 0);
+    QCOMPARE(missesBeside, 0);
 }
 
 void tst_MountedUSBDeviceList::mountingRunsOneCommand_data()

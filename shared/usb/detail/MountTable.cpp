@@ -5,6 +5,7 @@
 
 #include <QFile>
 
+#include <array>
 #include <cstring>
 #include <memory>
 
@@ -18,17 +19,33 @@ const char s_mountTable[] = "/etc/mtab";
 const char s_usbMountPoint[] = "/media/usbdrive";
 const char s_devicePrefix[] = "/dev";
 
-struct MountTableCloser
+// getmntent() has one buffer for all threads
+class MountTable
 {
-    void operator()(std::FILE *table) const { ::endmntent(table); }
+public:
+    MountTable()
+        : m_file(::setmntent(s_mountTable, "r"))
+    {
+    }
+
+    // valid until the next call; null at the end, and when the table cannot be read
+    const mntent *next()
+    {
+        return m_file
+            ? ::getmntent_r(m_file.get(), &m_entry, m_line.data(), static_cast<int>(m_line.size()))
+            : nullptr;
+    }
+
+private:
+    struct Closer
+    {
+        void operator()(std::FILE *file) const { ::endmntent(file); }
+    };
+
+    const std::unique_ptr<std::FILE, Closer> m_file;
+    mntent m_entry{};
+    std::array<char, 4096> m_line{}; // as much as getmntent() reads of one
 };
-
-using MountTable = std::unique_ptr<std::FILE, MountTableCloser>;
-
-MountTable openMountTable()
-{
-    return MountTable(::setmntent(s_mountTable, "r"));
-}
 
 bool startsWith(const char *text, const char *prefix)
 {
@@ -39,11 +56,8 @@ bool startsWith(const char *text, const char *prefix)
 
 bool isUsbDriveInMountTable()
 {
-    const MountTable table = openMountTable();
-    if (!table) {
-        return false;
-    }
-    while (const mntent *entry = ::getmntent(table.get())) {
+    MountTable table;
+    while (const mntent *entry = table.next()) {
         if (std::strcmp(entry->mnt_dir, s_usbMountPoint) == 0
             && startsWith(entry->mnt_fsname, s_devicePrefix)) {
             return true;
@@ -55,11 +69,8 @@ bool isUsbDriveInMountTable()
 QList<mountItem> readMountTable()
 {
     QList<mountItem> items;
-    const MountTable table = openMountTable();
-    if (!table) {
-        return items;
-    }
-    while (const mntent *entry = ::getmntent(table.get())) {
+    MountTable table;
+    while (const mntent *entry = table.next()) {
         mountItem item;
         item.device = QFileInfo(QFile::decodeName(entry->mnt_fsname));
         item.mountPoint = QFileInfo(QFile::decodeName(entry->mnt_dir));
