@@ -228,7 +228,8 @@ int main(int argc, char *argv[])
     // the locale, which on a bare device knows ASCII only.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
     if (qstrcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
-        std::setlocale(LC_CTYPE, "C.UTF-8"); // how wide a letter is on a terminal
+        // how wide a letter is on a terminal; nothing else runs yet
+        std::setlocale(LC_CTYPE, "C.UTF-8"); // NOLINT(concurrency-mt-unsafe)
     }
 
     Translators translators;

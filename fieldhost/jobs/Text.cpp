@@ -5,7 +5,7 @@
 
 #include <QLocale>
 
-#include <cstring>
+#include <system_error>
 
 namespace Tavro::FieldHost {
 
@@ -114,7 +114,7 @@ QString quoted(const QByteArray &path)
 
 QString systemText(int error)
 {
-    return QString::fromLocal8Bit(std::strerror(error));
+    return QString::fromStdString(std::generic_category().message(error));
 }
 
 QString withCause(const QString &clause, int error)
