@@ -33,6 +33,11 @@ Card {
         visible: list.hasLooked && list.drives.length === 0
         text: qsTr("There is no USB drive.")
     }
+    Notice {
+        objectName: "driveWarning"
+        kind: "warning"
+        text: list.warning
+    }
     Repeater {
         model: list.drives
 

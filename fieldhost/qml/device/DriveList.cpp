@@ -3,6 +3,7 @@
 
 #include "fieldhost/qml/device/DriveList.h"
 
+#include "fieldhost/jobs/UsbDrive.h"
 #include "fieldhost/services/Printable.h"
 
 #include <QThread>
@@ -71,6 +72,11 @@ QVariantList DriveList::drives() const
         }
     }
     return rows;
+}
+
+QString DriveList::warning() const
+{
+    return isPulledOut(mountedUsbDevice()) ? pulledOutWhileMounted() : QString();
 }
 
 void DriveList::look()

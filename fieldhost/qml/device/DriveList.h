@@ -20,6 +20,7 @@ class DriveList : public QObject
     Q_PROPERTY(bool isLooking READ isLooking NOTIFY changed)
     Q_PROPERTY(bool hasLooked READ hasLooked NOTIFY changed)
     Q_PROPERTY(bool mounts READ mounts NOTIFY changed)
+    Q_PROPERTY(QString warning READ warning NOTIFY changed)
 
 public:
     /** Looks at once if nothing has to be mounted for it. */
@@ -39,6 +40,8 @@ public:
     bool hasLooked() const { return m_hasLooked; }
     /** Whether look() would mount a drive. */
     bool mounts() const { return surveyMounts(); }
+    /** That the drive was pulled out while it was mounted, and what to do; else empty. */
+    QString warning() const;
 
     /** Has the drives looked at. Does nothing while that is being done. */
     Q_INVOKABLE void look();

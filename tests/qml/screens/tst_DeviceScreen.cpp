@@ -48,6 +48,8 @@ public:
     Q_INVOKABLE void setDirty(bool isDirty) { m_drive->setDirtyByte(isDirty ? 1 : 0); }
     /** Mounts it for longer than a look. */
     Q_INVOKABLE void mount() { m_drive->mount(); }
+    /** Pulls the stick out; what is mounted stays in the mount table. */
+    Q_INVOKABLE void pullWhileMounted() { m_drive->pull(); }
 
     /** Clocks that are not the machine's. */
     Q_INVOKABLE void makeClock()

@@ -121,6 +121,21 @@ Item {
             verify(!texts().some(text => text.includes("mounted for a moment")))
         }
 
+        function test_aDriveThatWasPulledWhileMountedIsToldOf() {
+            needDrives()
+            screenTest.plugIn("fat32")
+            screenTest.mount()
+            look()
+            compare(screenTest.find(root, "driveWarning"), null)
+            screenTest.pullWhileMounted()
+            look()
+            verify(texts().includes("There is no USB drive."))
+            compare(item("driveWarning").text, "The USB drive on \"/media/usbdrive\" was pulled out. "
+                                               + "Unlock it, then plug it in again.")
+            verifyLayoutInAllSizes(root)
+            verifyLayoutInGerman(root)
+        }
+
         function test_clockRuns() {
             tryVerify(() => item("clock").text !== "", patience)
             const first = item("clock").text
