@@ -16,7 +16,7 @@ void fail(const std::string &message)
 {
     std::fflush(stdout);
     std::fprintf(stderr, "%s\n", message.c_str());
-    std::exit(EXIT_FAILURE); // NOLINT(concurrency-mt-unsafe): no other thread calls it
+    std::exit(EXIT_FAILURE);
 }
 
 double now()

@@ -11,10 +11,10 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <limits>
-#include <system_error>
 #include <thread>
 
 #include <fcntl.h>
@@ -93,7 +93,7 @@ double secondsUntilWritten(const std::vector<std::string> &command, long long by
         become(command, ::open("/dev/null", O_WRONLY | O_CLOEXEC));
     }
     if (process < 0) {
-        fail("Cannot run " + command.front() + ": " + std::generic_category().message(errno));
+        fail("Cannot run " + command.front() + ": " + std::strerror(errno));
     }
     while (bytesWrittenBy(process) < bytes) {
         int status = 0;
@@ -137,14 +137,14 @@ void RunningParticipant::start()
 {
     int pipeEnds[2];
     if (::pipe2(pipeEnds, O_CLOEXEC) != 0) {
-        fail(std::string("No pipe: ") + std::generic_category().message(errno));
+        fail(std::string("No pipe: ") + std::strerror(errno));
     }
     m_process = ::fork();
     if (m_process == 0) {
         become(m_command, pipeEnds[1]);
     }
     if (m_process < 0) {
-        fail("Cannot run " + m_command.front() + ": " + std::generic_category().message(errno));
+        fail("Cannot run " + m_command.front() + ": " + std::strerror(errno));
     }
     ::close(pipeEnds[1]);
     m_outputEnd = pipeEnds[0];

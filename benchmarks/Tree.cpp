@@ -8,10 +8,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <random>
-#include <system_error>
 #include <vector>
 
 #include <fcntl.h>
@@ -31,7 +31,7 @@ public:
         : m_fd(::open(path.c_str(), O_RDONLY | O_CLOEXEC))
     {
         if (m_fd < 0) {
-            fail("Cannot open " + path.string() + ": " + std::generic_category().message(errno));
+            fail("Cannot open " + path.string() + ": " + std::strerror(errno));
         }
     }
     Descriptor(const Descriptor &) = delete;
@@ -156,7 +156,7 @@ void evict(const fs::path &file)
     const size_t size = fs::file_size(file);
     void *map = ::mmap(nullptr, size, PROT_READ, MAP_SHARED, descriptor.handle(), 0);
     if (map == MAP_FAILED) {
-        fail("Cannot map " + file.string() + ": " + std::generic_category().message(errno));
+        fail("Cannot map " + file.string() + ": " + std::strerror(errno));
     }
     const size_t pageSize = static_cast<size_t>(::sysconf(_SC_PAGESIZE));
     std::vector<unsigned char> pages((size + pageSize - 1) / pageSize);
