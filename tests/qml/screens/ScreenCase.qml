@@ -44,8 +44,21 @@ TestCase {
         touchEvent(target).release(0, target).commit()
     }
 
+    // layouts and positioners move what is in them before a frame, not when something changes
+    function waitUntilPlaced(target) {
+        tryVerify(function() {
+            for (let ancestor = target; ancestor; ancestor = ancestor.parent) {
+                if (isPolishScheduled(ancestor)) {
+                    return false
+                }
+            }
+            return true
+        }, patience)
+    }
+
     // scrolls the page that it is on, as a user would
     function bringIntoView(target) {
+        waitUntilPlaced(target)
         for (let ancestor = target; ancestor; ancestor = ancestor.parent) {
             if (ancestor.reveal) {
                 ancestor.reveal(target)

@@ -54,7 +54,6 @@ Item {
         // opens a list by touch and takes the entry of that text
         function choose(objectName, text) {
             const choice = item(objectName)
-            waitForRendering(root, 100) // the layout may still settle
             bringIntoView(choice.box)
             touchEvent(choice.box).press(0, choice.box).commit()
             touchEvent(choice.box).release(0, choice.box).commit()
@@ -68,6 +67,7 @@ Item {
                 delegate = list.itemAtIndex(entry)
                 return delegate !== null
             }, patience)
+            waitUntilPlaced(delegate)
             mouseClick(delegate)
             tryVerify(() => !choice.box.popup.visible, patience)
             compare(choice.displayText, text)
