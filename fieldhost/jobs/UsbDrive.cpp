@@ -33,49 +33,36 @@ const char s_device[] = "/dev/sda1";
 const char s_fstab[] = "/etc/fstab";
 const char s_mountTable[] = "/etc/mtab";
 
-// The screens ask while a thread looks at a drive, and getmntent() has one buffer for all threads.
-class Table
+struct TableCloser
 {
-public:
-    explicit Table(const char *path)
-        : m_file(::setmntent(path, "r"))
-    {
-    }
-
-    // valid until the next call; null at the end, and when the table cannot be read
-    const mntent *next()
-    {
-        return m_file
-            ? ::getmntent_r(m_file.get(), &m_entry, m_line.data(), static_cast<int>(m_line.size()))
-            : nullptr;
-    }
-
-private:
-    struct Closer
-    {
-        void operator()(std::FILE *file) const { ::endmntent(file); }
-    };
-
-    const std::unique_ptr<std::FILE, Closer> m_file;
-    mntent m_entry{};
-    std::array<char, 4096> m_line{};
+    void operator()(std::FILE *table) const { ::endmntent(table); }
 };
+
+// Looks for an entry in a table of mounts. Screens ask while a thread looks at a drive, and
+// getmntent() has one buffer for all threads.
+template<typename Wanted> bool findEntry(const char *path, const Wanted &isWanted)
+{
+    const std::unique_ptr<std::FILE, TableCloser> table(::setmntent(path, "r"));
+    mntent entry = {};
+    std::array<char, 4096> line = {};
+    while (table
+           && ::getmntent_r(table.get(), &entry, line.data(), static_cast<int>(line.size()))) {
+        if (isWanted(entry)) {
+            return true;
+        }
+    }
+    return false;
+}
 
 // whether /etc/fstab lets others than root mount the drive
 bool mayAnybodyMount()
 {
-    Table table(s_fstab);
-    while (const mntent *entry = table.next()) {
-        if (qstrcmp(entry->mnt_fsname, s_device) != 0) {
-            continue;
-        }
-        for (const char *option : {"user", "users", "owner", "group"}) {
-            if (::hasmntopt(entry, option)) {
-                return true;
-            }
-        }
-    }
-    return false;
+    static constexpr const char *options[] = {"user", "users", "owner", "group"};
+    return findEntry(s_fstab, [](const mntent &entry) {
+        return qstrcmp(entry.mnt_fsname, s_device) == 0
+            && std::any_of(std::begin(options), std::end(options),
+                           [&](const char *option) { return ::hasmntopt(&entry, option); });
+    });
 }
 
 QString missingRight(const QString &device, int mode, const QString &needsRoot,
@@ -107,14 +94,16 @@ bool isOnUsbDrive(const QString &path)
 // not by way of udev, which no longer knows a drive that was pulled out
 QString mountedUsbDevice()
 {
-    Table table(s_mountTable);
-    while (const mntent *entry = table.next()) {
-        if (qstrcmp(entry->mnt_dir, usbMountPoint) == 0
-            && qstrncmp(entry->mnt_fsname, "/dev", 4) == 0) {
-            return QFile::decodeName(entry->mnt_fsname);
+    QString device;
+    findEntry(s_mountTable, [&](const mntent &entry) {
+        const bool isDrive = qstrcmp(entry.mnt_dir, usbMountPoint) == 0
+            && qstrncmp(entry.mnt_fsname, "/dev", 4) == 0;
+        if (isDrive) {
+            device = QFile::decodeName(entry.mnt_fsname);
         }
-    }
-    return {};
+        return isDrive;
+    });
+    return device;
 }
 
 bool isPulledOut(const QString &device)
@@ -124,7 +113,8 @@ bool isPulledOut(const QString &device)
 
 QString pulledOutWhileMounted()
 {
-    return JobText::tr("The USB drive on %1 was pulled out. Unlock it, then plug it in again.")
+    return JobText::tr("The USB drive on %1 was pulled out. Run \"ovo-fieldhost usb unlock\", then "
+                       "plug it in again.")
         .arg(quoted(QString::fromLatin1(usbMountPoint)));
 }
 

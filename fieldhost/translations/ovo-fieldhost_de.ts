@@ -3247,8 +3247,8 @@ Ein Abbruch löscht die Verzeichnisse einer Kopie mit allem, was darin ist. Dahe
         <translation>%1 Pipes, Sockets oder Geräte</translation>
     </message>
     <message>
-        <source>The USB drive on %1 was pulled out. Unlock it, then plug it in again.</source>
-        <translation>Das USB-Laufwerk in %1 wurde abgezogen. Bitte aushängen und dann wieder einstecken.</translation>
+        <source>The USB drive on %1 was pulled out. Run &quot;ovo-fieldhost usb unlock&quot;, then plug it in again.</source>
+        <translation>Das USB-Laufwerk in %1 wurde abgezogen. Bitte &quot;ovo-fieldhost usb unlock&quot; ausführen und es dann wieder einstecken.</translation>
     </message>
     <message>
         <source>The USB drive was pulled out while it was mounted. It is unmounted now, but what was written last may be missing, and a FAT volume is still marked as in use. Plug it in again and check it, or lock and unlock it, which marks it clean.</source>

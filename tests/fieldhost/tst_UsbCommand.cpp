@@ -409,8 +409,9 @@ void tst_UsbCommand::lockAndListSayThatTheDriveWasPulled()
     TestDrive drive;
     drive.mount();
     drive.pull();
-    const QString sentence = QStringLiteral(
-        "The USB drive on \"/media/usbdrive\" was pulled out. Unlock it, then plug it in again.\n");
+    const QString sentence =
+        QStringLiteral("The USB drive on \"/media/usbdrive\" was pulled out. Run "
+                       "\"ovo-fieldhost usb unlock\", then plug it in again.\n");
     Outcome outcome = usb(QStringLiteral("lock /media/usbdrive"));
     QCOMPARE(outcome.exitCode, int(Failed));
     QCOMPARE(outcome.errors, sentence);

@@ -131,7 +131,8 @@ Item {
             look()
             verify(texts().includes("There is no USB drive."))
             compare(item("driveWarning").text, "The USB drive on \"/media/usbdrive\" was pulled out. "
-                                               + "Unlock it, then plug it in again.")
+                                               + "Run \"ovo-fieldhost usb unlock\", then plug it "
+                                               + "in again.")
             verifyLayoutInAllSizes(root)
             verifyLayoutInGerman(root)
         }
